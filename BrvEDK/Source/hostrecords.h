@@ -1,0 +1,102 @@
+// Records that host and extension hand to each other by pointer. Their layout is the host's: packed to two bytes, in the
+// byte order of the machine. Members named hostData are the host's own; an extension leaves them as they are.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "hosttypes.h"
+
+// One UTF-16 unit. All text for people crosses the interface as units in the machine's byte order, ended by a 0 unit.
+typedef unsigned short UniChar;
+
+#pragma pack(push, 2)
+
+// The region of the score that the user selected, ends included.
+struct EREGION {
+  std::uint16_t regionScope;   // handed to BX_LoadTGF as it is
+  std::int16_t startStaff;     // first staff, from 1
+  std::int16_t startMeasure;   // first measure, from 1
+  std::int32_t startPosition;  // first position inside the first measure
+  std::uint16_t hostData;
+  std::int16_t endStaff;      // last staff, included
+  std::int16_t endMeasure;    // last measure, included
+  std::int32_t endPosition;   // last position inside the last measure, included
+};
+static_assert(sizeof(EREGION) == 20);
+static_assert(offsetof(EREGION, startStaff) == 2);
+static_assert(offsetof(EREGION, startMeasure) == 4);
+static_assert(offsetof(EREGION, startPosition) == 6);
+static_assert(offsetof(EREGION, hostData) == 10);
+static_assert(offsetof(EREGION, endStaff) == 12);
+static_assert(offsetof(EREGION, endMeasure) == 14);
+static_assert(offsetof(EREGION, endPosition) == 16);
+
+// The three texts of a menu item, each ended by a 0 unit, filled by BrevixExtensionEnumerate_UTF16.
+struct MenuItemTexts {
+  static constexpr int kUnits = 128;
+  UniChar text1[kUnits];
+  UniChar text2[kUnits];
+  UniChar text3[kUnits];
+  std::uint32_t reserved;  // always 0
+};
+static_assert(sizeof(MenuItemTexts) == 772);
+static_assert(offsetof(MenuItemTexts, text2) == 256);
+static_assert(offsetof(MenuItemTexts, text3) == 512);
+static_assert(offsetof(MenuItemTexts, reserved) == 768);
+
+// One note of an entry.
+struct EXNOTE {
+  std::uint8_t hostData[4];
+  std::uint16_t noteID;  // never 0, and unique within the entry
+  std::uint16_t hostWord;
+  std::uint16_t noteWord;  // bits 0 to 4: the low bits of noteID; bit 15: the placeholder that the kit gives a rest
+};
+static_assert(sizeof(EXNOTE) == 10);
+static_assert(offsetof(EXNOTE, noteID) == 4);
+static_assert(offsetof(EXNOTE, hostWord) == 6);
+static_assert(offsetof(EXNOTE, noteWord) == 8);
+
+// One note, chord or rest.
+struct EXENTRY {
+  static constexpr int kMaxNotes = 12;
+  std::uint8_t hostHead[8];
+  std::uint8_t entryFlags[4];
+  std::uint16_t flags;      // bit 0x40: no ledger lines
+  std::int16_t noteCount;   // 0 is a rest
+  EXNOTE notes[kMaxNotes];  // those from noteCount on are unused
+  std::int32_t position;    // within the measure
+  std::uint8_t hostTail[6];
+};
+static_assert(sizeof(EXENTRY) == 146);
+static_assert(offsetof(EXENTRY, entryFlags) == 8);
+static_assert(offsetof(EXENTRY, flags) == 12);
+static_assert(offsetof(EXENTRY, noteCount) == 14);
+static_assert(offsetof(EXENTRY, notes) == 16);
+static_assert(offsetof(EXENTRY, position) == 136);
+
+// The contents of one measure of one staff in one layer. The host owns it from BX_LoadTGF to BX_FreeTGF.
+struct EXTGF2005a {
+  std::uint8_t hostData[14];
+  EXENTRY* entries;         // entryCount records, one after the other, in ascending order of position
+  std::int16_t entryCount;  // 0 or less: none
+};
+static_assert(sizeof(EXTGF2005a) == 24);
+static_assert(offsetof(EXTGF2005a, entries) == 14);
+static_assert(offsetof(EXTGF2005a, entryCount) == 22);
+
+// The key of a document record.
+struct EDataKey {
+  std::uint16_t recordNumber;
+  std::uint16_t recordIndex;
+};
+static_assert(sizeof(EDataKey) == 4);
+static_assert(offsetof(EDataKey, recordIndex) == 2);
+
+#pragma pack(pop)
+
+// The record number of a record that belongs to the document as a whole.
+inline constexpr std::uint16_t kDocumentRecord = 0xFFFE;
+
+// The bit of EXENTRY::flags that hides the entry's ledger lines.
+inline constexpr std::uint16_t kNoLegerLines = 0x40;

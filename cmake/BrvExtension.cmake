@@ -1,0 +1,1 @@
+# brv_add_extension: makes an extension's bundle. Filled in with the shell.
