@@ -1,0 +1,7 @@
+#include <cassert>
+
+#include "brvassert.h"
+
+void BrvAssertFailed(const char* function, const char* file, int line, const char* expression) {
+  __assert_fail(expression, file, static_cast<unsigned>(line), function);
+}

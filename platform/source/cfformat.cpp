@@ -1,0 +1,227 @@
+#include "cfformat.h"
+
+#include <CoreFoundation/CoreFoundation.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+#include "cfobject.h"
+#include "cfstring.h"
+#include "formatspec.h"
+#include "textencoding.h"
+
+namespace brvplatform {
+namespace {
+
+union Argument {
+  int asInt;
+  long asLong;
+  double asDouble;
+  long double asLongDouble;
+  const void* asPointer;
+};
+
+// The arguments in their order: each is read once, with the type that its conversion gives it.
+class Arguments {
+ public:
+  Arguments(const std::vector<FormatPiece>& pieces, va_list list) {
+    for (const FormatPiece& piece : pieces) {
+      if (!piece.spec) continue;
+      Expect(piece.spec->width);
+      Expect(piece.spec->precision);
+      Expect(piece.spec->argument, piece.spec->type);
+    }
+    for (const ArgumentType type : types_) values_.push_back(Read(type, list));
+  }
+
+  const Argument& operator[](int index) const { return values_[static_cast<std::size_t>(index)]; }
+
+ private:
+  // Positions beyond these stand in no sensible format; reading so far would leave the caller's arguments.
+  static constexpr int kMostArguments = 128;
+
+  void Expect(const FormatNumber& number) {
+    if (number.kind == FormatNumber::kArgument) Expect(number.value, ArgumentType::kInt);
+  }
+
+  void Expect(int index, ArgumentType type) {
+    if (index >= kMostArguments) return;
+    const auto at = static_cast<std::size_t>(index);
+    if (types_.size() <= at) types_.resize(at + 1, ArgumentType::kInt);
+    types_[at] = type;
+  }
+
+  static Argument Read(ArgumentType type, va_list list) {
+    Argument argument{};
+    switch (type) {
+      case ArgumentType::kNone:
+      case ArgumentType::kInt:
+        argument.asInt = va_arg(list, int);
+        break;
+      case ArgumentType::kLong:
+        argument.asLong = va_arg(list, long);
+        break;
+      case ArgumentType::kDouble:
+        argument.asDouble = va_arg(list, double);
+        break;
+      case ArgumentType::kLongDouble:
+        argument.asLongDouble = va_arg(list, long double);
+        break;
+      case ArgumentType::kCString:
+      case ArgumentType::kUnits:
+      case ArgumentType::kObject:
+      case ArgumentType::kPointer:
+        argument.asPointer = va_arg(list, const void*);
+        break;
+    }
+    return argument;
+  }
+
+  std::vector<ArgumentType> types_;
+  std::vector<Argument> values_;
+};
+
+std::u16string Widen(const std::string& text) {
+  return {text.begin(), text.end()};
+}
+
+class Formatter {
+ public:
+  Formatter(const FormatSpec& spec, const Arguments& arguments)
+      : spec_(spec), value_(arguments[spec.argument]), width_(Resolve(spec.width, arguments)) {
+    precision_ = Resolve(spec.precision, arguments);
+    hasPrecision_ = spec.precision.kind != FormatNumber::kNone && precision_ >= 0;
+    left_ = spec.flags.find('-') != std::string::npos;
+    if (width_ < 0) {
+      left_ = true;
+      width_ = -width_;
+    }
+  }
+
+  std::u16string Text() const {
+    switch (spec_.type) {
+      case ArgumentType::kInt:
+        if (spec_.conversion == 'c') return Character(static_cast<unsigned char>(value_.asInt));
+        if (spec_.conversion == 'C') return Padded(std::u16string(1, static_cast<char16_t>(value_.asInt)));
+        return Number(value_.asInt);
+      case ArgumentType::kLong:
+        return Number(value_.asLong);
+      case ArgumentType::kDouble:
+        return Number(value_.asDouble);
+      case ArgumentType::kLongDouble:
+        return Number(value_.asLongDouble);
+      case ArgumentType::kCString:
+        return CString(static_cast<const char*>(value_.asPointer));
+      case ArgumentType::kUnits:
+        return Units(static_cast<const char16_t*>(value_.asPointer));
+      case ArgumentType::kObject:
+        return Padded(Clipped(value_.asPointer == nullptr ? u"(null)" : ObjectOf(value_.asPointer).Description()));
+      case ArgumentType::kPointer:
+        return spec_.conversion == 'p' ? Pointer() : std::u16string();
+      case ArgumentType::kNone:
+        break;
+    }
+    return {};
+  }
+
+ private:
+  static int Resolve(const FormatNumber& number, const Arguments& arguments) {
+    return number.kind == FormatNumber::kArgument ? arguments[number.value].asInt : number.value;
+  }
+
+  std::u16string Clipped(std::u16string text) const {
+    if (hasPrecision_) text.resize(std::min(text.size(), static_cast<std::size_t>(precision_)));
+    return text;
+  }
+
+  std::u16string Padded(std::u16string text) const {
+    const std::size_t width = static_cast<std::size_t>(width_);
+    if (text.size() >= width) return text;
+    const std::u16string blanks(width - text.size(), u' ');
+    return left_ ? text + blanks : blanks + text;
+  }
+
+  std::u16string Character(unsigned char byte) const {
+    const char text[] = {static_cast<char>(byte), '\0'};
+    return Padded(Decode(std::string_view(text, 1), kCFStringEncodingMacRoman).value_or(u""));
+  }
+
+  // Precision counts bytes, width units.
+  std::u16string CString(const char* text) const {
+    if (text == nullptr) return Padded(Clipped(u"(null)"));
+    std::size_t length = 0;
+    while ((!hasPrecision_ || length < static_cast<std::size_t>(precision_)) && text[length] != '\0') ++length;
+    return Padded(Decode({text, length}, kCFStringEncodingMacRoman).value_or(u""));
+  }
+
+  std::u16string Units(const char16_t* text) const {
+    if (text == nullptr) return Padded(Clipped(u"(null)"));
+    std::size_t length = 0;
+    while ((!hasPrecision_ || length < static_cast<std::size_t>(precision_)) && text[length] != 0) ++length;
+    return Padded(std::u16string(text, length));
+  }
+
+  // printf itself writes the numbers. "D", "U" and "O" are the old names of "ld", "lu" and "lo".
+  template <class Value>
+  std::u16string Number(Value value) const {
+    std::string length = spec_.length == "q" ? "ll" : spec_.length;
+    char conversion = spec_.conversion;
+    if (conversion == 'D' || conversion == 'U' || conversion == 'O') {
+      conversion = static_cast<char>(conversion - 'A' + 'a');
+      length = "l";
+    }
+    return Printed(length + conversion, value);
+  }
+
+  std::u16string Pointer() const { return Printed("p", value_.asPointer); }
+
+  template <class Value>
+  std::u16string Printed(const std::string& conversion, Value value) const {
+    std::string format = "%" + spec_.flags + (left_ ? "-" : "") + "*";
+    if (hasPrecision_) format += "." + std::to_string(precision_);
+    format += conversion;
+    const int size = std::snprintf(nullptr, 0, format.c_str(), width_, value);
+    if (size < 0) return {};
+    std::string text(static_cast<std::size_t>(size) + 1, '\0');
+    std::snprintf(text.data(), text.size(), format.c_str(), width_, value);
+    text.pop_back();
+    return Widen(text);
+  }
+
+  const FormatSpec& spec_;
+  const Argument& value_;
+  int width_ = 0;
+  int precision_ = 0;
+  bool hasPrecision_ = false;
+  bool left_ = false;
+};
+
+}  // namespace
+
+std::u16string Format(std::u16string_view format, va_list arguments) {
+  const std::vector<FormatPiece> pieces = ParseFormat(format);
+  const Arguments values(pieces, arguments);
+  std::u16string text;
+  for (const FormatPiece& piece : pieces) {
+    text += piece.spec ? Formatter(*piece.spec, values).Text() : piece.text;
+  }
+  return text;
+}
+
+}  // namespace brvplatform
+
+using namespace brvplatform;
+
+CFStringRef CFStringCreateWithFormatAndArguments(CFAllocatorRef, CFDictionaryRef, CFStringRef format,
+                                                 va_list arguments) {
+  return NewString(Format(UnitsOf(format), arguments));
+}
+
+CFStringRef CFStringCreateWithFormat(CFAllocatorRef allocator, CFDictionaryRef formatOptions, CFStringRef format, ...) {
+  va_list arguments;
+  va_start(arguments, format);
+  const CFStringRef string = CFStringCreateWithFormatAndArguments(allocator, formatOptions, format, arguments);
+  va_end(arguments);
+  return string;
+}

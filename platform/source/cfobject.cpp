@@ -1,0 +1,30 @@
+#include "cfobject.h"
+
+#include <cstdio>
+
+#include "cfstring.h"
+#include "textencoding.h"
+
+using namespace brvplatform;
+
+CFTypeRef CFRetain(CFTypeRef object) {
+  ObjectOf(object).Retain();
+  return object;
+}
+
+void CFRelease(CFTypeRef object) {
+  ObjectOf(object).Release();
+}
+
+CFTypeID CFGetTypeID(CFTypeRef object) {
+  return ObjectOf(object).TypeID();
+}
+
+Boolean CFEqual(CFTypeRef a, CFTypeRef b) {
+  return a == b || ObjectOf(a).Equals(ObjectOf(b));
+}
+
+void CFShow(CFTypeRef object) {
+  const std::string text = object == nullptr ? "(null)" : Encode(ObjectOf(object).Description(), kCFStringEncodingUTF8);
+  std::fprintf(stderr, "%s\n", text.c_str());
+}

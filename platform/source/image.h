@@ -1,0 +1,30 @@
+// A loaded executable, and the functions in it.
+#pragma once
+
+#include <filesystem>
+
+namespace brvplatform {
+
+class Image {
+ public:
+  Image() = default;
+  // The main program, with what it was linked with.
+  static Image MainProgram();
+  // The shared object of that path, loaded for itself alone; not open if it cannot be loaded.
+  static Image Load(const std::filesystem::path& path);
+
+  bool IsOpen() const { return handle_ != nullptr; }
+
+  // A function of the image itself, never one of another image that it was linked with: an extension and its host both
+  // have functions of the same names, and one that asked for the host's would find its own and call it for ever.
+  void* Function(const char* name) const;
+
+ private:
+  explicit Image(void* handle) : handle_(handle) {}
+
+  // Executables stay loaded for the life of the process, as the system's do: a function pointer must not outlive its
+  // code.
+  void* handle_ = nullptr;
+};
+
+}  // namespace brvplatform

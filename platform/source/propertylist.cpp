@@ -1,0 +1,84 @@
+#include "propertylist.h"
+
+#include <plist/plist.h>
+
+#include <cstring>
+#include <memory>
+
+#include "cfstring.h"
+#include "oldstyleplist.h"
+#include "propertyvalue.h"
+#include "textencoding.h"
+#include "utf.h"
+
+namespace brvplatform {
+namespace {
+
+using Node = std::unique_ptr<void, decltype([](plist_t node) { plist_free(node); })>;
+
+Owned<CFTypeRef> ValueOf(plist_t node) {
+  if (plist_get_node_type(node) != PLIST_STRING) return NewOtherValue();
+  std::uint64_t length = 0;
+  const char* text = plist_get_string_ptr(node, &length);
+  std::optional<std::u16string> units = DecodeUtf8({text, length});
+  return units ? Owned<CFTypeRef>(NewString(std::move(*units))) : NewOtherValue();
+}
+
+std::optional<Dictionary> DictionaryOf(plist_t root) {
+  if (root == nullptr || plist_get_node_type(root) != PLIST_DICT) return std::nullopt;
+  Dictionary dictionary;
+  plist_dict_iter iterator = nullptr;
+  plist_dict_new_iter(root, &iterator);
+  while (true) {
+    char* key = nullptr;
+    plist_t value = nullptr;
+    plist_dict_next_item(root, iterator, &key, &value);
+    if (key == nullptr) break;
+    if (std::optional<std::u16string> units = DecodeUtf8(key)) dictionary[std::move(*units)] = ValueOf(value);
+    std::free(key);
+  }
+  std::free(iterator);
+  return dictionary;
+}
+
+std::optional<Dictionary> ParseBinary(std::string_view bytes) {
+  plist_t root = nullptr;
+  plist_from_bin(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
+  const Node owner(root);
+  return DictionaryOf(root);
+}
+
+std::optional<Dictionary> ParseXml(const std::string& utf8) {
+  plist_t root = nullptr;
+  plist_from_xml(utf8.data(), static_cast<std::uint32_t>(utf8.size()), &root);
+  const Node owner(root);
+  return DictionaryOf(root);
+}
+
+// The text of a file: by its byte order mark, else UTF-8.
+std::optional<std::u16string> TextOf(std::string_view bytes) {
+  using namespace std::string_view_literals;
+  if (bytes.starts_with("\xFF\xFE\0\0"sv)) return DecodeUtf32(bytes.substr(4), false);
+  if (bytes.starts_with("\0\0\xFE\xFF"sv)) return DecodeUtf32(bytes.substr(4), true);
+  if (bytes.starts_with("\xFE\xFF"sv) || bytes.starts_with("\xFF\xFE"sv)) return DecodeUtf16(bytes);
+  return DecodeUtf8(bytes);
+}
+
+bool IsXml(std::u16string_view text) {
+  const std::size_t first = text.find_first_not_of(u" \t\r\n");
+  return first != text.npos && text.substr(first, 1) == u"<" &&
+         (text.substr(first).starts_with(u"<?xml") || text.substr(first).starts_with(u"<!DOCTYPE") ||
+          text.substr(first).starts_with(u"<plist"));
+}
+
+}  // namespace
+
+std::optional<Dictionary> ParsePropertyList(std::string_view bytes) {
+  if (bytes.starts_with("bplist")) return ParseBinary(bytes);
+  const std::optional<std::u16string> text = TextOf(bytes);
+  if (!text) return std::nullopt;
+  if (IsXml(*text)) return ParseXml(Encode(*text, kCFStringEncodingUTF8));
+  return ParseOldStyle(*text);
+}
+
+}  // namespace brvplatform

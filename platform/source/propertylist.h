@@ -1,0 +1,22 @@
+// Property lists: the dictionaries of Info.plist and .strings files, in each form that the system reads.
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "cfobject.h"
+
+namespace brvplatform {
+
+// The top level of a property list. Values that are no strings are kept as objects without a use.
+using Dictionary = std::map<std::u16string, Owned<CFTypeRef>>;
+
+// The dictionary in the bytes of a file: XML, binary, or the old text form with or without braces. Nothing, if the file
+// is broken anywhere: a list is read whole or not at all.
+std::optional<Dictionary> ParsePropertyList(std::string_view bytes);
+
+}  // namespace brvplatform

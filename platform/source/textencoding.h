@@ -1,0 +1,29 @@
+// Text encodings: from bytes to UTF-16 units and back.
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace brvplatform {
+
+// The text of the bytes, or nothing if they are not text of that encoding, or the encoding is not known.
+std::optional<std::u16string> Decode(std::string_view bytes, CFStringEncoding encoding);
+
+struct Encoded {
+  std::string bytes;
+  std::size_t units = 0;  // how much of the text the bytes hold
+};
+
+// Encodes as much of the text as fits into room bytes, whole characters only, with lossByte in place of each character
+// that the encoding cannot hold. A lossByte of 0 ends the conversion there.
+Encoded EncodeInto(std::u16string_view text, CFStringEncoding encoding, unsigned char lossByte, std::size_t room);
+
+// The whole text, with '?' for what the encoding cannot hold.
+std::string Encode(std::u16string_view text, CFStringEncoding encoding);
+
+CFIndex MaximumBytesPerUnit(CFStringEncoding encoding);
+
+}  // namespace brvplatform

@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Installs what building and testing need and what is not there yet, from the distribution's packages.
+# Debian 12, Ubuntu 22.04 or later; as root, or with sudo.
+set -euo pipefail
+
+packages=(
+  cmake ninja-build g++ clang pkg-config binutils git python3
+  libgtest-dev libgmock-dev libbenchmark-dev librapidcheck-dev
+  libexpat1-dev libzip-dev libcli11-dev libfmt-dev libplist-dev libicu-dev
+)
+
+missing=()
+for package in "${packages[@]}"; do
+  status=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
+  [ "$status" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+  command -v sudo >/dev/null || { echo "install-dependencies: needs root or sudo to install: ${missing[*]}" >&2; exit 1; }
+  as_root=(sudo)
+fi
+echo "Installing: ${missing[*]}"
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+export DEBIAN_FRONTEND=noninteractive
+if ! { "${as_root[@]}" apt-get update -q &&
+       "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+  cat "$log" >&2
+  echo "install-dependencies: could not install: ${missing[*]}" >&2
+  exit 1
+fi

@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds everything, and runs every test: the bridge as clang++ compiles it, then all of it under
+# the sanitizers, then all of it as it is shipped.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/install-dependencies.sh
+
+# The commands of one preset; $1 is its name, the rest are arguments of the build.
+build_and_test() {
+  local preset=$1
+  shift
+  echo "== $preset"
+  cmake --preset "$preset" >/dev/null
+  cmake --build --preset "$preset" -j "$(nproc)" "$@"
+  ctest --preset "$preset" -j "$(nproc)"
+}
+
+build_and_test clang --target bridge-tests
+build_and_test asan
+build_and_test release

@@ -1,0 +1,137 @@
+// The bundle calls answer as the macOS library does.
+#include <CoreFoundation/CoreFoundation.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <regex>
+#include <set>
+
+#include "tests/support/shared.h"
+#include "vectors.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+CFBundleRef OpenBundle(const fs::path& path, bool isDirectory = true) {
+  const std::string text = path.native();
+  const CFURLRef url = CFURLCreateFromFileSystemRepresentation(
+      kCFAllocatorDefault, reinterpret_cast<const UInt8*>(text.data()), static_cast<CFIndex>(text.size()), isDirectory);
+  if (url == nullptr) return nullptr;
+  const CFBundleRef bundle = CFBundleCreate(kCFAllocatorDefault, url);
+  CFRelease(url);
+  return bundle;
+}
+
+// "-" is English; "("de-AT",en)" a list.
+void SetLanguages(std::string list) {
+  if (list == "-") list = "en";
+  list = std::regex_replace(list, std::regex("[()\" ]"), "");
+  setenv("LANGUAGE", std::regex_replace(list, std::regex(","), ":").c_str(), 1);
+}
+
+std::string Utf8(CFTypeRef string) {
+  if (string == nullptr) return "NULL";
+  if (CFGetTypeID(string) != CFStringGetTypeID()) return "(not a string)";
+  char buffer[1024];
+  EXPECT_TRUE(CFStringGetCString(static_cast<CFStringRef>(string), buffer, sizeof(buffer), kCFStringEncodingUTF8));
+  return '"' + std::string(buffer) + '"';
+}
+
+CFStringRef MakeUtf8(const std::string& text) {
+  return CFStringCreateWithCString(kCFAllocatorDefault, text.c_str(), kCFStringEncodingUTF8);
+}
+
+// The rows that stay unmatched, each with its reason beside it: the number of a line, then text.
+std::set<int> KnownDifferences(const char* table) {
+  std::ifstream file(fs::path(BRV_SOURCE_DIR) / "tests/platform/known-differences" / table);
+  std::set<int> lines;
+  for (std::string line; std::getline(file, line);) {
+    if (!line.empty() && line[0] != '#') lines.insert(std::stoi(line));
+  }
+  return lines;
+}
+
+// Compares a row, and sees to it that the list of known differences can only shrink.
+void ExpectRow(const std::set<int>& known, const VectorRow& row, const std::string& got, const std::string& expected) {
+  if (known.contains(row.line)) {
+    EXPECT_NE(got, expected) << "line " << row.line << " matches now: take it off the list of known differences";
+    return;
+  }
+  EXPECT_EQ(got, expected) << "line " << row.line << ", " << row.columns[0];
+}
+
+TEST(BundleVectors, Create) {
+  const fs::path table = VectorFolder() / "bundles.tsv";
+  SKIP_WITHOUT(table);
+  const fs::path before = fs::current_path();
+  fs::current_path(VectorFolder() / "bundle-cases");
+  for (const VectorRow& row : ReadVectors(table)) {
+    SCOPED_TRACE(row.columns[0]);
+    // The copy of the cases may have lost its symbolic links.
+    const bool isLink = row.columns[0] == "symlink" || row.columns[0] == "dangling";
+    if (isLink && !fs::is_symlink(row.columns[2])) continue;
+    // The row was taken from a folder beside the cases.
+    const std::string path = std::regex_replace(row.columns[2], std::regex("^./../bundle-cases/"), "./");
+    const CFBundleRef bundle = OpenBundle(path, row.columns[3] == "dir");
+    EXPECT_EQ(bundle != nullptr, row.columns[4] == "nonnull");
+    if (bundle == nullptr) continue;
+    const std::string executable = Utf8(CFBundleGetValueForInfoDictionaryKey(bundle, kCFBundleExecutableKey));
+    EXPECT_EQ(executable == "NULL" ? "null" : "nonnull " + executable, row.columns[5]);
+    const CFStringRef key = CFSTR("CFBundleIdentifier");
+    EXPECT_EQ(Utf8(CFBundleGetValueForInfoDictionaryKey(bundle, key)), row.columns[6]);
+    CFRelease(bundle);
+  }
+  fs::current_path(before);
+}
+
+TEST(BundleVectors, CopyLocalizedString) {
+  const fs::path table = VectorFolder() / "strings.tsv";
+  SKIP_WITHOUT(table);
+  const std::set<int> known = KnownDifferences("strings.txt");
+  for (const VectorRow& row : ReadVectors(table)) {
+    SetLanguages(row.columns[3]);
+    const CFBundleRef bundle = OpenBundle(VectorFolder() / "strings-cases" / (row.columns[0] + ".bundle"));
+    ASSERT_NE(bundle, nullptr) << row.columns[0];
+    const CFStringRef key = MakeString(UnitsFromHex(row.columns[1]));
+    const CFStringRef tableName = row.columns[4] == "NULL" ? nullptr : MakeUtf8(row.columns[4]);
+    CFStringRef value = nullptr;
+    if (row.columns[5] == "value=key") value = static_cast<CFStringRef>(CFRetain(key));
+    if (row.columns[5] == "valueEmpty") value = MakeUtf8("");
+    if (row.columns[5] == "valueOther") value = MakeUtf8("DEFAULT");
+    ExpectRow(known, row, TakeHex(CFBundleCopyLocalizedString(bundle, key, value, tableName)), row.columns[2]);
+    for (const CFTypeRef object : {CFTypeRef{key}, CFTypeRef{value}, CFTypeRef{tableName}, CFTypeRef{bundle}}) {
+      if (object != nullptr) CFRelease(object);
+    }
+  }
+}
+
+TEST(BundleVectors, CopyResourceURL) {
+  const fs::path table = VectorFolder() / "resources.tsv";
+  SKIP_WITHOUT(table);
+  const std::set<int> known = KnownDifferences("resources.txt");
+  const auto optional = [](const std::string& text) { return text == "NULL" ? nullptr : MakeUtf8(text); };
+  for (const VectorRow& row : ReadVectors(table)) {
+    SetLanguages(row.columns[1]);
+    const fs::path folder = VectorFolder() / "strings-cases" / (row.columns[0] + ".bundle");
+    const CFBundleRef bundle = OpenBundle(folder);
+    ASSERT_NE(bundle, nullptr) << row.columns[0];
+    const CFStringRef names[] = {optional(row.columns[2]), optional(row.columns[3]), optional(row.columns[4])};
+    const CFURLRef url = CFBundleCopyResourceURL(bundle, names[0], names[1], names[2]);
+    std::string got = "not found";
+    if (url != nullptr) {
+      UInt8 path[4096];
+      EXPECT_TRUE(CFURLGetFileSystemRepresentation(url, true, path, sizeof(path)));
+      got = fs::relative(reinterpret_cast<const char*>(path), folder);
+      CFRelease(url);
+    }
+    ExpectRow(known, row, got, row.columns[5] == "found" ? row.columns[6] : "not found");
+    for (const CFStringRef name : names) {
+      if (name != nullptr) CFRelease(name);
+    }
+    CFRelease(bundle);
+  }
+}
+
+}  // namespace
