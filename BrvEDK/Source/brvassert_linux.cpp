@@ -1,3 +1,5 @@
+// The system declares its reporter only where assertions are on.
+#undef NDEBUG
 #include <cassert>
 
 #include "brvassert.h"

@@ -1,5 +1,5 @@
-// Records that host and extension hand to each other by pointer. Their layout is the host's: packed to two bytes, in the
-// byte order of the machine. Members named hostData are the host's own; an extension leaves them as they are.
+// Records that host and extension hand to each other by pointer. Their layout is the host's: packed to two bytes, in
+// the byte order of the machine. Members named hostData are the host's own; an extension leaves them as they are.
 #pragma once
 
 #include <cstddef>
@@ -19,9 +19,9 @@ struct EREGION {
   std::int16_t startMeasure;   // first measure, from 1
   std::int32_t startPosition;  // first position inside the first measure
   std::uint16_t hostData;
-  std::int16_t endStaff;      // last staff, included
-  std::int16_t endMeasure;    // last measure, included
-  std::int32_t endPosition;   // last position inside the last measure, included
+  std::int16_t endStaff;     // last staff, included
+  std::int16_t endMeasure;   // last measure, included
+  std::int32_t endPosition;  // last position inside the last measure, included
 };
 static_assert(sizeof(EREGION) == 20);
 static_assert(offsetof(EREGION, startStaff) == 2);

@@ -8,6 +8,9 @@
 
 // A whole register travels for every integer, so 16-bit and 8-bit values are declared as int under the name of their
 // class: the kit keeps the low bits and extends them before a call to the host, and extends the host's result likewise.
+//
+// The call table, which has to tell the classes apart, defines types of its own under these names before it includes
+// brevixpdk.h; they are ints too, and the calls are the same.
 #ifndef BRV_INTEGER_CLASSES
 typedef int short16;   // the low 16 bits, sign-extended: -32768 to 32767
 typedef int ushort16;  // the low 16 bits, zero-extended: 0 to 65535

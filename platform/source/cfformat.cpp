@@ -35,7 +35,11 @@ class Arguments {
     for (const ArgumentType type : types_) values_.push_back(Read(type, list));
   }
 
-  const Argument& operator[](int index) const { return values_[static_cast<std::size_t>(index)]; }
+  const Argument& operator[](int index) const {
+    static constexpr Argument kNone{};
+    const auto at = static_cast<std::size_t>(index);
+    return at < values_.size() ? values_[at] : kNone;
+  }
 
  private:
   // Positions beyond these stand in no sensible format; reading so far would leave the caller's arguments.
@@ -136,10 +140,9 @@ class Formatter {
   }
 
   std::u16string Padded(std::u16string text) const {
-    const std::size_t width = static_cast<std::size_t>(width_);
-    if (text.size() >= width) return text;
-    const std::u16string blanks(width - text.size(), u' ');
-    return left_ ? text + blanks : blanks + text;
+    const auto width = static_cast<std::size_t>(width_);
+    if (text.size() < width) text.insert(left_ ? text.size() : 0, width - text.size(), u' ');
+    return text;
   }
 
   std::u16string Character(unsigned char byte) const {
@@ -165,22 +168,23 @@ class Formatter {
   // printf itself writes the numbers. "D", "U" and "O" are the old names of "ld", "lu" and "lo".
   template <class Value>
   std::u16string Number(Value value) const {
-    std::string length = spec_.length == "q" ? "ll" : spec_.length;
+    std::string_view length = spec_.length == "q" ? std::string_view("ll") : std::string_view(spec_.length);
     char conversion = spec_.conversion;
     if (conversion == 'D' || conversion == 'U' || conversion == 'O') {
       conversion = static_cast<char>(conversion - 'A' + 'a');
       length = "l";
     }
-    return Printed(length + conversion, value);
+    return Printed(std::string(length).append(1, conversion), value);
   }
 
   std::u16string Pointer() const { return Printed("p", value_.asPointer); }
 
   template <class Value>
   std::u16string Printed(const std::string& conversion, Value value) const {
-    std::string format = "%" + spec_.flags + (left_ ? "-" : "") + "*";
-    if (hasPrecision_) format += "." + std::to_string(precision_);
-    format += conversion;
+    std::string format("%");
+    format.append(spec_.flags).append(left_ ? "-" : "").append("*");
+    if (hasPrecision_) format.append(".").append(std::to_string(precision_));
+    format.append(conversion);
     const int size = std::snprintf(nullptr, 0, format.c_str(), width_, value);
     if (size < 0) return {};
     std::string text(static_cast<std::size_t>(size) + 1, '\0');

@@ -1,0 +1,10 @@
+// The sanitiser of frames on their way back to the host.
+#pragma once
+
+#include "hostrecords.h"
+
+// Makes the entries of a frame fit for the host: gives notes identifiers that are unique in their entry and not 0,
+// copies their low bits into the note words, zeroes unused note slots, and gives each rest one placeholder note unless
+// CanAddNoteRecordToRests is 0. The frame's header and all other bytes of its entries stay. The flag is part of the
+// host kit's signature and means nothing.
+void CleanTGF(const EXTGF2005a* frame, bool);

@@ -1,0 +1,15 @@
+// The parameter list of a host function: the types from its prototype, the names from its line of the call table.
+#pragma once
+
+#define BRV_PARENTHESES ()
+#define BRV_RESCAN_4(...) __VA_ARGS__
+#define BRV_RESCAN_3(...) BRV_RESCAN_4(BRV_RESCAN_4(BRV_RESCAN_4(__VA_ARGS__)))
+#define BRV_RESCAN_2(...) BRV_RESCAN_3(BRV_RESCAN_3(BRV_RESCAN_3(__VA_ARGS__)))
+#define BRV_RESCAN(...) BRV_RESCAN_2(BRV_RESCAN_2(BRV_RESCAN_2(__VA_ARGS__)))
+
+// BRV_PARAMETERS(f, a, b) is HostArgument<f, 0> a, HostArgument<f, 0 + 1> b; up to 27 of them.
+#define BRV_PARAMETERS(function, ...) BRV_RESCAN(BRV_PARAMETER(function, 0, __VA_ARGS__))
+#define BRV_PARAMETER(function, index, name, ...)          \
+  HostArgument<decltype(function), index> name __VA_OPT__( \
+      , BRV_NEXT_PARAMETER BRV_PARENTHESES(function, index + 1, __VA_ARGS__))
+#define BRV_NEXT_PARAMETER() BRV_PARAMETER

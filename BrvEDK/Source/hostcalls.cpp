@@ -1,0 +1,41 @@
+// The definitions of the host calls, from the call table.
+#include "cleantgf.h"
+#include "hostcallmacros.h"
+#include "hostfunction.h"
+
+std::int32_t LoadedTGFCounter = 0;
+std::int32_t MassEditDepth = 0;
+std::int32_t BrevixEditDepth = 0;
+
+namespace {
+
+// Leaves the innermost edit, if one is open. Ends and cancels refuse to go below zero, where starts and mass edits only
+// count: an end too many must not close an edit that the host opened for itself.
+bool LeaveEdit() {
+  if (BrevixEditDepth <= 0) return false;
+  --BrevixEditDepth;
+  return true;
+}
+
+}  // namespace
+
+#define HOST_CALL(name, defaultResult, ...) HOST_CALL_AFTER(static_cast<void>(0), name, defaultResult, __VA_ARGS__)
+
+// The address is kept in a static of the function: found once, under the guard of its initialisation.
+#define HOST_CALL_AFTER(work, name, defaultResult, ...)                                       \
+  HostReturn<decltype(name)> name(BRV_PARAMETERS(name, __VA_ARGS__ __VA_OPT__(, ) version)) { \
+    work;                                                                                     \
+    static const HostFunction<decltype(name)> host(#name);                                    \
+    return host.Call(defaultResult, __VA_ARGS__ __VA_OPT__(, ) version);                      \
+  }
+
+#define HOST_CALL_IF(condition, otherwise, name, defaultResult)               \
+  HostReturn<decltype(name)> name(BrvVersion version) {                       \
+    if (!(condition)) return ResultOf<HostReturn<decltype(name)>>(otherwise); \
+    static const HostFunction<decltype(name)> host(#name);                    \
+    return host.Call(defaultResult, version);                                 \
+  }
+
+#define HOST_CALL_OF_ITS_OWN(name)
+
+#include "hostcalltable.h"
