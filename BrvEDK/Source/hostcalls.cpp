@@ -1,4 +1,6 @@
 // The definitions of the host calls, from the call table.
+#define BRV_DISTINCT_INTEGER_CLASSES
+
 #include "cleantgf.h"
 #include "hostcallmacros.h"
 #include "hostfunction.h"
@@ -21,19 +23,16 @@ bool LeaveEdit() {
 
 #define HOST_CALL(name, defaultResult, ...) HOST_CALL_AFTER(static_cast<void>(0), name, defaultResult, __VA_ARGS__)
 
-// The address is kept in a static of the function: found once, under the guard of its initialisation.
 #define HOST_CALL_AFTER(work, name, defaultResult, ...)                                       \
   HostReturn<decltype(name)> name(BRV_PARAMETERS(name, __VA_ARGS__ __VA_OPT__(, ) version)) { \
     work;                                                                                     \
-    static const HostFunction<decltype(name)> host(#name);                                    \
-    return host.Call(defaultResult, __VA_ARGS__ __VA_OPT__(, ) version);                      \
+    FORWARD_TO_HOST(name, defaultResult, __VA_ARGS__ __VA_OPT__(, ) version);                 \
   }
 
 #define HOST_CALL_IF(condition, otherwise, name, defaultResult)               \
   HostReturn<decltype(name)> name(BrvVersion version) {                       \
     if (!(condition)) return ResultOf<HostReturn<decltype(name)>>(otherwise); \
-    static const HostFunction<decltype(name)> host(#name);                    \
-    return host.Call(defaultResult, version);                                 \
+    FORWARD_TO_HOST(name, defaultResult, version);                            \
   }
 
 #define HOST_CALL_OF_ITS_OWN(name)

@@ -1,11 +1,16 @@
 // The one mechanism behind every call to the host: lookup by name, once, and the widening of arguments and result.
 #pragma once
 
+#include <atomic>
 #include <tuple>
 #include <type_traits>
 
+#include "brevixpdk.h"
 #include "integerclasses.h"
-#include "integerclasstypes.h"
+
+#ifndef BRV_DISTINCT_INTEGER_CLASSES
+#error "define BRV_DISTINCT_INTEGER_CLASSES first: widening goes by the class of each argument"
+#endif
 
 // The address of a host function, or null if the host is not bound or has no such function.
 void* FindHostFunction(const char* name);
@@ -38,6 +43,8 @@ Result ResultOf(long value) {
 template <class Signature>
 class HostFunction;
 
+// One host function, as a static of the kit's function of the same name. Once it is found, a call costs a load, a test
+// and an indirect call; all that comes before stands out of the way in CallFirst.
 template <class Result, class... Arguments>
 class HostFunction<Result(Arguments...)> {
  public:
@@ -45,23 +52,36 @@ class HostFunction<Result(Arguments...)> {
   using Argument = std::tuple_element_t<index, std::tuple<Arguments...>>;
   using ResultType = Result;
 
-  // Looks the function up. The answer holds for the life of the process, that of a missing function included.
-  explicit HostFunction(const char* name) : function_(reinterpret_cast<Function>(FindHostFunction(name))) {}
-
-  // Calls the host; without the function calls nothing and returns the default.
-  Result Call(long defaultResult, Arguments... arguments) const {
-    if (function_ == nullptr) return ResultOf<Result>(defaultResult);
-    if constexpr (std::is_void_v<Result>) {
-      function_(Widen(arguments)...);
-    } else {
-      return Widen(function_(Widen(arguments)...));
-    }
+  // Calls the host; without the function calls nothing and returns the default. Lookup::Address finds the function.
+  template <class Lookup>
+  Result Call(long defaultResult, Arguments... arguments) {
+    const Function function = function_.load(std::memory_order_acquire);
+    if (function == nullptr) [[unlikely]]
+      return CallFirst<Lookup>(defaultResult, arguments...);
+    return Forward(function, arguments...);
   }
 
  private:
   using Function = Result (*)(Arguments...);
 
-  Function function_;
+  // Also each call to a function that the host lacks: Lookup remembers that, too.
+  template <class Lookup>
+  [[gnu::noinline, gnu::cold]] Result CallFirst(long defaultResult, Arguments... arguments) {
+    const auto function = reinterpret_cast<Function>(Lookup::Address());
+    if (function == nullptr) return ResultOf<Result>(defaultResult);
+    function_.store(function, std::memory_order_release);
+    return Forward(function, arguments...);
+  }
+
+  static Result Forward(Function function, Arguments... arguments) {
+    if constexpr (std::is_void_v<Result>) {
+      function(Widen(arguments)...);
+    } else {
+      return Widen(function(Widen(arguments)...));
+    }
+  }
+
+  std::atomic<Function> function_{nullptr};
 };
 
 template <class Signature, int index>
@@ -69,3 +89,15 @@ using HostArgument = typename HostFunction<Signature>::template Argument<index>;
 
 template <class Signature>
 using HostReturn = typename HostFunction<Signature>::ResultType;
+
+// Passes a call on to the host function of that name. The lookup is done once for the life of the process, under the
+// guard of a static's initialisation, and its answer is kept, that of a missing function included.
+#define FORWARD_TO_HOST(name, defaultResult, ...)           \
+  struct Lookup {                                           \
+    static void* Address() {                                \
+      static void* const address = FindHostFunction(#name); \
+      return address;                                       \
+    }                                                       \
+  };                                                        \
+  static constinit HostFunction<decltype(name)> host;       \
+  return host.Call<Lookup>(defaultResult, __VA_ARGS__)

@@ -31,6 +31,8 @@ CFBundleRef RefOf(Bundle* bundle) {
 }
 
 Dictionary ReadPropertyList(const fs::path& path) {
+  std::error_code error;
+  if (!fs::is_regular_file(path, error)) return {};
   std::ifstream file(path, std::ios::binary);
   const std::string bytes{std::istreambuf_iterator<char>(file), {}};
   return ParsePropertyList(bytes).value_or(Dictionary());

@@ -64,8 +64,10 @@ void ExpectRow(const std::set<int>& known, const VectorRow& row, const std::stri
 }
 
 // The cases that are made of symbolic links, and one of the links.
-const std::map<std::string, std::string> kLinks = {
-    {"symlink", "link.bundle"}, {"dangling", "dangling.bundle"}, {"framework", "fw.framework/Resources"}};
+const std::map<std::string, std::string> kLinks = {{"symlink", "link.bundle"},
+                                                   {"dangling", "dangling.bundle"},
+                                                   {"framework", "fw.framework/Resources"},
+                                                   {"framework_resources", "fw.framework/Resources"}};
 
 TEST(BundleVectors, Create) {
   const fs::path table = VectorFolder() / "bundles.tsv";
