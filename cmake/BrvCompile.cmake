@@ -22,3 +22,10 @@ if(BRV_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+
+# Sources named _mac or _linux belong to one platform; those of the other are left out.
+if(APPLE)
+  set(other_platform linux)
+else()
+  set(other_platform mac)
+endif()

@@ -1,1 +1,47 @@
-# brv_add_extension: makes an extension's bundle. Filled in with the shell.
+# brv_add_extension(NAME <name> IDENTIFIER <identifier> INFO_PLIST <template> SOURCES <file>...
+#                   HEADERS <header>... [LOCALIZATIONS <folder>.lproj...])
+#
+# Makes the bundle of an extension, <build>/<name>.bundle, with the whole kit inside: its executable, its Info.plist from the
+# template, and its localized texts. What the headers of the extension and of the kit declare with BRV_EXPORT is exported.
+include(BrvExports)
+
+function(brv_add_extension)
+  cmake_parse_arguments(PARSE_ARGV 0 ARG "" "NAME;IDENTIFIER;INFO_PLIST" "SOURCES;HEADERS;LOCALIZATIONS")
+  set(contents ${CMAKE_BINARY_DIR}/${ARG_NAME}.bundle/Contents)
+  set(BRV_EXTENSION_NAME ${ARG_NAME})
+  set(BRV_EXTENSION_IDENTIFIER ${ARG_IDENTIFIER})
+  configure_file(${ARG_INFO_PLIST} ${contents}/Info.plist @ONLY)
+
+  file(GLOB kit_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/BrvEDK/Source/*.h ${PROJECT_SOURCE_DIR}/LIB/*.h
+       ${PROJECT_SOURCE_DIR}/util/*.h)
+  set(exports ${CMAKE_CURRENT_BINARY_DIR}/${ARG_NAME}.exports)
+  list(TRANSFORM ARG_HEADERS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+  brv_write_export_list(OUTPUT ${exports} HEADERS ${kit_headers} ${ARG_HEADERS})
+
+  if(APPLE)
+    add_library(${ARG_NAME} MODULE ${ARG_SOURCES})
+    target_link_options(${ARG_NAME} PRIVATE -Wl,-exported_symbols_list,${exports})
+    target_link_libraries(${ARG_NAME} PRIVATE "-Wl,-force_load,$<TARGET_FILE:BrvEDK>" BrvEDK)
+    set(executable_folder MacOS)
+    set(suffix "")
+  else()
+    add_library(${ARG_NAME} SHARED ${ARG_SOURCES})
+    # -Bsymbolic: host and kit have functions of the same names, and each must find its own.
+    target_link_options(${ARG_NAME} PRIVATE -Wl,-Bsymbolic -Wl,--version-script=${exports})
+    target_link_libraries(${ARG_NAME} PRIVATE -Wl,--whole-archive BrvEDK -Wl,--no-whole-archive)
+    set(executable_folder Linux-x86-64)
+    set(suffix .so)
+  endif()
+  set_target_properties(${ARG_NAME} PROPERTIES PREFIX "" SUFFIX "${suffix}"
+                        LIBRARY_OUTPUT_DIRECTORY ${contents}/${executable_folder}
+                        LINK_DEPENDS ${exports})
+
+  foreach(localization IN LISTS ARG_LOCALIZATIONS)
+    get_filename_component(folder ${localization} NAME)
+    file(GLOB files CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${localization}/*)
+    foreach(file IN LISTS files)
+      get_filename_component(name ${file} NAME)
+      configure_file(${file} ${contents}/Resources/${folder}/${name} COPYONLY)
+    endforeach()
+  endforeach()
+endfunction()

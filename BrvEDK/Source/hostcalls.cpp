@@ -35,6 +35,6 @@ bool LeaveEdit() {
     FORWARD_TO_HOST(name, defaultResult, version);                            \
   }
 
-#define HOST_CALL_OF_ITS_OWN(name)
+#define HOST_CALL_OF_ITS_OWN(...)
 
 #include "hostcalltable.h"

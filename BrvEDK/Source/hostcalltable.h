@@ -6,7 +6,7 @@
 //   HOST_CALL_AFTER(work, name, default, arguments...)  does some work of the kit's own first
 //   HOST_CALL_IF(condition, otherwise, name, default)   returns otherwise, without looking the function up, unless the
 //                                                       condition holds
-//   HOST_CALL_OF_ITS_OWN(name)                          has a definition of its own
+//   HOST_CALL_OF_ITS_OWN(name, arguments...)            has a definition of its own
 //
 // default is what the function returns where the host lacks it.
 
@@ -197,8 +197,8 @@ HOST_CALL(BX_SelectFileToSave, 0, argument1, argument2)
 HOST_CALL(BX_SelectFolder, 0, argument1, argument2, argument3)
 
 // Document records. BX_LoadEData and BX_SaveEData do more than pass a call on.
-HOST_CALL_OF_ITS_OWN(BX_LoadEData)
-HOST_CALL_OF_ITS_OWN(BX_SaveEData)
+HOST_CALL_OF_ITS_OWN(BX_LoadEData, tag, key, data, size)
+HOST_CALL_OF_ITS_OWN(BX_SaveEData, tag, key, data, size)
 HOST_CALL(BX_CreateEData, 0, tag, key, data, argument4)
 HOST_CALL(BX_DeleteEData, 0, tag, key)
 HOST_CALL(BX_PreviousEData, 0, tag, key, data, argument4)

@@ -1,4 +1,5 @@
-// Data that stands beside the project: facts about the macOS calls, and real scores. Tests that need it skip without it.
+// Data that stands beside the project: facts about the macOS calls, and real scores. Tests that need it skip without
+// it.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,0 +1,34 @@
+#include <cctype>
+#include <charconv>
+#include <cstdint>
+
+#include "portable.h"
+
+namespace {
+
+// The bytes stay signed: lists in documents are sorted in that order.
+int UpperCase(char byte) {
+  return std::toupper(static_cast<signed char>(byte));
+}
+
+}  // namespace
+
+int stricmp(const char* a, const char* b) {
+  return strnicmp(a, b, SIZE_MAX);
+}
+
+int strnicmp(const char* a, const char* b, std::size_t count) {
+  for (; count > 0; ++a, ++b, --count) {
+    const int difference = UpperCase(*a) - UpperCase(*b);
+    if (difference != 0) return difference < 0 ? -1 : 1;
+    if (*a == '\0') return 0;
+  }
+  return 0;
+}
+
+int num2str(int value, char* buffer) {
+  constexpr int kMostCharacters = 11;
+  char* const end = std::to_chars(buffer, buffer + kMostCharacters, value).ptr;
+  *end = '\0';
+  return static_cast<int>(end - buffer);
+}

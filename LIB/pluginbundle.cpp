@@ -1,0 +1,56 @@
+#include "pluginbundle.h"
+
+#include <dlfcn.h>
+#include <libgen.h>
+
+#include <climits>
+#include <cstring>
+
+#include "brvassert.h"
+
+namespace {
+
+// An object of the extension itself, by which its image is found.
+const char kOwnImage[] = "dlbundle";
+
+// The wording that crash reports are filed under, whatever the source looks like by now.
+[[noreturn]] void NoBundle() {
+  BrvAssertFailed("CopyPlugInStringResource", "LIB/portable", 176, "bundleRef != NULL");
+}
+
+CFBundleRef BundleAt(const char* folder) {
+  const CFURLRef url = CFURLCreateFromFileSystemRepresentation(
+      kCFAllocatorDefault, reinterpret_cast<const UInt8*>(folder), static_cast<CFIndex>(std::strlen(folder)), true);
+  if (url == nullptr) return nullptr;
+  const CFBundleRef bundle = CFBundleCreate(kCFAllocatorDefault, url);
+  CFRelease(url);
+  if (bundle == nullptr) return nullptr;
+  if (CFBundleGetValueForInfoDictionaryKey(bundle, kCFBundleExecutableKey) != nullptr) return bundle;
+  CFRelease(bundle);
+  return nullptr;
+}
+
+// Climbs from the executable to the first folder that is a bundle with an executable. A relative path ends at "."; an
+// absolute one that meets none stays at "/" and asks there for ever, as the system's own loader never lets it come to
+// that.
+CFBundleRef FindPluginBundle() {
+  Dl_info image;
+  if (dladdr(kOwnImage, &image) == 0) NoBundle();
+  char path[PATH_MAX];
+  std::strncpy(path, image.dli_fname, sizeof(path) - 1);
+  path[sizeof(path) - 1] = '\0';
+  const char* folder = dirname(path);
+  while (true) {
+    if (const CFBundleRef bundle = BundleAt(folder)) return bundle;
+    std::memmove(path, folder, std::strlen(folder) + 1);
+    folder = dirname(path);
+    if (std::strcmp(folder, ".") == 0) NoBundle();
+  }
+}
+
+}  // namespace
+
+CFBundleRef GetPluginBundle() {
+  static const CFBundleRef bundleRef = FindPluginBundle();
+  return bundleRef;
+}

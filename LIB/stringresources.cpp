@@ -1,0 +1,82 @@
+#include <Carbon/Carbon.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "brevixpdk.h"
+#include "integerclasses.h"
+#include "pluginbundle.h"
+#include "portable.h"
+
+namespace {
+
+constexpr int kPlainAlert = 0;
+
+CFStringRef CreateKey(int id) {
+  const int table = SignExtend16(id >> 16);
+  const int index = SignExtend16(id);
+  if (table == 0) return CFStringCreateWithFormat(kCFAllocatorDefault, nullptr, CFSTR("%d"), index);
+  return CFStringCreateWithFormat(kCFAllocatorDefault, nullptr, CFSTR("%d,%d"), table, index);
+}
+
+bool HasStringTable(CFBundleRef bundle) {
+  const CFURLRef url = CFBundleCopyResourceURL(bundle, CFSTR("Localizable"), CFSTR("strings"), nullptr);
+  if (url == nullptr) return false;
+  CFRelease(url);
+  return true;
+}
+
+// Converts into a zero-terminated text of at most 255 bytes.
+void ConvertForApplication(CFStringRef text, char (&converted)[256]) {
+  unsigned char pascal[256];
+  pascal[0] = 0;
+  // What does not convert, or is too long, leaves an empty string or the beginning of one.
+  CFStringGetPascalString(text, pascal, sizeof(pascal), GetApplicationTextEncoding());
+  std::memcpy(converted, pascal + 1, pascal[0]);
+  converted[pascal[0]] = '\0';
+}
+
+}  // namespace
+
+CFStringRef CopyPlugInStringResource(int id) {
+  const CFBundleRef bundle = GetPluginBundle();
+  const CFStringRef key = CreateKey(id);
+  const CFStringRef value = CFBundleCopyLocalizedString(bundle, key, key, nullptr);
+  const bool found = value != nullptr && CFStringCompare(value, key, 0) != kCFCompareEqualTo;
+  CFRelease(key);
+  if (!found && !HasStringTable(bundle)) {
+    BX_AlertMessage(nullptr, kPlainAlert, 0, "Missing Localizable.strings", kBrvVersion);
+  }
+  return value;
+}
+
+UniChar* PlugIn_GetStringResource(int id, UniChar* buffer, short size) {
+  if (size <= 0) return nullptr;
+  buffer[0] = 0;
+  if (const CFStringRef text = CopyPlugInStringResource(id)) {
+    const CFIndex count = std::min<CFIndex>(CFStringGetLength(text), size - 1);
+    CFStringGetCharacters(text, CFRangeMake(0, count), buffer);
+    buffer[count] = 0;
+    CFRelease(text);
+  }
+  buffer[size - 1] = 0;
+  return buffer;
+}
+
+char* PlugIn_GetStringResource(int id, char* buffer, short size) {
+  if (size <= 0) return nullptr;
+  char converted[256] = "";
+  if (const CFStringRef text = CopyPlugInStringResource(id)) {
+    ConvertForApplication(text, converted);
+    CFRelease(text);
+  }
+  std::strncpy(buffer, converted, static_cast<std::size_t>(size));
+  buffer[size - 1] = '\0';
+  return buffer;
+}
+
+short16 LoadIndString(short16 table, short16 index, char* buffer, short16 size) {
+  const auto id = static_cast<int>(static_cast<unsigned>(table) << 16 | static_cast<unsigned>(ZeroExtend16(index)));
+  if (PlugIn_GetStringResource(id, buffer, static_cast<short>(size)) == nullptr) return 0;
+  return SignExtend16(static_cast<int>(std::strlen(buffer)));
+}

@@ -1,0 +1,18 @@
+// A system that cannot tell which image an object belongs to. This program's own dladdr stands before the C library's.
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include "portable.h"
+
+extern "C" __attribute__((visibility("default"))) int dladdr(const void*, Dl_info*) noexcept {
+  return 0;
+}
+
+namespace {
+
+TEST(OwnBundleDeathTest, AnImageThatCannotBeNamedFailsTheAssertion) {
+  EXPECT_DEATH(CopyPlugInStringResource(1),
+               "LIB/portable:176: CopyPlugInStringResource: Assertion `bundleRef != NULL' failed");
+}
+
+}  // namespace

@@ -1,0 +1,116 @@
+// Bundles that are not as they should be: a copy of the product's, changed, in a folder of its own.
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "portable.h"
+#include "recordinghost.h"
+#include "tests/support/text.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using GetUnits = UniChar* (*)(int, UniChar*, short);
+
+// A folder that is gone after the test.
+class OwnBundle : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::string name = fs::temp_directory_path() / "brv-bundle-XXXXXX";
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    folder_ = name;
+    fs::copy(BRV_BUNDLE, folder_ / "Copy.bundle", fs::copy_options::recursive);
+    setenv("LANGUAGE", "en", 1);
+  }
+
+  void TearDown() override { fs::remove_all(folder_); }
+
+  fs::path Contents() const { return folder_ / "Copy.bundle" / "Contents"; }
+
+  // The function of the copy: another image than the product's, with globals of its own.
+  static void* Load(const fs::path& executable, const char* function) {
+    void* const image = dlopen(executable.c_str(), RTLD_NOW | RTLD_LOCAL);
+    EXPECT_NE(image, nullptr) << dlerror();
+    return image == nullptr ? nullptr : dlsym(image, function);
+  }
+
+  void* LoadCopy(const char* function) const { return Load(Contents() / "Linux-x86-64/LegerLines.so", function); }
+
+  std::u16string TextOfCopy(int id, short size = 128) const {
+    reinterpret_cast<int (*)()>(LoadCopy("InitializeGlobals"))();
+    UniChar buffer[128];
+    const auto get = reinterpret_cast<GetUnits>(LoadCopy("_Z24PlugIn_GetStringResourceiPts"));
+    EXPECT_EQ(get(id, buffer, size), buffer);
+    return TextOf(buffer);
+  }
+
+  void WriteTable(const std::string& text) const {
+    fs::remove_all(Contents() / "Resources");
+    fs::create_directories(Contents() / "Resources/en.lproj");
+    std::ofstream(Contents() / "Resources/en.lproj/Localizable.strings") << text;
+  }
+
+  fs::path folder_;
+};
+
+TEST_F(OwnBundle, WithoutATableShowsTheAlertAtEachLookupAndDeliversTheKey) {
+  fs::remove_all(Contents() / "Resources");
+  RecordingHost host;
+  std::vector<std::string> texts;
+  host.On("BX_AlertMessage", [&](const HostCall& call) -> std::uint64_t {
+    EXPECT_EQ(call.Pointer<void>(0), nullptr);
+    EXPECT_EQ(call.Int(1), 0);
+    EXPECT_EQ(call.Int(2), 0);
+    texts.push_back(call.Pointer<char>(3));
+    return 0;
+  });
+  EXPECT_EQ(TextOfCopy(0x4E200001), u"20000,1");
+  EXPECT_EQ(TextOfCopy(0x4E840002), u"20100,2");
+  EXPECT_THAT(texts, testing::ElementsAre("Missing Localizable.strings", "Missing Localizable.strings"));
+}
+
+TEST_F(OwnBundle, WithATableOfOtherKeysDeliversTheKeySilently) {
+  WriteTable("\"1,1\" = \"one\";");
+  RecordingHost host;
+  EXPECT_EQ(TextOfCopy(0x00010001), u"one");
+  EXPECT_EQ(TextOfCopy(0x4E200001), u"20000,1");
+  EXPECT_THAT(host.Calls(), testing::IsEmpty());
+}
+
+TEST_F(OwnBundle, CutsBetweenTheHalvesOfASurrogatePair) {
+  WriteTable("\"1,1\" = \"ab\U0001D11E\";");
+  RecordingHost host;
+  EXPECT_EQ(TextOfCopy(0x00010001), u"ab\U0001D11E");
+  EXPECT_EQ(TextOfCopy(0x00010001, 4), std::u16string({u'a', u'b', 0xD834}));
+}
+
+TEST_F(OwnBundle, IsFoundByClimbingFromTheExecutable) {
+  fs::create_directories(Contents() / "Linux-x86-64/deeper/still");
+  fs::copy(Contents() / "Linux-x86-64/LegerLines.so", Contents() / "Linux-x86-64/deeper/still/LegerLines.so");
+  RecordingHost host;
+  const auto get = reinterpret_cast<GetUnits>(
+      Load(Contents() / "Linux-x86-64/deeper/still/LegerLines.so", "_Z24PlugIn_GetStringResourceiPts"));
+  UniChar buffer[128];
+  get(0x4E200001, buffer, 128);
+  EXPECT_EQ(TextOf(buffer), u"Hide Ledger Lines");
+}
+
+class OwnBundleDeathTest : public OwnBundle {};
+
+constexpr const char* kMessage = "LIB/portable:176: CopyPlugInStringResource: Assertion `bundleRef != NULL' failed";
+
+TEST_F(OwnBundleDeathTest, AnExecutableOutsideOfAnyBundleOnARelativePathFailsTheAssertion) {
+  fs::copy(Contents() / "Linux-x86-64/LegerLines.so", folder_ / "Alone.so");
+  const auto ask = [&] {
+    fs::current_path(folder_);
+    reinterpret_cast<CFStringRef (*)(int)>(Load("./Alone.so", "CopyPlugInStringResource"))(1);
+  };
+  EXPECT_DEATH(ask(), kMessage);
+}
+
+}  // namespace

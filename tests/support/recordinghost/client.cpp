@@ -1,0 +1,78 @@
+#include <algorithm>
+#include <stdexcept>
+
+#include "hostbundle.h"
+#include "recordinghost.h"
+#include "recordinghostinterface.h"
+
+namespace {
+
+RecordingHostListenFunction ListenFunction() {
+  static const auto function = [] {
+    const CFBundleRef bundle = OpenHostBundle("RecordingHost");
+    if (InitializeGlobals() != 0 || GetBrevixBundleRef() != bundle) throw std::runtime_error("another host is bound");
+    void* const found = CFBundleGetFunctionPointerForName(bundle, CFSTR("RecordingHostListen"));
+    if (found == nullptr) throw std::runtime_error("the recording host is not built");
+    return reinterpret_cast<RecordingHostListenFunction>(found);
+  }();
+  return function;
+}
+
+}  // namespace
+
+CFBundleRef OpenHostBundle(const std::string& name) {
+  static std::map<std::string, CFBundleRef> bundles;
+  CFBundleRef& bundle = bundles[name];
+  if (bundle != nullptr) return bundle;
+  const std::string path = BRV_HOST_FOLDER "/" + name + ".bundle";
+  const CFURLRef url = CFURLCreateFromFileSystemRepresentation(
+      kCFAllocatorDefault, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), true);
+  bundle = CFBundleCreate(kCFAllocatorDefault, url);
+  CFRelease(url);
+  return bundle;
+}
+
+std::string HostCall::Text() const {
+  std::string text = name + "(";
+  for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
+    if (i > 0) text += ", ";
+    text += arguments[i] > UINT32_MAX ? "pointer" : std::to_string(static_cast<int>(arguments[i]));
+  }
+  return text + ")";
+}
+
+RecordingHost::RecordingHost() {
+  ListenFunction()(&RecordingHost::Listen, this);
+}
+
+RecordingHost::~RecordingHost() {
+  ListenFunction()(nullptr, nullptr);
+}
+
+std::vector<std::string> RecordingHost::Names() const {
+  std::vector<std::string> names;
+  for (const HostCall& call : calls_) names.push_back(call.name);
+  return names;
+}
+
+std::vector<std::string> RecordingHost::Texts() const {
+  std::vector<std::string> texts;
+  for (const HostCall& call : calls_) texts.push_back(call.Text());
+  return texts;
+}
+
+int RecordingHost::Count(const std::string& name) const {
+  return static_cast<int>(
+      std::count_if(calls_.begin(), calls_.end(), [&](const HostCall& c) { return c.name == name; }));
+}
+
+std::uint64_t RecordingHost::Listen(void* context, const char* name, const std::uint64_t* arguments,
+                                    std::size_t count) {
+  auto& host = *static_cast<RecordingHost*>(context);
+  host.calls_.push_back({name, {arguments, arguments + count}});
+  const auto handler = host.handlers_.find(name);
+  if (handler == host.handlers_.end()) return 0;
+  // A handler may drive the kit, and with it the log.
+  const HostCall call = host.calls_.back();
+  return handler->second(call);
+}

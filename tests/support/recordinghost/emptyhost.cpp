@@ -1,0 +1,1 @@
+// A host without any function.

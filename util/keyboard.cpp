@@ -1,0 +1,28 @@
+#include "keyboard.h"
+
+#include <Carbon/Carbon.h>
+
+#include "modifierflags.h"
+
+namespace {
+
+constexpr unsigned kPeriodKey = 47;
+constexpr unsigned long kCommandFlag = 0x100000;
+
+bool IsDown(unsigned keyCode) {
+  KeyMap keys;
+  GetKeys(keys);
+  const auto* bytes = reinterpret_cast<const unsigned char*>(keys);
+  return (bytes[keyCode / 8] >> keyCode % 8 & 1) != 0;
+}
+
+}  // namespace
+
+int KbdUtilKeyIsDown(char keyCode) {
+  const int code = static_cast<signed char>(keyCode);
+  return code >= 0 && IsDown(static_cast<unsigned>(code)) ? 1 : 0;
+}
+
+bool EventUtilCancelInQueue() {
+  return (CurrentModifierFlags() & kCommandFlag) != 0 && IsDown(kPeriodKey);
+}

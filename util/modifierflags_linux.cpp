@@ -1,0 +1,7 @@
+#include <brvplatform.h>
+
+#include "modifierflags.h"
+
+unsigned long CurrentModifierFlags() {
+  return BrvPlatformModifierFlags();
+}

@@ -1,0 +1,11 @@
+// Asks AppKit through the Objective-C runtime: this is the one call, and no reason for a second language.
+#include <objc/message.h>
+#include <objc/runtime.h>
+
+#include "modifierflags.h"
+
+unsigned long CurrentModifierFlags() {
+  using ClassProperty = unsigned long (*)(Class, SEL);
+  const auto send = reinterpret_cast<ClassProperty>(objc_msgSend);
+  return send(objc_getClass("NSEvent"), sel_registerName("modifierFlags"));
+}

@@ -1,0 +1,12 @@
+// The current selection.
+#pragma once
+
+#include "hostrecords.h"
+#include "hosttypes.h"
+
+extern "C" {
+
+// Asks the host for the selected regions; either record may be null. Returns the host's result.
+BRV_EXPORT short16 GetRegions(EREGION* first, EREGION* second);
+
+}  // extern "C"
