@@ -6,16 +6,12 @@
 
 namespace {
 
-// The bytes stay signed: lists in documents are sorted in that order.
-int UpperCase(char byte) {
-  return std::toupper(static_cast<signed char>(byte));
-}
+// The bytes are signed: lists in documents are sorted in that order.
+int UpperCase(char byte) { return static_cast<signed char>(std::toupper(static_cast<unsigned char>(byte))); }
 
 }  // namespace
 
-int stricmp(const char* a, const char* b) {
-  return strnicmp(a, b, SIZE_MAX);
-}
+int stricmp(const char* a, const char* b) { return strnicmp(a, b, SIZE_MAX); }
 
 int strnicmp(const char* a, const char* b, std::size_t count) {
   for (; count > 0; ++a, ++b, --count) {

@@ -14,9 +14,7 @@ namespace {
 const char kOwnImage[] = "dlbundle";
 
 // The wording that crash reports are filed under, whatever the source looks like by now.
-[[noreturn]] void NoBundle() {
-  BrvAssertFailed("CopyPlugInStringResource", "LIB/portable", 176, "bundleRef != NULL");
-}
+[[noreturn]] void NoBundle() { BrvAssertFailed("CopyPlugInStringResource", "LIB/portable", 176, "bundleRef != NULL"); }
 
 CFBundleRef BundleAt(const char* folder) {
   const CFURLRef url = CFURLCreateFromFileSystemRepresentation(

@@ -1,12 +1,8 @@
 #include "entrypoints.h"
 
-uint32 Ext_getversion() {
-  return BrevixExtensionVersion();
-}
+uint32 Ext_getversion() { return BrevixExtensionVersion(); }
 
-int Ext_init(void* context, std::uint32_t* word) {
-  return BrevixExtensionInit(context, word);
-}
+int Ext_init(void* context, std::uint32_t* word) { return BrevixExtensionInit(context, word); }
 
 int Ext_enumerate_UTF16(void* context, ushort16 itemIndex, MenuItemTexts* texts) {
   return BrevixExtensionEnumerate_UTF16(context, itemIndex, texts);
@@ -16,10 +12,6 @@ int Ext_invoke(void* context, ushort16 itemIndex, EREGION* region, EREGION* fall
   return BrevixExtensionInvoke(context, itemIndex, region, fallback);
 }
 
-void Ext_terminate() {
-  BrevixExtensionTerminate();
-}
+void Ext_terminate() { BrevixExtensionTerminate(); }
 
-int Ext_getmenustatus() {
-  return BrevixExtensionGetMenuStatus();
-}
+int Ext_getmenustatus() { return BrevixExtensionGetMenuStatus(); }

@@ -19,6 +19,4 @@ void* NewFF_DialogHandlerProc(void* proc) {
   return proc;
 }
 
-void DisposeFF_DialogHandlerProc(void*) {
-  CheckHostIsMachO();
-}
+void DisposeFF_DialogHandlerProc(void*) { CheckHostIsMachO(); }

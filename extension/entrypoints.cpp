@@ -25,9 +25,7 @@ int Alert(void* parent, int kind, int stringID) {
 
 }  // namespace
 
-uint32 BrevixExtensionVersion() {
-  return kBrvVersion;
-}
+uint32 BrevixExtensionVersion() { return kBrvVersion; }
 
 int BrevixExtensionInit(void*, std::uint32_t* word) {
   *word = 0;
@@ -59,6 +57,4 @@ int BrevixExtensionInvoke(void* context, ushort16 itemIndex, EREGION* region, ER
 
 void BrevixExtensionTerminate() {}
 
-int BrevixExtensionGetMenuStatus() {
-  return 1;
-}
+int BrevixExtensionGetMenuStatus() { return 1; }

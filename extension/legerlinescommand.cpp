@@ -94,6 +94,4 @@ class Walk {
 
 }  // namespace
 
-short16 DoShowLegerLines(EREGION* region, short16 variant) {
-  return Walk(*region, SignExtend16(variant) == 0).Run();
-}
+short16 DoShowLegerLines(EREGION* region, short16 variant) { return Walk(*region, SignExtend16(variant) == 0).Run(); }

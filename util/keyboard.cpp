@@ -23,6 +23,4 @@ int KbdUtilKeyIsDown(char keyCode) {
   return code >= 0 && IsDown(static_cast<unsigned>(code)) ? 1 : 0;
 }
 
-bool EventUtilCancelInQueue() {
-  return (CurrentModifierFlags() & kCommandFlag) != 0 && IsDown(kPeriodKey);
-}
+bool EventUtilCancelInQueue() { return (CurrentModifierFlags() & kCommandFlag) != 0 && IsDown(kPeriodKey); }

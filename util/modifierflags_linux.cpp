@@ -2,6 +2,4 @@
 
 #include "modifierflags.h"
 
-unsigned long CurrentModifierFlags() {
-  return BrvPlatformModifierFlags();
-}
+unsigned long CurrentModifierFlags() { return BrvPlatformModifierFlags(); }

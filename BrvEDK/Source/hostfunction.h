@@ -16,15 +16,9 @@
 void* FindHostFunction(const char* name);
 
 // Extends a value as its class says. The classes are ints, so nothing is taken for granted of their upper bits.
-inline short16 Widen(short16 value) {
-  return static_cast<short16>(SignExtend16(value));
-}
-inline ushort16 Widen(ushort16 value) {
-  return static_cast<ushort16>(ZeroExtend16(value));
-}
-inline flag8 Widen(flag8 value) {
-  return static_cast<flag8>(ZeroExtend8(value));
-}
+inline short16 Widen(short16 value) { return static_cast<short16>(SignExtend16(value)); }
+inline ushort16 Widen(ushort16 value) { return static_cast<ushort16>(ZeroExtend16(value)); }
+inline flag8 Widen(flag8 value) { return static_cast<flag8>(ZeroExtend8(value)); }
 template <class T>
 T Widen(T value) {
   return value;

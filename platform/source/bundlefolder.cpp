@@ -53,9 +53,7 @@ BundleFolder BundleFolder::At(const fs::path& top) {
   return {top, folder, folder / kInfoPlist, resources};
 }
 
-fs::path BundleFolder::Executable(const std::string& name) const {
-  return contents / "Linux-x86-64" / (name + ".so");
-}
+fs::path BundleFolder::Executable(const std::string& name) const { return contents / "Linux-x86-64" / (name + ".so"); }
 
 std::vector<std::string> BundleFolder::Localizations() const {
   std::vector<std::string> names;

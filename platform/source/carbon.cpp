@@ -23,9 +23,7 @@ void GetKeys(KeyMap keys) {
   std::memcpy(keys, bytes.data(), bytes.size());
 }
 
-CFStringEncoding GetApplicationTextEncoding() {
-  return applicationEncoding;
-}
+CFStringEncoding GetApplicationTextEncoding() { return applicationEncoding; }
 
 void BrvPlatformSetKeyDown(unsigned char keyCode, bool down) {
   if (keyCode >= kKeys) return;
@@ -38,14 +36,8 @@ void BrvPlatformSetKeyDown(unsigned char keyCode, bool down) {
   }
 }
 
-void BrvPlatformSetModifierFlags(unsigned long flags) {
-  modifierFlags = flags;
-}
+void BrvPlatformSetModifierFlags(unsigned long flags) { modifierFlags = flags; }
 
-unsigned long BrvPlatformModifierFlags() {
-  return modifierFlags;
-}
+unsigned long BrvPlatformModifierFlags() { return modifierFlags; }
 
-void BrvPlatformSetApplicationTextEncoding(CFStringEncoding encoding) {
-  applicationEncoding = encoding;
-}
+void BrvPlatformSetApplicationTextEncoding(CFStringEncoding encoding) { applicationEncoding = encoding; }

@@ -22,13 +22,9 @@ std::vector<Bundle*>& Bundles() {
   return bundles;
 }
 
-Bundle& BundleOf(CFBundleRef bundle) {
-  return *reinterpret_cast<Bundle*>(bundle);
-}
+Bundle& BundleOf(CFBundleRef bundle) { return *reinterpret_cast<Bundle*>(bundle); }
 
-CFBundleRef RefOf(Bundle* bundle) {
-  return reinterpret_cast<CFBundleRef>(bundle);
-}
+CFBundleRef RefOf(Bundle* bundle) { return reinterpret_cast<CFBundleRef>(bundle); }
 
 Dictionary ReadPropertyList(const fs::path& path) {
   std::error_code error;
@@ -38,9 +34,7 @@ Dictionary ReadPropertyList(const fs::path& path) {
   return ParsePropertyList(bytes).value_or(Dictionary());
 }
 
-std::string OptionalUtf8(CFStringRef string) {
-  return string == nullptr ? std::string() : Utf8Of(string);
-}
+std::string OptionalUtf8(CFStringRef string) { return string == nullptr ? std::string() : Utf8Of(string); }
 
 }  // namespace
 
@@ -51,13 +45,9 @@ Bundle::Bundle(const fs::path& folder, Image image)
   Bundles().push_back(this);
 }
 
-Bundle::~Bundle() {
-  std::erase(Bundles(), this);
-}
+Bundle::~Bundle() { std::erase(Bundles(), this); }
 
-std::u16string Bundle::Description() const {
-  return u"CFBundle " + folder_.top.u16string();
-}
+std::u16string Bundle::Description() const { return u"CFBundle " + folder_.top.u16string(); }
 
 CFTypeRef Bundle::InfoValue(const std::u16string& key) const {
   const auto found = info_.find(key);
@@ -123,9 +113,7 @@ CFBundleRef CFBundleGetBundleWithIdentifier(CFStringRef identifier) {
   return found == Bundles().end() ? nullptr : RefOf(*found);
 }
 
-CFStringRef CFBundleGetIdentifier(CFBundleRef bundle) {
-  return BundleOf(bundle).InfoString(u"CFBundleIdentifier");
-}
+CFStringRef CFBundleGetIdentifier(CFBundleRef bundle) { return BundleOf(bundle).InfoString(u"CFBundleIdentifier"); }
 
 CFTypeRef CFBundleGetValueForInfoDictionaryKey(CFBundleRef bundle, CFStringRef key) {
   return BundleOf(bundle).InfoValue(UnitsOf(key));
@@ -153,9 +141,7 @@ CFStringRef CFBundleCopyLocalizedString(CFBundleRef bundle, CFStringRef key, CFS
   return static_cast<CFStringRef>(CFRetain(text));
 }
 
-Boolean CFBundleIsExecutableLoaded(CFBundleRef bundle) {
-  return BundleOf(bundle).IsLoaded();
-}
+Boolean CFBundleIsExecutableLoaded(CFBundleRef bundle) { return BundleOf(bundle).IsLoaded(); }
 
 void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name) {
   return BundleOf(bundle).Function(Utf8Of(name).c_str());

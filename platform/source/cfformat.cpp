@@ -86,9 +86,7 @@ class Arguments {
   std::vector<Argument> values_;
 };
 
-std::u16string Widen(const std::string& text) {
-  return {text.begin(), text.end()};
-}
+std::u16string Widen(const std::string& text) { return {text.begin(), text.end()}; }
 
 class Formatter {
  public:

@@ -12,17 +12,11 @@ CFTypeRef CFRetain(CFTypeRef object) {
   return object;
 }
 
-void CFRelease(CFTypeRef object) {
-  ObjectOf(object).Release();
-}
+void CFRelease(CFTypeRef object) { ObjectOf(object).Release(); }
 
-CFTypeID CFGetTypeID(CFTypeRef object) {
-  return ObjectOf(object).TypeID();
-}
+CFTypeID CFGetTypeID(CFTypeRef object) { return ObjectOf(object).TypeID(); }
 
-Boolean CFEqual(CFTypeRef a, CFTypeRef b) {
-  return a == b || ObjectOf(a).Equals(ObjectOf(b));
-}
+Boolean CFEqual(CFTypeRef a, CFTypeRef b) { return a == b || ObjectOf(a).Equals(ObjectOf(b)); }
 
 void CFShow(CFTypeRef object) {
   const std::string text = object == nullptr ? "(null)" : Encode(ObjectOf(object).Description(), kCFStringEncodingUTF8);

@@ -31,9 +31,7 @@ class Object {
 
 enum TypeIDs : CFTypeID { kStringType = 7, kDictionaryType = 18, kNumberType = 22, kURLType = 29, kBundleType = 30 };
 
-inline const Object& ObjectOf(CFTypeRef object) {
-  return *static_cast<const Object*>(object);
-}
+inline const Object& ObjectOf(CFTypeRef object) { return *static_cast<const Object*>(object); }
 
 // A reference that is released with its owner.
 template <class Ref>

@@ -30,9 +30,7 @@ bool IsAscii(std::u16string_view text) {
   return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
 }
 
-bool IsDigit(char16_t unit) {
-  return unit >= u'0' && unit <= u'9';
-}
+bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
 // Controls and the spaces of typography count as blank before a number and behind its sign.
 bool IsBlank(char16_t unit) {
@@ -48,27 +46,17 @@ std::size_t SkipBlanks(const std::u16string& text, std::size_t at) {
 
 namespace brvplatform {
 
-CFStringRef NewString(std::u16string units) {
-  return reinterpret_cast<CFStringRef>(new String(std::move(units)));
-}
+CFStringRef NewString(std::u16string units) { return reinterpret_cast<CFStringRef>(new String(std::move(units))); }
 
-const std::u16string& UnitsOf(CFStringRef string) {
-  return static_cast<const String&>(ObjectOf(string)).Units();
-}
+const std::u16string& UnitsOf(CFStringRef string) { return static_cast<const String&>(ObjectOf(string)).Units(); }
 
-std::string Utf8Of(CFStringRef string) {
-  return Encode(UnitsOf(string), kCFStringEncodingUTF8);
-}
+std::string Utf8Of(CFStringRef string) { return Encode(UnitsOf(string), kCFStringEncodingUTF8); }
 
-bool IsString(CFTypeRef object) {
-  return object != nullptr && CFGetTypeID(object) == kStringType;
-}
+bool IsString(CFTypeRef object) { return object != nullptr && CFGetTypeID(object) == kStringType; }
 
 }  // namespace brvplatform
 
-CFTypeID CFStringGetTypeID() {
-  return kStringType;
-}
+CFTypeID CFStringGetTypeID() { return kStringType; }
 
 CFStringRef CFStringCreateWithCString(CFAllocatorRef, const char* text, CFStringEncoding encoding) {
   std::optional<std::u16string> units = Decode(text, encoding);
@@ -79,9 +67,7 @@ CFStringRef CFStringCreateWithCharacters(CFAllocatorRef, const UniChar* units, C
   return NewString(std::u16string(units, units + count));
 }
 
-CFIndex CFStringGetLength(CFStringRef string) {
-  return static_cast<CFIndex>(UnitsOf(string).size());
-}
+CFIndex CFStringGetLength(CFStringRef string) { return static_cast<CFIndex>(UnitsOf(string).size()); }
 
 void CFStringGetCharacters(CFStringRef string, CFRange range, UniChar* units) {
   std::copy_n(UnitsOf(string).begin() + range.location, range.length, units);

@@ -28,13 +28,9 @@ class URL final : public Object {
 
 namespace brvplatform {
 
-CFURLRef NewFileURL(std::filesystem::path path) {
-  return reinterpret_cast<CFURLRef>(new URL(std::move(path)));
-}
+CFURLRef NewFileURL(std::filesystem::path path) { return reinterpret_cast<CFURLRef>(new URL(std::move(path))); }
 
-const std::filesystem::path& PathOf(CFURLRef url) {
-  return static_cast<const URL&>(ObjectOf(url)).Path();
-}
+const std::filesystem::path& PathOf(CFURLRef url) { return static_cast<const URL&>(ObjectOf(url)).Path(); }
 
 }  // namespace brvplatform
 

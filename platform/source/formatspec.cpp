@@ -129,8 +129,6 @@ class Parser {
 
 }  // namespace
 
-std::vector<FormatPiece> ParseFormat(std::u16string_view format) {
-  return Parser(format).Pieces();
-}
+std::vector<FormatPiece> ParseFormat(std::u16string_view format) { return Parser(format).Pieces(); }
 
 }  // namespace brvplatform

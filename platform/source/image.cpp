@@ -17,13 +17,9 @@ bool Owns(void* handle, void* address) {
 
 }  // namespace
 
-Image Image::MainProgram() {
-  return Image(dlopen(nullptr, RTLD_NOW));
-}
+Image Image::MainProgram() { return Image(dlopen(nullptr, RTLD_NOW)); }
 
-Image Image::Load(const std::filesystem::path& path) {
-  return Image(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL));
-}
+Image Image::Load(const std::filesystem::path& path) { return Image(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)); }
 
 void* Image::Function(const char* name) const {
   void* function = dlsym(handle_, name);

@@ -19,8 +19,6 @@ constexpr UpperHalf kNextStep = {
 
 }  // namespace
 
-char16_t NextStepUnit(unsigned char byte) {
-  return byte < 0x80 ? byte : kNextStep[byte - 0x80];
-}
+char16_t NextStepUnit(unsigned char byte) { return byte < 0x80 ? byte : kNextStep[byte - 0x80]; }
 
 }  // namespace brvplatform

@@ -11,9 +11,7 @@ bool IsBlank(char16_t unit) {
   return (unit >= u'\t' && unit <= u'\r') || unit == u' ' || unit == 0x2028 || unit == 0x2029;
 }
 
-bool IsLineEnd(char16_t unit) {
-  return unit == u'\n' || unit == u'\r' || unit == 0x2028 || unit == 0x2029;
-}
+bool IsLineEnd(char16_t unit) { return unit == u'\n' || unit == u'\r' || unit == 0x2028 || unit == 0x2029; }
 
 bool IsUnquoted(char16_t unit) {
   return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || (unit >= u'0' && unit <= u'9') ||
@@ -177,8 +175,6 @@ class Parser {
 
 }  // namespace
 
-std::optional<Dictionary> ParseOldStyle(std::u16string_view text) {
-  return Parser(text).Top();
-}
+std::optional<Dictionary> ParseOldStyle(std::u16string_view text) { return Parser(text).Top(); }
 
 }  // namespace brvplatform

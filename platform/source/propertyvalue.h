@@ -12,8 +12,6 @@ class OtherValue final : public Object {
   std::u16string Description() const override { return u"{}"; }
 };
 
-inline Owned<CFTypeRef> NewOtherValue() {
-  return Owned<CFTypeRef>(new OtherValue);
-}
+inline Owned<CFTypeRef> NewOtherValue() { return Owned<CFTypeRef>(new OtherValue); }
 
 }  // namespace brvplatform

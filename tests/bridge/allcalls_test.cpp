@@ -102,14 +102,10 @@ TEST_P(EveryHostCall, ReturnsTheHostsResultWidenedByItsClass) {
   }
 }
 
-std::string NameOf(const testing::TestParamInfo<DocumentedCall>& info) {
-  return info.param.name;
-}
+std::string NameOf(const testing::TestParamInfo<DocumentedCall>& info) { return info.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(All, EveryHostCall, testing::ValuesIn(DocumentedCalls()), NameOf);
 
-TEST(CallTable, HasTheDocumentedNumberOfFunctions) {
-  EXPECT_EQ(DocumentedCalls().size(), 164u);
-}
+TEST(CallTable, HasTheDocumentedNumberOfFunctions) { EXPECT_EQ(DocumentedCalls().size(), 164u); }
 
 }  // namespace

@@ -13,9 +13,7 @@ struct DocumentedCall {
   long defaultResult;
 };
 
-inline std::ostream& operator<<(std::ostream& out, const DocumentedCall& call) {
-  return out << call.name;
-}
+inline std::ostream& operator<<(std::ostream& out, const DocumentedCall& call) { return out << call.name; }
 
 const std::vector<DocumentedCall>& DocumentedCalls();
 

@@ -18,9 +18,7 @@ TEST(DbgPrintF, FormatsLikePrintf) {
   EXPECT_EQ(testing::internal::GetCapturedStderr().substr(0, 24), "measure -3, layer, 1.50%");
 }
 
-TEST(DbgPrintF, EndsWithALineBreak) {
-  EXPECT_EQ(Printed("a").substr(0, 2), "a\n");
-}
+TEST(DbgPrintF, EndsWithALineBreak) { EXPECT_EQ(Printed("a").substr(0, 2), "a\n"); }
 
 TEST(DbgPrintF, CutsOutputAt4095Characters) {
   const std::string printed = Printed(std::string(5000, 'x'));

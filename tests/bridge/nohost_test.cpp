@@ -34,9 +34,7 @@ TEST_P(WithoutHostFunctions, EachCallReturnsItsDefault) {
   }
 }
 
-std::string NameOf(const testing::TestParamInfo<DocumentedCall>& info) {
-  return info.param.name;
-}
+std::string NameOf(const testing::TestParamInfo<DocumentedCall>& info) { return info.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(All, WithoutHostFunctions, testing::ValuesIn(DocumentedCalls()), NameOf);
 

@@ -2,10 +2,10 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 
 #include "tests/support/shared.h"
@@ -25,11 +25,12 @@ CFBundleRef OpenBundle(const fs::path& path, bool isDirectory = true) {
   return bundle;
 }
 
-// "-" is English; "("de-AT",en)" a list.
+// "-" is English; (de-AT,en) in brackets and quotes a list.
 void SetLanguages(std::string list) {
   if (list == "-") list = "en";
-  list = std::regex_replace(list, std::regex("[()\" ]"), "");
-  setenv("LANGUAGE", std::regex_replace(list, std::regex(","), ":").c_str(), 1);
+  std::erase_if(list, [](char c) { return std::string_view("()\" ").find(c) != std::string_view::npos; });
+  std::replace(list.begin(), list.end(), ',', ':');
+  setenv("LANGUAGE", list.c_str(), 1);
 }
 
 std::string Utf8(CFTypeRef string) {
@@ -79,7 +80,9 @@ TEST(BundleVectors, Create) {
     // The copy of the cases may have lost its symbolic links.
     if (kLinks.contains(row.columns[0]) && !fs::is_symlink(kLinks.at(row.columns[0]))) continue;
     // The row was taken from a folder beside the cases.
-    const std::string path = std::regex_replace(row.columns[2], std::regex("^./../bundle-cases/"), "./");
+    constexpr std::string_view kFromBeside = "./../bundle-cases/";
+    std::string path = row.columns[2];
+    if (path.starts_with(kFromBeside)) path.erase(0, kFromBeside.size() - 2).front() = '.';
     const CFBundleRef bundle = OpenBundle(path, row.columns[3] == "dir");
     EXPECT_EQ(bundle != nullptr, row.columns[4] == "nonnull");
     if (bundle == nullptr) continue;

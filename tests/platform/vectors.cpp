@@ -25,9 +25,7 @@ std::string ToHex(std::string hex, unsigned value, int digits) {
 
 }  // namespace
 
-std::filesystem::path VectorFolder() {
-  return SharedFolder() / "platform-vectors";
-}
+std::filesystem::path VectorFolder() { return SharedFolder() / "platform-vectors"; }
 
 std::vector<VectorRow> ReadVectors(const std::filesystem::path& table) {
   std::ifstream file(table);
@@ -47,17 +45,13 @@ std::vector<VectorRow> ReadVectors(const std::filesystem::path& table) {
   return rows;
 }
 
-std::u16string UnitsFromHex(const std::string& hex) {
-  return FromHex<std::u16string>(hex);
-}
+std::u16string UnitsFromHex(const std::string& hex) { return FromHex<std::u16string>(hex); }
 std::string HexOf(const std::u16string& units) {
   return std::accumulate(units.begin(), units.end(), std::string(),
                          [](std::string hex, char16_t unit) { return ToHex(std::move(hex), unit, 4); });
 }
 
-std::string BytesFromHex(const std::string& hex) {
-  return FromHex<std::string>(hex);
-}
+std::string BytesFromHex(const std::string& hex) { return FromHex<std::string>(hex); }
 std::string HexOfBytes(const std::string& bytes) {
   return std::accumulate(bytes.begin(), bytes.end(), std::string(), [](std::string hex, char byte) {
     return ToHex(std::move(hex), static_cast<unsigned char>(byte), 2);

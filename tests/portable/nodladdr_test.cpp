@@ -4,9 +4,7 @@
 
 #include "portable.h"
 
-extern "C" __attribute__((visibility("default"))) int dladdr(const void*, Dl_info*) noexcept {
-  return 0;
-}
+extern "C" __attribute__((visibility("default"))) int dladdr(const void*, Dl_info*) noexcept { return 0; }
 
 namespace {
 

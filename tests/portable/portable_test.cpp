@@ -40,18 +40,14 @@ class StringResources : public testing::Test {
   RecordingHost host_;
 };
 
-TEST_F(StringResources, AnIDIsTheKeyOfItsTwoHalves) {
-  EXPECT_EQ(Text(0x4E200001), u"Hide Ledger Lines");
-}
+TEST_F(StringResources, AnIDIsTheKeyOfItsTwoHalves) { EXPECT_EQ(Text(0x4E200001), u"Hide Ledger Lines"); }
 
 TEST_F(StringResources, AnUnknownIDDeliversItsKeyWithoutAnAlert) {
   EXPECT_EQ(Text(0x4E200063), u"20000,99");
   EXPECT_THAT(host_.Calls(), IsEmpty());
 }
 
-TEST_F(StringResources, TableZeroIsNotInTheKey) {
-  EXPECT_EQ(Text(5), u"5");
-}
+TEST_F(StringResources, TableZeroIsNotInTheKey) { EXPECT_EQ(Text(5), u"5"); }
 
 TEST_F(StringResources, BothHalvesAreSigned) {
   EXPECT_EQ(Text(0x00018000), u"1,-32768");

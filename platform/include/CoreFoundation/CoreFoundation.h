@@ -1,6 +1,6 @@
 // The part of CoreFoundation that the product calls, for Linux. Names, values and behaviour are those of the macOS
-// framework. A reference from a function named Create or Copy belongs to the caller, who ends it with CFRelease; one from
-// a function named Get belongs to the object it was got from. Objects may be used from one thread at a time.
+// framework. A reference from a function named Create or Copy belongs to the caller, who ends it with CFRelease; one
+// from a function named Get belongs to the object it was got from. Objects may be used from one thread at a time.
 #pragma once
 
 #include <stdarg.h>

@@ -21,7 +21,8 @@ RecordingHostListenFunction ListenFunction() {
 }  // namespace
 
 CFBundleRef OpenHostBundle(const std::string& name) {
-  static std::map<std::string, CFBundleRef> bundles;
+  // Never destroyed, as the bundles are not: the leak checker sees them held.
+  static auto& bundles = *new std::map<std::string, CFBundleRef>;
   CFBundleRef& bundle = bundles[name];
   if (bundle != nullptr) return bundle;
   const std::string path = BRV_HOST_FOLDER "/" + name + ".bundle";
@@ -41,13 +42,9 @@ std::string HostCall::Text() const {
   return text + ")";
 }
 
-RecordingHost::RecordingHost() {
-  ListenFunction()(&RecordingHost::Listen, this);
-}
+RecordingHost::RecordingHost() { ListenFunction()(&RecordingHost::Listen, this); }
 
-RecordingHost::~RecordingHost() {
-  ListenFunction()(nullptr, nullptr);
-}
+RecordingHost::~RecordingHost() { ListenFunction()(nullptr, nullptr); }
 
 std::vector<std::string> RecordingHost::Names() const {
   std::vector<std::string> names;

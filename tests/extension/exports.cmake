@@ -1,0 +1,20 @@
+# Compares the symbols that the bundle exports with those that stand in a list, and with what the headers declare.
+#   cmake -DNM=<nm> -DIMAGE=<executable> -DEXPECTED=<list> -P exports.cmake
+execute_process(COMMAND ${NM} -D --defined-only ${IMAGE} OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX MATCHALL "[^\n]+" lines "${output}")
+set(exported)
+foreach(line IN LISTS lines)
+  string(REGEX REPLACE "^.* " "" name "${line}")
+  list(APPEND exported ${name})
+endforeach()
+file(STRINGS ${EXPECTED} expected REGEX "^[^#]")
+
+set(missing ${expected})
+list(REMOVE_ITEM missing ${exported})
+set(unexpected ${exported})
+list(REMOVE_ITEM unexpected ${expected})
+if(missing OR unexpected)
+  message(FATAL_ERROR "not exported: ${missing}\nexported, but not in the list: ${unexpected}")
+endif()
+list(LENGTH exported count)
+message(STATUS "${count} symbols, as listed")
