@@ -1,0 +1,261 @@
+// The command behind the menu items, on a document of frames.
+#include <brvplatform.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <tuple>
+
+#include "brevixpdk.h"
+#include "entrypoints.h"
+#include "recordinghost.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+
+constexpr int kHide = 0;
+constexpr int kShow = 1;
+constexpr std::int32_t kEverything = 0x7FFFFFFF;
+
+// Frames by staff, measure and layer, as a host keeps them.
+class Command : public testing::Test {
+ protected:
+  using Place = std::tuple<int, int, int>;
+
+  struct Frame {
+    std::vector<EXENTRY> entries;
+    EXTGF2005a record = {};
+  };
+
+  void SetUp() override {
+    host_.On("BX_GetMaxLayers", [this](const HostCall&) { return layers_; });
+    host_.On("BX_GetShowLayer", [this](const HostCall& call) { return call.Int(0) != hiddenLayer_; });
+    host_.On("BX_LoadTGF", [this](const HostCall& call) { return Load({call.Int(1), call.Int(2), call.Int(3)}); });
+    host_.On("BX_SaveTGF", [this](const HostCall& call) {
+      ++saves_;
+      if (saves_ == cancelAtSave_) HoldCommandPeriod(true);
+      EXPECT_NE(call.Pointer<void>(0), nullptr);
+      return 1;
+    });
+    host_.On("BX_FreeTGF", [this](const HostCall&) {
+      ++frees_;
+      if (frees_ == cancelAtFree_) HoldCommandPeriod(true);
+      return 0;
+    });
+    region_.regionScope = 0xABCD;
+  }
+
+  void TearDown() override { HoldCommandPeriod(false); }
+
+  static void HoldCommandPeriod(bool held) {
+    BrvPlatformSetModifierFlags(held ? 0x100000 : 0);
+    BrvPlatformSetKeyDown(47, held);
+  }
+
+  void Add(Place place, const std::vector<std::int32_t>& positions, int flags = 0) {
+    Frame& frame = frames_[place];
+    for (const std::int32_t position : positions) {
+      EXENTRY entry = {};
+      entry.position = position;
+      entry.flags = static_cast<std::uint16_t>(flags);
+      entry.noteCount = 1;
+      frame.entries.push_back(entry);
+    }
+    frame.record.entries = frame.entries.data();
+    frame.record.entryCount = static_cast<std::int16_t>(frame.entries.size());
+  }
+
+  void Select(int startStaff, int endStaff, int startMeasure, int endMeasure, std::int32_t from = 0,
+              std::int32_t to = kEverything) {
+    region_.startStaff = static_cast<std::int16_t>(startStaff);
+    region_.endStaff = static_cast<std::int16_t>(endStaff);
+    region_.startMeasure = static_cast<std::int16_t>(startMeasure);
+    region_.endMeasure = static_cast<std::int16_t>(endMeasure);
+    region_.startPosition = from;
+    region_.endPosition = to;
+  }
+
+  int Run(int item) { return BrevixExtensionInvoke(nullptr, item, &region_, nullptr); }
+
+  std::vector<int> Flags(Place place) const {
+    std::vector<int> flags;
+    for (const EXENTRY& entry : frames_.at(place).entries) flags.push_back(entry.flags);
+    return flags;
+  }
+
+  std::uint64_t Load(Place place) {
+    const auto found = frames_.find(place);
+    return found == frames_.end() ? 0 : reinterpret_cast<std::uint64_t>(&found->second.record);
+  }
+
+  RecordingHost host_;
+  EREGION region_ = {};
+  std::map<Place, Frame> frames_;
+  std::uint64_t layers_ = 1;
+  int hiddenLayer_ = -1;
+  int saves_ = 0;
+  int frees_ = 0;
+  int cancelAtSave_ = 0;
+  int cancelAtFree_ = 0;
+};
+
+TEST_F(Command, SetsTheBitOfEveryEntryOfAMeasure) {
+  Add({1, 1, 0}, {0, 10, kEverything}, 0x8001);
+  Select(1, 1, 1, 1);
+  EXPECT_EQ(Run(kHide), 1);
+  EXPECT_THAT(Flags({1, 1, 0}), ElementsAre(0x8041, 0x8041, 0x8041));
+}
+
+TEST_F(Command, ClearsTheBitAndNoOther) {
+  Add({1, 1, 0}, {0, 10}, 0xFFFF);
+  Select(1, 1, 1, 1);
+  EXPECT_EQ(Run(kShow), 1);
+  EXPECT_THAT(Flags({1, 1, 0}), ElementsAre(0xFFBF, 0xFFBF));
+}
+
+TEST_F(Command, RunTwiceChangesAndSavesNothingTheSecondTime) {
+  Add({1, 1, 0}, {0, 10});
+  Select(1, 1, 1, 1);
+  EXPECT_EQ(Run(kHide), 1);
+  EXPECT_EQ(saves_, 1);
+  EXPECT_EQ(Run(kHide), 0);
+  EXPECT_EQ(saves_, 1);
+  EXPECT_EQ(frees_, 2);
+}
+
+TEST_F(Command, CountsBothPositionsAsInside) {
+  Add({1, 1, 0}, {99, 100, 101, 199, 200, 201});
+  Select(1, 1, 1, 1, 100, 200);
+  Run(kHide);
+  EXPECT_THAT(Flags({1, 1, 0}), ElementsAre(0, 0x40, 0x40, 0x40, 0x40, 0));
+}
+
+TEST_F(Command, StopsAtTheFirstEntryBehindTheRange) {
+  Add({1, 1, 0}, {0, 300, 100});
+  Select(1, 1, 1, 1, 0, 200);
+  Run(kHide);
+  EXPECT_THAT(Flags({1, 1, 0}), ElementsAre(0x40, 0, 0));
+}
+
+TEST_F(Command, CutsOnlyTheFirstAndLastMeasureAndAllStavesAlike) {
+  for (const int staff : {1, 2}) {
+    for (const int measure : {1, 2, 3}) Add({staff, measure, 0}, {-5, 0, 100, 200});
+  }
+  Select(1, 2, 1, 3, 100, 100);
+  Run(kHide);
+  for (const int staff : {1, 2}) {
+    EXPECT_THAT(Flags({staff, 1, 0}), ElementsAre(0, 0, 0x40, 0x40));
+    EXPECT_THAT(Flags({staff, 2, 0}), ElementsAre(0, 0x40, 0x40, 0x40));
+    EXPECT_THAT(Flags({staff, 3, 0}), ElementsAre(0, 0x40, 0x40, 0));
+  }
+}
+
+TEST_F(Command, TakesANegativeStartForWhatItIs) {
+  Add({1, 1, 0}, {-5, 0});
+  Select(1, 1, 1, 1, -5);
+  Run(kHide);
+  EXPECT_THAT(Flags({1, 1, 0}), ElementsAre(0x40, 0x40));
+}
+
+TEST_F(Command, FreesAFrameWithoutEntriesAndDoesNotSaveIt) {
+  for (const int count : {0, -1}) {
+    Add({1, 1, 0}, {0});
+    frames_[{1, 1, 0}].record.entryCount = static_cast<std::int16_t>(count);
+    Select(1, 1, 1, 1);
+    host_.Forget();
+    EXPECT_EQ(Run(kHide), 0);
+    EXPECT_EQ(host_.Count("BX_SaveTGF"), 0);
+    EXPECT_EQ(host_.Count("BX_FreeTGF"), 1);
+    EXPECT_EQ(Flags({1, 1, 0})[0], 0);
+  }
+}
+
+TEST_F(Command, MakesTheseCallsInThisOrder) {
+  layers_ = 4;
+  hiddenLayer_ = 1;
+  std::vector<std::string> expected = {"BX_GetMaxLayers()", "BX_GetMaxLayers()"};
+  for (const int staff : {3, 4}) {
+    for (const int layer : {0, 1, 2, 3}) {
+      expected.push_back("BX_GetShowLayer(" + std::to_string(layer) + ")");
+      if (layer == hiddenLayer_) continue;
+      for (const int measure : {7, 8, 9}) {
+        expected.push_back("BX_LoadTGF(43981, " + std::to_string(staff) + ", " + std::to_string(measure) + ", " +
+                           std::to_string(layer) + ", 1)");
+        const bool missing = (staff == 3 && measure == 8 && layer == 0) || (staff == 4 && measure == 9 && layer == 3);
+        if (missing) continue;
+        // Layer 2 has its bits set already.
+        Add({staff, measure, layer}, {0, 50}, layer == 2 ? 0x40 : 0);
+        if (layer != 2) expected.push_back("BX_SaveTGF(pointer)");
+        expected.push_back("BX_FreeTGF(pointer)");
+      }
+    }
+  }
+  Select(3, 4, 7, 9);
+  EXPECT_EQ(Run(kHide), 1);
+  EXPECT_THAT(host_.Texts(), ElementsAreArray(expected));
+  for (const HostCall& call : host_.Calls()) EXPECT_EQ(call.arguments.back(), 0x19500000u);
+}
+
+TEST_F(Command, CancelledAtAnyFrameKeepsWhatWasSavedAndLoadsNoMore) {
+  constexpr int kFrames = 2 * 3 * 2;
+  layers_ = 2;
+  for (int cancelAt = 1; cancelAt <= kFrames; ++cancelAt) {
+    frames_.clear();
+    for (const int staff : {1, 2}) {
+      for (const int measure : {1, 2, 3}) {
+        for (const int layer : {0, 1}) Add({staff, measure, layer}, {0});
+      }
+    }
+    Select(1, 2, 1, 3);
+    host_.Forget();
+    saves_ = frees_ = 0;
+    cancelAtFree_ = cancelAt;
+    EXPECT_EQ(Run(kHide), 1);
+    HoldCommandPeriod(false);
+    EXPECT_EQ(host_.Count("BX_LoadTGF"), cancelAt);
+    EXPECT_EQ(host_.Count("BX_SaveTGF"), cancelAt);
+    EXPECT_EQ(host_.Count("BX_FreeTGF"), cancelAt);
+    int changed = 0;
+    for (const auto& [place, frame] : frames_) changed += frame.entries[0].flags == 0x40;
+    EXPECT_EQ(changed, cancelAt);
+  }
+}
+
+TEST_F(Command, CancelledBeforeTheFirstChangeReturnsZero) {
+  Add({1, 1, 0}, {0}, 0x40);
+  Add({1, 2, 0}, {0});
+  Select(1, 1, 1, 2);
+  cancelAtFree_ = 1;
+  EXPECT_EQ(Run(kHide), 0);
+  EXPECT_EQ(Flags({1, 2, 0})[0], 0);
+  EXPECT_EQ(host_.Calls().back().name, "BX_AlertMessage");
+}
+
+TEST_F(Command, LoadsNothingInAnInvertedRegion) {
+  Add({1, 1, 0}, {0});
+  Select(2, 1, 1, 1);
+  EXPECT_EQ(Run(kHide), 0);
+  Select(1, 1, 2, 1);
+  EXPECT_EQ(Run(kHide), 0);
+  EXPECT_EQ(host_.Count("BX_LoadTGF"), 0);
+  EXPECT_EQ(host_.Count("BX_GetShowLayer"), 0);
+}
+
+TEST_F(Command, HasNothingToDoInAHostWithoutLayers) {
+  for (const int layers : {0, -1}) {
+    layers_ = static_cast<std::uint64_t>(layers);
+    Select(1, 1, 1, 1);
+    EXPECT_EQ(Run(kHide), 0);
+  }
+  EXPECT_EQ(host_.Count("BX_LoadTGF"), 0);
+}
+
+TEST_F(Command, EndsAtTheLastStaffAndMeasureThatThereCanBe) {
+  Select(32766, 32767, 32766, 32767);
+  EXPECT_EQ(Run(kHide), 0);
+  EXPECT_EQ(host_.Count("BX_LoadTGF"), 4);
+}
+
+}  // namespace

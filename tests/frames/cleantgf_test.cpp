@@ -1,0 +1,194 @@
+// Frames on their way back to the host.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <functional>
+#include <vector>
+
+#include "brevixpdk.h"
+#include "recordinghost.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+class SaveTGF : public testing::Test {
+ protected:
+  void TearDown() override { CanAddNoteRecordToRests = 1; }
+
+  static EXENTRY Entry(const std::vector<int>& noteIDs) {
+    EXENTRY entry;
+    std::memset(&entry, 0xA5, sizeof(entry));
+    entry.noteCount = static_cast<std::int16_t>(noteIDs.size());
+    for (std::size_t i = 0; i < noteIDs.size(); ++i) entry.notes[i].noteID = static_cast<std::uint16_t>(noteIDs[i]);
+    return entry;
+  }
+
+  void Save(EXENTRY& entry, int entryCount = 1) {
+    EXTGF2005a frame = {};
+    frame.entries = &entry;
+    frame.entryCount = static_cast<std::int16_t>(entryCount);
+    BX_SaveTGF(&frame, kBrvVersion);
+  }
+
+  std::vector<int> Renumbered(const std::vector<int>& noteIDs) {
+    EXENTRY entry = Entry(noteIDs);
+    Save(entry);
+    std::vector<int> ids;
+    for (std::size_t i = 0; i < noteIDs.size(); ++i) ids.push_back(entry.notes[i].noteID);
+    return ids;
+  }
+
+  static bool IsZero(const EXNOTE& note) {
+    static const EXNOTE kZero = {};
+    return std::memcmp(&note, &kZero, sizeof(note)) == 0;
+  }
+
+  RecordingHost host_;
+};
+
+TEST_F(SaveTGF, RenumbersTheEarlierOfTwoEqualNoteIds) { EXPECT_THAT(Renumbered({5, 5, 3}), ElementsAre(6, 5, 3)); }
+
+TEST_F(SaveTGF, NumbersNotesWithoutAnId) { EXPECT_THAT(Renumbered({0, 0}), ElementsAre(1, 2)); }
+
+TEST_F(SaveTGF, NumbersOnFromTheGreatestId) { EXPECT_THAT(Renumbered({0, 9, 0, 4}), ElementsAre(10, 9, 11, 4)); }
+
+TEST_F(SaveTGF, RenumbersAllButTheLastOfManyEqualIds) {
+  EXPECT_THAT(Renumbered({7, 7, 7, 7}), ElementsAre(8, 9, 10, 7));
+}
+
+TEST_F(SaveTGF, CountsAnIdWithBit15AsNegative) {
+  EXPECT_THAT(Renumbered({0x8000, 0}), ElementsAre(0x8000, 1));
+  EXPECT_THAT(Renumbered({0xFFFF, 0xFFFF}), ElementsAre(1, 0xFFFF));
+}
+
+TEST_F(SaveTGF, KeepsIdsThatAreUniqueAlready) { EXPECT_THAT(Renumbered({3, 1, 2}), ElementsAre(3, 1, 2)); }
+
+TEST_F(SaveTGF, CopiesTheLowFiveBitsOfTheIdIntoTheNoteWord) {
+  EXENTRY entry = Entry({33, 31, 5});
+  Save(entry);
+  EXPECT_EQ(entry.notes[0].noteWord, (0xA5A5 & ~0x1F) | 1);
+  EXPECT_EQ(entry.notes[1].noteWord, (0xA5A5 & ~0x1F) | 31);
+  EXPECT_EQ(entry.notes[2].noteWord, (0xA5A5 & ~0x1F) | 5);
+}
+
+TEST_F(SaveTGF, CopiesTheIdThatANoteWasGiven) {
+  EXENTRY entry = Entry({5, 5, 3});
+  Save(entry);
+  EXPECT_EQ(entry.notes[0].noteWord & 0x1F, 6);
+  EXPECT_EQ(entry.notes[1].noteWord & 0x1F, 5);
+  EXPECT_EQ(entry.notes[2].noteWord & 0x1F, 3);
+}
+
+TEST_F(SaveTGF, ZeroesTheUnusedNotes) {
+  EXENTRY entry = Entry({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11});
+  Save(entry);
+  EXPECT_FALSE(IsZero(entry.notes[10]));
+  EXPECT_TRUE(IsZero(entry.notes[11]));
+}
+
+TEST_F(SaveTGF, KeepsAllNotesOfAFullEntry) {
+  EXENTRY entry = Entry({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12});
+  Save(entry);
+  EXPECT_EQ(entry.noteCount, 12);
+  EXPECT_EQ(entry.notes[11].noteID, 12);
+  EXPECT_EQ(entry.notes[11].hostWord, 0xA5A5);
+}
+
+TEST_F(SaveTGF, GivesARestAPlaceholderNote) {
+  EXENTRY entry = Entry({});
+  entry.entryFlags[3] = 0x40;
+  Save(entry);
+  EXPECT_EQ(entry.noteCount, 1);
+  EXPECT_EQ(entry.notes[0].noteID, 0);
+  EXPECT_EQ(entry.notes[0].hostWord, 0);
+  EXPECT_EQ(entry.notes[0].noteWord, 0x8000);
+  EXPECT_EQ(entry.entryFlags[3], 0x41);
+  for (int i = 1; i < 12; ++i) EXPECT_TRUE(IsZero(entry.notes[i])) << i;
+}
+
+TEST_F(SaveTGF, LeavesARestWithoutNotesWherePlaceholdersAreSwitchedOff) {
+  CanAddNoteRecordToRests = 0;
+  EXENTRY entry = Entry({});
+  entry.entryFlags[3] = 0x40;
+  Save(entry);
+  EXPECT_EQ(entry.noteCount, 0);
+  EXPECT_EQ(entry.entryFlags[3], 0x40);
+  for (const EXNOTE& note : entry.notes) EXPECT_TRUE(IsZero(note));
+}
+
+TEST_F(SaveTGF, TakesANegativeNoteCountForNone) {
+  EXENTRY entry = Entry({});
+  entry.noteCount = -3;
+  EXENTRY expected = entry;
+  std::memset(expected.notes, 0, sizeof(expected.notes));
+  Save(entry);
+  EXPECT_EQ(std::memcmp(&entry, &expected, sizeof(entry)), 0);
+}
+
+TEST_F(SaveTGF, TouchesNothingButNotesCountAndThePlaceholderBit) {
+  EXENTRY entry = Entry({});
+  EXENTRY expected = entry;
+  std::memset(expected.notes, 0, sizeof(expected.notes));
+  expected.noteCount = 1;
+  expected.notes[0].noteWord = 0x8000;
+  expected.entryFlags[3] |= 1;
+  Save(entry);
+  EXPECT_EQ(std::memcmp(&entry, &expected, sizeof(entry)), 0);
+}
+
+TEST_F(SaveTGF, LeavesAFrameWithoutEntriesAlone) {
+  for (const int count : {0, -1, -32768}) {
+    EXENTRY entry = Entry({0, 0});
+    const EXENTRY untouched = entry;
+    Save(entry, count);
+    EXPECT_EQ(std::memcmp(&entry, &untouched, sizeof(entry)), 0) << count;
+  }
+}
+
+TEST_F(SaveTGF, CleansEveryEntry) {
+  EXENTRY entries[] = {Entry({0}), Entry({}), Entry({4, 4})};
+  Save(entries[0], 3);
+  EXPECT_EQ(entries[0].notes[0].noteID, 1);
+  EXPECT_EQ(entries[1].noteCount, 1);
+  EXPECT_EQ(entries[2].notes[0].noteID, 5);
+}
+
+TEST_F(SaveTGF, SendsTheHostTheCleanedFrame) {
+  host_.On("BX_SaveTGF", [](const HostCall& call) -> std::uint64_t {
+    EXPECT_EQ(call.Pointer<EXTGF2005a>(0)->entries[0].noteCount, 1);
+    return 1;
+  });
+  EXENTRY entry = Entry({});
+  Save(entry);
+  EXPECT_EQ(host_.Count("BX_SaveTGF"), 1);
+}
+
+TEST_F(SaveTGF, IsNotAloneInCleaningFrames) {
+  const std::vector<std::function<void(EXTGF2005a*)>> calls = {
+      [](EXTGF2005a* frame) { BX_InsertEXENTRY(frame, 0, 1, kBrvVersion); },
+      [](EXTGF2005a* frame) { BX_DeleteEXENTRY(frame, 0, 1, kBrvVersion); },
+      [](EXTGF2005a* frame) { BX_ReduceEntries(frame, kBrvVersion); }};
+  for (const auto& call : calls) {
+    EXENTRY entry = Entry({0});
+    EXTGF2005a frame = {};
+    frame.entries = &entry;
+    frame.entryCount = 1;
+    call(&frame);
+    EXPECT_EQ(entry.notes[0].noteID, 1);
+  }
+}
+
+TEST_F(SaveTGF, OnlyCleansOnTheWayBack) {
+  EXENTRY entry = Entry({0});
+  EXTGF2005a frame = {};
+  frame.entries = &entry;
+  frame.entryCount = 1;
+  host_.Answer("BX_LoadTGF", reinterpret_cast<std::uint64_t>(&frame));
+  EXPECT_EQ(BX_LoadTGF(0, 1, 1, 0, 1, kBrvVersion), &frame);
+  BX_FreeTGF(&frame, kBrvVersion);
+  EXPECT_EQ(entry.notes[0].noteID, 0);
+}
+
+}  // namespace
