@@ -11,7 +11,7 @@ build_and_test() {
   local preset=$1
   shift
   echo "== $preset"
-  cmake --preset "$preset" >/dev/null
+  cmake --preset "$preset" -DBRV_BUILD_TESTS=ON >/dev/null
   cmake --build --preset "$preset" -j "$(nproc)" "$@"
   ctest --preset "$preset" -j "$(nproc)"
 }
