@@ -3,6 +3,7 @@
 #include <CoreFoundation/CoreFoundation.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <vector>
 
@@ -95,17 +96,13 @@ class Formatter {
     precision_ = Resolve(spec.precision, arguments);
     hasPrecision_ = spec.precision.kind != FormatNumber::kNone && precision_ >= 0;
     left_ = spec.flags.find('-') != std::string::npos;
-    if (width_ < 0) {
-      left_ = true;
-      width_ = -width_;
-    }
   }
 
   std::u16string Text() const {
     switch (spec_.type) {
       case ArgumentType::kInt:
         if (spec_.conversion == 'c') return Character(static_cast<unsigned char>(value_.asInt));
-        if (spec_.conversion == 'C') return Padded(std::u16string(1, static_cast<char16_t>(value_.asInt)));
+        if (spec_.conversion == 'C') return std::u16string(1, static_cast<char16_t>(value_.asInt));
         return Number(value_.asInt);
       case ArgumentType::kLong:
         return Number(value_.asLong);
@@ -118,7 +115,8 @@ class Formatter {
       case ArgumentType::kUnits:
         return Units(static_cast<const char16_t*>(value_.asPointer));
       case ArgumentType::kObject:
-        return Padded(Clipped(value_.asPointer == nullptr ? u"(null)" : ObjectOf(value_.asPointer).Description()));
+        // An object is described whole, whatever the width and the precision.
+        return value_.asPointer == nullptr ? kNull : ObjectOf(value_.asPointer).Description();
       case ArgumentType::kPointer:
         return spec_.conversion == 'p' ? Pointer() : std::u16string();
       case ArgumentType::kNone:
@@ -132,47 +130,37 @@ class Formatter {
     return number.kind == FormatNumber::kArgument ? arguments[number.value].asInt : number.value;
   }
 
-  std::u16string Clipped(std::u16string text) const {
-    if (hasPrecision_) text.resize(std::min(text.size(), static_cast<std::size_t>(precision_)));
-    return text;
-  }
-
   std::u16string Padded(std::u16string text) const {
-    const auto width = static_cast<std::size_t>(width_);
+    // A negative width from an argument is none; only numbers take it for the flag "-".
+    const auto width = static_cast<std::size_t>(std::max(width_, 0));
     if (text.size() < width) text.insert(left_ ? text.size() : 0, width - text.size(), u' ');
     return text;
   }
 
-  std::u16string Character(unsigned char byte) const {
-    const char text[] = {static_cast<char>(byte), '\0'};
-    return Padded(Decode(std::string_view(text, 1), kCFStringEncodingMacRoman).value_or(u""));
-  }
+  // A character is a unit below 0x100. The end of a text has no place inside of one.
+  std::u16string Character(unsigned char byte) const { return Padded(std::u16string(byte == 0 ? 0 : 1, byte)); }
 
   // Precision counts bytes, width units.
   std::u16string CString(const char* text) const {
-    if (text == nullptr) return Padded(Clipped(u"(null)"));
+    if (text == nullptr) return kNull;
     std::size_t length = 0;
     while ((!hasPrecision_ || length < static_cast<std::size_t>(precision_)) && text[length] != '\0') ++length;
     return Padded(Decode({text, length}, kCFStringEncodingMacRoman).value_or(u""));
   }
 
   std::u16string Units(const char16_t* text) const {
-    if (text == nullptr) return Padded(Clipped(u"(null)"));
+    if (text == nullptr) return kNull;
+    if (precision_ < 0) return {};
     std::size_t length = 0;
     while ((!hasPrecision_ || length < static_cast<std::size_t>(precision_)) && text[length] != 0) ++length;
     return Padded(std::u16string(text, length));
   }
 
-  // printf itself writes the numbers. "D", "U" and "O" are the old names of "ld", "lu" and "lo".
+  // printf itself writes the numbers.
   template <class Value>
   std::u16string Number(Value value) const {
-    std::string_view length = spec_.length == "q" ? std::string_view("ll") : std::string_view(spec_.length);
-    char conversion = spec_.conversion;
-    if (conversion == 'D' || conversion == 'U' || conversion == 'O') {
-      conversion = static_cast<char>(conversion - 'A' + 'a');
-      length = "l";
-    }
-    return Printed(std::string(length).append(1, conversion), value);
+    const std::string_view length = spec_.length == "q" ? std::string_view("ll") : std::string_view(spec_.length);
+    return Printed(std::string(length).append(1, spec_.conversion), value);
   }
 
   std::u16string Pointer() const { return Printed("p", value_.asPointer); }
@@ -181,15 +169,17 @@ class Formatter {
   std::u16string Printed(const std::string& conversion, Value value) const {
     std::string format("%");
     format.append(spec_.flags).append(left_ ? "-" : "").append("*");
-    if (hasPrecision_) format.append(".").append(std::to_string(precision_));
+    if (hasPrecision_) format.append(".").append(std::to_string(std::min(precision_, kMostRoom)));
     format.append(conversion);
-    const int size = std::snprintf(nullptr, 0, format.c_str(), width_, value);
-    if (size < 0) return {};
-    std::string text(static_cast<std::size_t>(size) + 1, '\0');
-    std::snprintf(text.data(), text.size(), format.c_str(), width_, value);
-    text.pop_back();
-    return Widen(text);
+    std::array<char, kMostRoom + 1> text;
+    std::snprintf(text.data(), text.size(), format.c_str(), std::clamp(width_, -kMostRoom, kMostRoom), value);
+    return Widen(std::string(text.data()).substr(0, kLongestNumber));
   }
+
+  // The system cuts a number here.
+  static constexpr int kLongestNumber = 510;
+  static constexpr int kMostRoom = 2 * kLongestNumber;
+  static constexpr const char16_t* kNull = u"(null)";
 
   const FormatSpec& spec_;
   const Argument& value_;
@@ -201,11 +191,12 @@ class Formatter {
 
 }  // namespace
 
-std::u16string Format(std::u16string_view format, va_list arguments) {
-  const std::vector<FormatPiece> pieces = ParseFormat(format);
-  const Arguments values(pieces, arguments);
+std::optional<std::u16string> Format(std::u16string_view format, va_list arguments) {
+  const std::optional<std::vector<FormatPiece>> pieces = ParseFormat(format);
+  if (!pieces) return std::nullopt;
+  const Arguments values(*pieces, arguments);
   std::u16string text;
-  for (const FormatPiece& piece : pieces) {
+  for (const FormatPiece& piece : *pieces) {
     text += piece.spec ? Formatter(*piece.spec, values).Text() : piece.text;
   }
   return text;
@@ -217,7 +208,8 @@ using namespace brvplatform;
 
 CFStringRef CFStringCreateWithFormatAndArguments(CFAllocatorRef, CFDictionaryRef, CFStringRef format,
                                                  va_list arguments) {
-  return NewString(Format(UnitsOf(format), arguments));
+  std::optional<std::u16string> text = Format(UnitsOf(format), arguments);
+  return text ? NewString(std::move(*text)) : nullptr;
 }
 
 CFStringRef CFStringCreateWithFormat(CFAllocatorRef allocator, CFDictionaryRef formatOptions, CFStringRef format, ...) {

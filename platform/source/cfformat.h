@@ -4,11 +4,13 @@
 
 #include <stdarg.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace brvplatform {
 
-std::u16string Format(std::u16string_view format, va_list arguments);
+// Nothing, if it is no format.
+std::optional<std::u16string> Format(std::u16string_view format, va_list arguments);
 
 }  // namespace brvplatform

@@ -1,6 +1,7 @@
 #include "formatspec.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace brvplatform {
 namespace {
@@ -22,15 +23,11 @@ ArgumentType TypeOf(char conversion, std::string_view length) {
     case 'X':
     case 'o':
       return IntegerType(length);
-    case 'D':
-    case 'U':
-    case 'O':
-      return ArgumentType::kLong;
     case 'c':
     case 'C':
       return ArgumentType::kInt;
     case 's':
-      return length == "l" ? ArgumentType::kUnits : ArgumentType::kCString;
+      return ArgumentType::kCString;
     case 'S':
       return ArgumentType::kUnits;
     case '@':
@@ -52,11 +49,22 @@ ArgumentType TypeOf(char conversion, std::string_view length) {
   }
 }
 
+bool IsNumber(ArgumentType type) {
+  return type == ArgumentType::kInt || type == ArgumentType::kLong || type == ArgumentType::kDouble ||
+         type == ArgumentType::kLongDouble;
+}
+
+constexpr int kMostArguments = 127;
+
+bool IsBeyondNumbers(const FormatNumber& number) {
+  return number.kind == FormatNumber::kNumber && number.value == INT32_MAX;
+}
+
 class Parser {
  public:
   explicit Parser(std::u16string_view format) : format_(format) {}
 
-  std::vector<FormatPiece> Pieces() {
+  std::optional<std::vector<FormatPiece>> Pieces() {
     std::vector<FormatPiece> pieces;
     while (at_ < format_.size()) {
       const std::size_t percent = std::min(format_.find(u'%', at_), format_.size());
@@ -66,7 +74,7 @@ class Parser {
       ++at_;
       if (std::optional<FormatPiece> piece = Conversion()) pieces.push_back(std::move(*piece));
     }
-    return pieces;
+    return valid_ ? std::optional(std::move(pieces)) : std::nullopt;
   }
 
  private:
@@ -74,8 +82,9 @@ class Parser {
 
   std::optional<int> Number() {
     const std::size_t begin = at_;
-    long value = 0;
-    for (; Peek() >= u'0' && Peek() <= u'9'; ++at_) value = std::min(value * 10 + (Peek() - u'0'), 0x7FFFFFFFL);
+    std::int64_t value = 0;
+    for (; Peek() >= u'0' && Peek() <= u'9'; ++at_)
+      value = std::min(value * 10 + (Peek() - u'0'), std::int64_t{INT32_MAX});
     return at_ == begin ? std::nullopt : std::optional(static_cast<int>(value));
   }
 
@@ -101,23 +110,38 @@ class Parser {
     return number ? FormatNumber{FormatNumber::kNumber, *number} : FormatNumber{};
   }
 
-  // A conversion that is cut off by the end of the format gives nothing; an unknown one stands for its own character.
+  // An unknown conversion gives the unit behind its percent sign; so "%%" gives "%". The old names of "%ld", "%lu" and
+  // "%lo" stand for themselves.
+  FormatPiece Unknown(char16_t unit, std::size_t begin) const {
+    if (unit == u'D' || unit == u'U' || unit == u'O') return {std::u16string{u'%', unit}, std::nullopt};
+    return {std::u16string(1, format_[begin]), std::nullopt};
+  }
+
+  // A conversion that is cut off by the end of the format gives nothing.
   std::optional<FormatPiece> Conversion() {
+    const std::size_t begin = at_;
     FormatSpec spec;
     const std::optional<int> position = Position();
     while (Contains("-+ #0", Peek())) spec.flags.push_back(static_cast<char>(format_[at_++]));
     spec.width = WidthOrPrecision();
-    if (Peek() == u'.') {
+    const bool hasPoint = Peek() == u'.';
+    if (hasPoint) {
       ++at_;
       spec.precision = WidthOrPrecision();
-      if (spec.precision.kind == FormatNumber::kNone) spec.precision = {FormatNumber::kNumber, 0};
     }
     while (Contains("hlqztjL", Peek())) spec.length.push_back(static_cast<char>(format_[at_++]));
     if (at_ == format_.size()) return std::nullopt;
     const char16_t unit = format_[at_++];
     spec.conversion = unit < 0x80 ? static_cast<char>(unit) : '\0';
     spec.type = TypeOf(spec.conversion, spec.length);
-    if (spec.type == ArgumentType::kNone) return FormatPiece{std::u16string(1, unit), std::nullopt};
+    if (spec.type == ArgumentType::kNone) return Unknown(unit, begin);
+    if (IsBeyondNumbers(spec.width) || IsBeyondNumbers(spec.precision) || position.value_or(0) >= kMostArguments) {
+      valid_ = false;
+    }
+    // "%.f" has a precision of 0; texts take a point alone for none.
+    if (hasPoint && spec.precision.kind == FormatNumber::kNone && IsNumber(spec.type)) {
+      spec.precision = {FormatNumber::kNumber, 0};
+    }
     spec.argument = position ? *position : nextArgument_++;
     return FormatPiece{{}, std::move(spec)};
   }
@@ -125,10 +149,11 @@ class Parser {
   std::u16string_view format_;
   std::size_t at_ = 0;
   int nextArgument_ = 0;
+  bool valid_ = true;
 };
 
 }  // namespace
 
-std::vector<FormatPiece> ParseFormat(std::u16string_view format) { return Parser(format).Pieces(); }
+std::optional<std::vector<FormatPiece>> ParseFormat(std::u16string_view format) { return Parser(format).Pieces(); }
 
 }  // namespace brvplatform

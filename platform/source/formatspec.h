@@ -33,6 +33,8 @@ struct FormatPiece {
   std::optional<FormatSpec> spec;
 };
 
-std::vector<FormatPiece> ParseFormat(std::u16string_view format);
+// Positions and numbers have their limits: a format with an argument beyond the 127th, or a width or precision of more
+// than 31 bits, is none.
+std::optional<std::vector<FormatPiece>> ParseFormat(std::u16string_view format);
 
 }  // namespace brvplatform

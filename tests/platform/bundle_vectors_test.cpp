@@ -4,10 +4,9 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
 #include <map>
-#include <set>
 
+#include "knowndifferences.h"
 #include "tests/support/shared.h"
 #include "vectors.h"
 
@@ -43,25 +42,6 @@ std::string Utf8(CFTypeRef string) {
 
 CFStringRef MakeUtf8(const std::string& text) {
   return CFStringCreateWithCString(kCFAllocatorDefault, text.c_str(), kCFStringEncodingUTF8);
-}
-
-// The rows that stay unmatched, each with its reason beside it: the number of a line, then text.
-std::set<int> KnownDifferences(const char* table) {
-  std::ifstream file(fs::path(BRV_SOURCE_DIR) / "tests/platform/known-differences" / table);
-  std::set<int> lines;
-  for (std::string line; std::getline(file, line);) {
-    if (!line.empty() && line[0] != '#') lines.insert(std::stoi(line));
-  }
-  return lines;
-}
-
-// Compares a row, and sees to it that the list of known differences can only shrink.
-void ExpectRow(const std::set<int>& known, const VectorRow& row, const std::string& got, const std::string& expected) {
-  if (known.contains(row.line)) {
-    EXPECT_NE(got, expected) << "line " << row.line << " matches now: take it off the list of known differences";
-    return;
-  }
-  EXPECT_EQ(got, expected) << "line " << row.line << ", " << row.columns[0];
 }
 
 // The cases that are made of symbolic links, and one of the links.
