@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "LIB/bxstring.h"
+#include "bxstring.h"
 
 namespace {
 
@@ -97,6 +97,13 @@ std::string NameOf(const Pair& pair, const char* side) {
   return std::string(pair.name) + "/" + side;
 }
 
+// How the reporter names a measurement: name, argument, repetitions.
+std::string RunName(const Pair& pair, const char* side, int length) {
+  std::string name = NameOf(pair, side);
+  name.append("/").append(std::to_string(length)).append("/repeats:").append(std::to_string(kRepetitions));
+  return name;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -115,8 +122,7 @@ int main(int argc, char** argv) {
   for (const Pair& pair : kPairs) {
     std::printf("\n%-18s", pair.name);
     for (const int length : kLengths) {
-      const std::string suffix = "/" + std::to_string(length) + "/repeats:" + std::to_string(kRepetitions);
-      std::printf("%10.2f", times.Of(NameOf(pair, "icu") + suffix) / times.Of(NameOf(pair, "bx") + suffix));
+      std::printf("%10.2f", times.Of(RunName(pair, "icu", length)) / times.Of(RunName(pair, "bx", length)));
     }
   }
   std::printf("\n");
