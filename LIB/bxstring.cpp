@@ -19,12 +19,10 @@ struct IsEnd {
 };
 
 struct IsUnitOrEnd {
-  explicit IsUnitOrEnd(UniChar wantedUnit) : wanted(wantedUnit), wantedBlock(Filled(wantedUnit)) {}
-  UnitBlock operator()(UnitBlock block) const { return Either(MarkEqual(block, wantedBlock), MarkZero(block)); }
+  UnitBlock operator()(UnitBlock block) const { return Either(MarkEqual(block, Filled(wanted)), MarkZero(block)); }
   bool operator()(UniChar unit) const { return unit == wanted || unit == 0; }
 
   UniChar wanted;
-  UnitBlock wantedBlock;
 };
 
 // The first unit, from units on, at which the scan is to stop. The end of the text must be among those.
@@ -139,14 +137,14 @@ std::size_t bx_strlen(const UniChar* s) {
 
 UniChar* bx_strchr(const UniChar* s, ushort16 unit) {
   const UniChar wanted = static_cast<UniChar>(unit);
-  const UniChar* found = Scan(s, IsUnitOrEnd(wanted));
+  const UniChar* found = Scan(s, IsUnitOrEnd{wanted});
   return LoadUnit(found) == wanted ? const_cast<UniChar*>(found) : nullptr;
 }
 
 UniChar* bx_strstr(const UniChar* haystack, const UniChar* needle) {
   const UniChar first = LoadUnit(needle);
   if (first == 0) return const_cast<UniChar*>(haystack);
-  const IsUnitOrEnd isFirstOrEnd(first);
+  const IsUnitOrEnd isFirstOrEnd{first};
   for (const UniChar* at = haystack;; ++at) {
     // Where the first unit of the needle is frequent, it is often the very next one.
     if (!isFirstOrEnd(LoadUnit(at))) at = Scan(at, isFirstOrEnd);
