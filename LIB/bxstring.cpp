@@ -1,6 +1,7 @@
 #include "bxstring.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <limits>
 
@@ -144,12 +145,23 @@ UniChar* bx_strchr(const UniChar* s, ushort16 unit) {
 UniChar* bx_strstr(const UniChar* haystack, const UniChar* needle) {
   const UniChar first = LoadUnit(needle);
   if (first == 0) return const_cast<UniChar*>(haystack);
-  const IsUnitOrEnd isFirstOrEnd{first};
-  for (const UniChar* at = haystack;; ++at) {
-    // Where the first unit of the needle is frequent, it is often the very next one.
-    if (!isFirstOrEnd(LoadUnit(at))) at = Scan(at, isFirstOrEnd);
-    if (LoadUnit(at) == 0) return nullptr;
-    if (StartsWith(at + 1, needle + 1)) return const_cast<UniChar*>(at);
+  const UniChar second = LoadUnit(needle + 1);
+  if (second == 0) return bx_strchr(haystack, first);
+  for (const UniChar* at = haystack;;) {
+    for (std::size_t blocks = BlocksInPage(at); blocks != 0; --blocks, at += kBlockUnits) {
+      // Where the first unit is frequent, most of its places are ruled out here, and none costs a scan of its own.
+      const UnitBlock block = LoadBlock(at);
+      unsigned places = MarkedUnits(Either(MarkPair(block, first, second), MarkZero(block)));
+      for (; places != 0; places &= places - 1) {
+        const UniChar* place = at + std::countr_zero(places);
+        if (LoadUnit(place) == 0) return nullptr;
+        if (StartsWith(place, needle)) return const_cast<UniChar*>(place);
+      }
+    }
+    for (; BlocksInPage(at) == 0; ++at) {
+      if (LoadUnit(at) == 0) return nullptr;
+      if (StartsWith(at, needle)) return const_cast<UniChar*>(at);
+    }
   }
 }
 

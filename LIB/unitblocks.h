@@ -68,6 +68,12 @@ inline UnitBlock MarkEqual(UnitBlock a, UnitBlock b) {
 inline UnitBlock MarkZero(UnitBlock block) {
   return _mm_cmpeq_epi16(block, _mm_setzero_si128());
 }
+// Marks first where second may follow it: what follows the last unit of the block is not known.
+inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
+  const UnitBlock last = _mm_slli_si128(_mm_set1_epi8(-1), sizeof(UnitBlock) - sizeof(UniChar));
+  const UnitBlock followed = MarkEqual(_mm_srli_si128(block, sizeof(UniChar)), Filled(second));
+  return _mm_and_si128(MarkEqual(block, Filled(first)), _mm_or_si128(followed, last));
+}
 inline UnitBlock Either(UnitBlock a, UnitBlock b) {
   return _mm_or_si128(a, b);
 }
@@ -84,6 +90,10 @@ inline bool AnyMarked(UnitBlock marks) {
 }
 inline bool AllMarked(UnitBlock marks) {
   return _mm_movemask_epi8(marks) == 0xFFFF;
+}
+// One bit for each unit, that of the first unit lowest.
+inline unsigned MarkedUnits(UnitBlock marks) {
+  return static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(marks, _mm_setzero_si128())));
 }
 // The place of the first marked unit, or kBlockUnits if none is marked.
 inline std::size_t FirstMarked(UnitBlock marks) {
