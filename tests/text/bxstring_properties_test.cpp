@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include <algorithm>
-#include <vector>
+#include <memory>
+#include <string_view>
 
 #include "units.h"
 
@@ -32,14 +32,14 @@ rc::Gen<std::u16string> Relative(const std::u16string& text) {
 // Memory of count units, not a byte more, at an even or odd address.
 class Placed {
  public:
-  Placed(std::size_t count, bool odd) : bytes_(count * sizeof(UniChar) + (odd ? 1 : 0), char{0x55}), odd_(odd) {}
+  Placed(std::size_t count, bool odd) : bytes_(new char[count * sizeof(UniChar) + (odd ? 1 : 0)]()), odd_(odd) {}
   Placed(const std::u16string& text, bool odd) : Placed(text.size() + 1, odd) {
     std::memcpy(At(), text.c_str(), (text.size() + 1) * sizeof(UniChar));
   }
-  UniChar* At() { return reinterpret_cast<UniChar*>(bytes_.data() + (odd_ ? 1 : 0)); }
+  UniChar* At() { return reinterpret_cast<UniChar*>(bytes_.get() + (odd_ ? 1 : 0)); }
 
  private:
-  std::vector<char> bytes_;
+  std::unique_ptr<char[]> bytes_;
   bool odd_;
 };
 
