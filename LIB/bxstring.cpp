@@ -151,12 +151,15 @@ UniChar* bx_strstr(const UniChar* haystack, const UniChar* needle) {
     for (std::size_t blocks = BlocksInPage(at); blocks != 0; --blocks, at += kBlockUnits) {
       // Where the first unit is frequent, most of its places are ruled out here, and none costs a scan of its own.
       const UnitBlock block = LoadBlock(at);
-      unsigned places = MarkedUnits(Either(MarkPair(block, first, second), MarkZero(block)));
-      for (; places != 0; places &= places - 1) {
+      const UnitBlock pairs = MarkPair(block, first, second);
+      if (!AnyMarked(Either(pairs, MarkZero(block)))) continue;
+      const unsigned ends = MarkedUnits(MarkZero(block));
+      const unsigned upToEnd = ends ^ (ends - 1);
+      for (unsigned places = MarkedUnits(pairs) & upToEnd; places != 0; places &= places - 1) {
         const UniChar* place = at + std::countr_zero(places);
-        if (LoadUnit(place) == 0) return nullptr;
-        if (StartsWith(place, needle)) return const_cast<UniChar*>(place);
+        if (StartsWith(place + 1, needle + 1)) return const_cast<UniChar*>(place);
       }
+      if (ends != 0) return nullptr;
     }
     for (; BlocksInPage(at) == 0; ++at) {
       if (LoadUnit(at) == 0) return nullptr;

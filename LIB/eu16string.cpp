@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <memory>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -59,8 +58,6 @@ eu16string::eu16string(char character) {
   AppendConverted(units_, text, GetApplicationTextEncoding());
 }
 
-eu16string::eu16string(Units units) : units_(std::move(units)) {}
-
 eu16string::~eu16string() = default;
 
 void eu16string::GetStdString(std::string& text) const {
@@ -90,9 +87,11 @@ eu16string& eu16string::AnsiDelete(std::uint32_t index, std::int32_t count) {
 }
 
 eu16string eu16string::AnsiSubString(std::int32_t start, std::int32_t count) const {
+  eu16string part(0u);
   const Units::size_type first = start < 1 ? 1 : static_cast<Units::size_type>(start);
-  if (count < 1 || first > units_.size()) return eu16string(Units());
-  return eu16string(units_.substr(first - 1, static_cast<Units::size_type>(count)));
+  if (count < 1 || first > units_.size()) return part;
+  part.units_ = units_.substr(first - 1, static_cast<Units::size_type>(count));
+  return part;
 }
 
 eu16string& eu16string::AnsiSetLength(std::uint32_t length) {

@@ -74,7 +74,5 @@ class BRV_EXPORT eu16string {
 
   friend int32 StrToIntDef(eu16string text, int32 defaultValue);
 
-  explicit eu16string(Units units);
-
   Units units_;
 };
