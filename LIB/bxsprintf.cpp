@@ -1,0 +1,25 @@
+#include <CoreFoundation/CoreFoundation.h>
+
+#include <algorithm>
+#include <cstdarg>
+
+#include "bxstring.h"
+#include "unitblocks.h"
+
+int32 bx_sprintf(UniChar* dst, std::size_t dstSize, const UniChar* format, ...) {
+  const CFStringRef formatString =
+      CFStringCreateWithCharacters(kCFAllocatorDefault, format, static_cast<CFIndex>(bx_strlen(format)));
+  std::va_list arguments;
+  va_start(arguments, format);
+  const CFStringRef result =
+      CFStringCreateWithFormatAndArguments(kCFAllocatorDefault, nullptr, formatString, arguments);
+  va_end(arguments);
+  CFRelease(formatString);
+
+  // For dstSize = 0 the room wraps to the largest number, and the whole result is written.
+  const std::size_t units = std::min(static_cast<std::size_t>(CFStringGetLength(result)), dstSize - 1);
+  CFStringGetCharacters(result, CFRangeMake(0, static_cast<CFIndex>(units)), dst);
+  StoreUnit(dst + units, 0);
+  CFRelease(result);
+  return static_cast<int32>(units);
+}

@@ -1,0 +1,194 @@
+#include "bxstring.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <limits>
+
+#include "unitblocks.h"
+
+namespace {
+
+constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
+
+// Blocks looked at one by one before four at a time are worth their cost: most texts are names of a few units.
+constexpr std::size_t kShortTextBlocks = 4;
+
+struct IsEnd {
+  UnitBlock operator()(UnitBlock block) const { return MarkZero(block); }
+  bool operator()(UniChar unit) const { return unit == 0; }
+};
+
+struct IsUnitOrEnd {
+  UnitBlock operator()(UnitBlock block) const { return Either(MarkEqual(block, Filled(wanted)), MarkZero(block)); }
+  bool operator()(UniChar unit) const { return unit == wanted || unit == 0; }
+
+  UniChar wanted;
+};
+
+// The first unit, from units on, at which the scan is to stop. The end of the text must be among those.
+template <class StopsAt>
+const UniChar* Scan(const UniChar* units, StopsAt stopsAt) {
+  const auto nextStop = [&](std::size_t blocks) {
+    for (; blocks != 0; --blocks, units += kBlockUnits) {
+      const UnitBlock marks = stopsAt(LoadBlock(units));
+      if (AnyMarked(marks)) {
+        units += FirstMarked(marks);
+        return true;
+      }
+    }
+    return false;
+  };
+  for (;;) {
+    std::size_t blocks = BlocksInPage(units);
+    const std::size_t shortText = std::min(blocks, kShortTextBlocks);
+    if (nextStop(shortText)) return units;
+    for (blocks -= shortText; blocks >= 4; blocks -= 4, units += 4 * kBlockUnits) {
+      const UnitBlock first = Either(stopsAt(LoadBlock(units)), stopsAt(LoadBlock(units + kBlockUnits)));
+      const UnitBlock second =
+          Either(stopsAt(LoadBlock(units + 2 * kBlockUnits)), stopsAt(LoadBlock(units + 3 * kBlockUnits)));
+      if (AnyMarked(Either(first, second))) break;
+    }
+    if (nextStop(blocks)) return units;
+    for (; BlocksInPage(units) == 0; ++units) {
+      if (stopsAt(LoadUnit(units))) return units;
+    }
+  }
+}
+
+// Marks the units that are equal in both and do not end the text.
+UnitBlock MarkMatch(const UniChar* a, const UniChar* b) {
+  const UnitBlock blockA = LoadBlock(a);
+  return OnlyFirst(MarkEqual(blockA, LoadBlock(b)), MarkZero(blockA));
+}
+
+// Where a and b first differ, or end together: -1, 0 or 1 for the units there; 0 if the first limit units are equal.
+int Compare(const UniChar* a, const UniChar* b, std::size_t limit) {
+  std::size_t at = 0;
+  const auto decide = [&] {
+    const UniChar unitA = LoadUnit(a + at);
+    const UniChar unitB = LoadUnit(b + at);
+    return (unitA > unitB) - (unitA < unitB);
+  };
+  const auto nextStop = [&](std::size_t blocks) {
+    for (; blocks != 0; --blocks, at += kBlockUnits) {
+      const UnitBlock matches = MarkMatch(a + at, b + at);
+      if (AllMarked(matches)) continue;
+      at += FirstUnmarked(matches);
+      return true;
+    }
+    return false;
+  };
+  while (at < limit) {
+    const std::size_t blocksToLimit = (limit - at - 1) / kBlockUnits + 1;
+    std::size_t blocks = std::min({BlocksInPage(a + at), BlocksInPage(b + at), blocksToLimit});
+    const std::size_t shortText = std::min(blocks, kShortTextBlocks);
+    if (nextStop(shortText)) return at < limit ? decide() : 0;
+    for (blocks -= shortText; blocks >= 4; blocks -= 4, at += 4 * kBlockUnits) {
+      const UnitBlock first = Both(MarkMatch(a + at, b + at), MarkMatch(a + at + kBlockUnits, b + at + kBlockUnits));
+      const UnitBlock second = Both(MarkMatch(a + at + 2 * kBlockUnits, b + at + 2 * kBlockUnits),
+                                    MarkMatch(a + at + 3 * kBlockUnits, b + at + 3 * kBlockUnits));
+      if (!AllMarked(Both(first, second))) break;
+    }
+    if (nextStop(blocks)) return at < limit ? decide() : 0;
+    for (; at < limit && (BlocksInPage(a + at) == 0 || BlocksInPage(b + at) == 0); ++at) {
+      if (LoadUnit(a + at) != LoadUnit(b + at) || LoadUnit(a + at) == 0) return decide();
+    }
+  }
+  return 0;
+}
+
+// Copies up to the 0 unit, which is copied too, and no more than limit units; returns how many were copied. What is
+// loaded of src is stored before more is loaded, and never beyond it, so that dst may overlap src from before.
+std::size_t CopyUpTo(UniChar* dst, const UniChar* src, std::size_t limit) {
+  std::size_t at = 0;
+  while (at < limit) {
+    for (std::size_t blocks = std::min(BlocksInPage(src + at), (limit - at) / kBlockUnits); blocks != 0; --blocks) {
+      const UnitBlock block = LoadBlock(src + at);
+      const UnitBlock ends = MarkZero(block);
+      if (AnyMarked(ends)) {
+        const std::size_t last = FirstMarked(ends) + 1;
+        StoreFirstUnits(dst + at, block, last);
+        return at + last;
+      }
+      StoreBlock(dst + at, block);
+      at += kBlockUnits;
+    }
+    for (; at < limit && (BlocksInPage(src + at) == 0 || limit - at < kBlockUnits); ++at) {
+      const UniChar unit = LoadUnit(src + at);
+      StoreUnit(dst + at, unit);
+      if (unit == 0) return at + 1;
+    }
+  }
+  return limit;
+}
+
+bool StartsWith(const UniChar* text, const UniChar* beginning) {
+  for (; LoadUnit(beginning) != 0; ++text, ++beginning) {
+    if (LoadUnit(text) != LoadUnit(beginning)) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::size_t bx_strlen(const UniChar* s) {
+  return static_cast<std::size_t>(Scan(s, IsEnd()) - s);
+}
+
+UniChar* bx_strchr(const UniChar* s, ushort16 unit) {
+  const UniChar wanted = static_cast<UniChar>(unit);
+  const UniChar* found = Scan(s, IsUnitOrEnd{wanted});
+  return LoadUnit(found) == wanted ? const_cast<UniChar*>(found) : nullptr;
+}
+
+UniChar* bx_strstr(const UniChar* haystack, const UniChar* needle) {
+  const UniChar first = LoadUnit(needle);
+  if (first == 0) return const_cast<UniChar*>(haystack);
+  const UniChar second = LoadUnit(needle + 1);
+  if (second == 0) return bx_strchr(haystack, first);
+  for (const UniChar* at = haystack;;) {
+    for (std::size_t blocks = BlocksInPage(at); blocks != 0; --blocks, at += kBlockUnits) {
+      // Where the first unit is frequent, most of its places are ruled out here, and none costs a scan of its own.
+      const UnitBlock block = LoadBlock(at);
+      const UnitBlock pairs = MarkPair(block, first, second);
+      if (!AnyMarked(Either(pairs, MarkZero(block)))) continue;
+      const unsigned ends = MarkedUnits(MarkZero(block));
+      const unsigned upToEnd = ends ^ (ends - 1);
+      for (unsigned places = MarkedUnits(pairs) & upToEnd; places != 0; places &= places - 1) {
+        const UniChar* place = at + std::countr_zero(places);
+        if (StartsWith(place + 1, needle + 1)) return const_cast<UniChar*>(place);
+      }
+      if (ends != 0) return nullptr;
+    }
+    for (; BlocksInPage(at) == 0; ++at) {
+      if (LoadUnit(at) == 0) return nullptr;
+      if (StartsWith(at, needle)) return const_cast<UniChar*>(at);
+    }
+  }
+}
+
+int32 bx_strcmp(const UniChar* a, const UniChar* b) {
+  return Compare(a, b, kNoLimit);
+}
+
+int32 bx_strncmp(const UniChar* a, const UniChar* b, std::size_t n) {
+  return Compare(a, b, n);
+}
+
+void bx_strncpy(UniChar* dst, const UniChar* src, std::size_t n) {
+  const std::size_t copied = CopyUpTo(dst, src, n);
+  if (copied < n) std::memset(dst + copied, 0, (n - copied) * sizeof(UniChar));
+}
+
+void bx_strcpy(UniChar* dst, const UniChar* src) {
+  CopyUpTo(dst, src, kNoLimit);
+}
+
+void bx_strcpy(UniChar* dst, std::size_t, const UniChar* src) {
+  bx_strcpy(dst, src);
+}
+
+void bx_strcat(UniChar* dst, std::size_t, const UniChar* src) {
+  bx_strcpy(dst + bx_strlen(dst), src);
+}
