@@ -29,8 +29,8 @@ class CallArguments {
     for (const CFStringRef object : objects_) CFRelease(object);
   }
 
-  // More of them than any format of the table reads.
-  std::array<long, 48> words{};
+  // As many as the last position of the table names.
+  std::array<long, 128> words{};
   std::array<double, 8> doubles{};
 
  private:
@@ -74,7 +74,7 @@ TEST(FormatVectors, CreateWithFormat) {
     const CallArguments call(row.columns[1]);
     const CFStringRef format = MakeString(UnitsFromHex(row.columns[0]));
     const std::string text =
-        TakeHex(Format(format, call, std::make_index_sequence<48>(), std::make_index_sequence<8>()));
+        TakeHex(Format(format, call, std::make_index_sequence<128>(), std::make_index_sequence<8>()));
     CFRelease(format);
     ExpectRow(known, row, text, row.columns[2]);
   }

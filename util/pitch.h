@@ -1,0 +1,88 @@
+// Diatonic pitches and ranges, their chromatic numbers, and their text.
+#pragma once
+
+#include <cstdint>
+
+#include "hosttypes.h"
+
+// A diatonic pitch: a staff step and how far it is altered. Part of the interface by value as one 32-bit word, the step
+// in the low half.
+//
+// Examples: middle C is {0, 0}, the F sharp above it {3, 1}, the B flat below it {-1, -1}.
+struct tDiaPitch {
+  std::int16_t step;        // diatonic steps from middle C: 1 is the D above it, 7 the C an octave up, -1 the B below
+  std::int16_t alteration;  // semitones: 1 sharp, -1 flat, 2 double sharp
+};
+static_assert(sizeof(tDiaPitch) == 4);
+
+// Two pitches, ends included.
+struct tDiaRange {
+  tDiaPitch low;
+  tDiaPitch high;
+};
+static_assert(sizeof(tDiaRange) == 8);
+
+// The steps that pitch names cover: C0 to G9 where middle C is C4.
+inline constexpr std::int16_t kLowestStep = -28;
+inline constexpr std::int16_t kHighestStep = 39;
+
+// Results of the functions that read text.
+inline constexpr short16 kBadPitchName = -13;    // not a pitch name, or one outside C0 to G9
+inline constexpr short16 kBadPitchNumber = -14;  // a note number above 127 or below 0
+inline constexpr short16 kNoRangeSeparator = -101;
+
+// Modes of BXUtilSetPitchFormatting that are not an octave number.
+inline constexpr short16 kPitchNumbers = 32767;
+inline constexpr short16 kPitchesAsInDocument = -32768;
+
+extern "C" {
+
+// The pitch of a number of semitones from middle C. Black keys are spelt C#, D#, F#, G# and Bb.
+//
+// Example: 10 gives {6, -1}, the B flat above middle C; -1 gives {-1, 0}.
+BRV_EXPORT tDiaPitch BXUtilChromToAbsTCD(short16 chromatic);
+
+// The number of semitones of a pitch from middle C, cut to 16 bits.
+//
+// Example: {7, 0} gives 12; {6, -1} gives 10.
+BRV_EXPORT short16 BXUtilAbsTCDToChrom(const tDiaPitch& pitch);
+
+// Chooses how the functions below write and read pitches, for the life of the process; until the first call they use
+// note numbers.
+//
+//   kPitchNumbers         note numbers: middle C is 60
+//   kPitchesAsInDocument  as the open document's preferences say
+//   any other mode        note names, with mode as the number of the octave that begins at middle C
+//
+// Returns 0, or 1 if the document's preferences cannot be read or shift octaves by other than whole octaves; nothing
+// changes then.
+//
+// Example: after BXUtilSetPitchFormatting(3) middle C is C3.
+BRV_EXPORT short16 BXUtilSetPitchFormatting(short16 mode);
+
+// Writes a pitch as text: C4, F#3, Bb2, C##4, C-1, or a number such as 60. The text is ended by a zero; its buffer must
+// hold all of it: bufferSize is part of the signature and not consulted.
+BRV_EXPORT void BXUtilFormatPitch(tDiaPitch pitch, char* text, short16 bufferSize);
+
+// Reads a pitch as text. Names take upper-case and lower-case letters, at most one accidental (# or b) and an octave of
+// one digit; what follows is ignored. Numbers are read as atoi reads them.
+//
+// Returns 0, kBadPitchName or kBadPitchNumber; on failure the pitch stays as it was.
+//
+// Example: with middle C as C4, "f#3" gives {-4, 1}.
+BRV_EXPORT short16 BXUtilParsePitch(const char* text, tDiaPitch* pitch);
+
+// Writes a range as its two pitches with a slash between: C4/G5. The buffer must hold all of it: bufferSize is not
+// consulted.
+BRV_EXPORT void BXUtilFormatRange(const tDiaRange& range, char* text, short16 bufferSize);
+
+// Reads a range, and puts the lower pitch first. Either side may have up to 31 characters; a longer one is read as far
+// as those.
+//
+// Returns 0, kNoRangeSeparator, or what BXUtilParsePitch answers for the first side that it refuses; on failure the
+// range is from kLowestStep to kHighestStep.
+//
+// Example: "G5/C4" gives {{0, 0}, {11, 0}}.
+BRV_EXPORT short16 BXUtilParseRange(const char* text, tDiaRange* range);
+
+}  // extern "C"
