@@ -58,8 +58,8 @@ fs::path BundleFolder::Executable(const std::string& name) const { return conten
 std::vector<std::string> BundleFolder::Localizations() const {
   std::vector<std::string> names;
   std::error_code error;
-  for (const fs::directory_entry& entry : fs::directory_iterator(resources, error)) {
-    const fs::path name = entry.path().filename();
+  for (fs::directory_iterator entry(resources, error), end; !error && entry != end; entry.increment(error)) {
+    const fs::path name = entry->path().filename();
     if (name.extension() == kLocalizationSuffix && name != "Base.lproj") names.push_back(name.stem());
   }
   std::sort(names.begin(), names.end());

@@ -19,7 +19,10 @@ bool Owns(void* handle, void* address) {
 
 Image Image::MainProgram() { return Image(dlopen(nullptr, RTLD_NOW)); }
 
-Image Image::Load(const std::filesystem::path& path) { return Image(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)); }
+// To dlopen no path at all is the main program.
+Image Image::Load(const std::filesystem::path& path) {
+  return path.empty() ? Image() : Image(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL));
+}
 
 void* Image::Function(const char* name) const {
   void* function = dlsym(handle_, name);

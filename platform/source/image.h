@@ -8,7 +8,7 @@ namespace brvplatform {
 class Image {
  public:
   Image() = default;
-  // The main program, with what it was linked with.
+  // The main program itself.
   static Image MainProgram();
   // The shared object of that path, loaded for itself alone; not open if it cannot be loaded.
   static Image Load(const std::filesystem::path& path);

@@ -84,7 +84,17 @@ class Parser {
     }
   }
 
+  // Values within values go so deep and no deeper: a file must not exhaust the stack.
   Owned<CFTypeRef> Value() {
+    constexpr int kDeepest = 200;
+    if (depth_ == kDeepest) return Owned<CFTypeRef>();
+    ++depth_;
+    Owned<CFTypeRef> value = ValueHere();
+    --depth_;
+    return value;
+  }
+
+  Owned<CFTypeRef> ValueHere() {
     SkipBlanks();
     if (Take(u'{')) return Pairs() && TakeAfterBlanks(u'}') ? NewOtherValue() : Owned<CFTypeRef>();
     if (Take(u'(')) return Array() ? NewOtherValue() : Owned<CFTypeRef>();
@@ -171,6 +181,7 @@ class Parser {
 
   std::u16string_view text_;
   std::size_t at_ = 0;
+  int depth_ = 0;
 };
 
 }  // namespace
