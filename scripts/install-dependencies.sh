@@ -4,9 +4,9 @@
 set -euo pipefail
 
 packages=(
-  cmake ninja-build g++ clang pkg-config binutils git python3
+  cmake ninja-build g++ clang pkg-config binutils
   libgtest-dev libgmock-dev libbenchmark-dev librapidcheck-dev
-  libexpat1-dev libzip-dev libcli11-dev libfmt-dev libplist-dev libicu-dev
+  libplist-dev libicu-dev
 )
 
 missing=()
