@@ -28,9 +28,8 @@ CFBundleRef BundleAt(const char* folder) {
   return nullptr;
 }
 
-// Climbs from the executable to the first folder that is a bundle with an executable. A relative path ends at "."; an
-// absolute one that meets none stays at "/" and asks there for ever, as the system's own loader never lets it come to
-// that.
+// Climbs from the executable to the first folder that is a bundle with an executable. A relative path that meets none
+// ends at "."; an absolute one reaches "/" and is tried there again and again: a host loads extensions from bundles only.
 CFBundleRef FindPluginBundle() {
   Dl_info image;
   if (dladdr(kOwnImage, &image) == 0) NoBundle();

@@ -3,16 +3,14 @@
 // Each function below is the kit's; it looks up the host's function of the same name when it is first called, keeps it
 // for the life of the process, and passes the call on. The contract that all of them share:
 //
-// - The host's bundle must be bound before the first call (hostbundle.h; the host does it by way of the extension's
-// main).
-//   A function that was called earlier stays without its host function for good.
+// - The host's bundle must be bound before the first call; the host does it by way of the extension's main
+//   (hostbundle.h). A function that was called earlier stays without its host function for good.
 // - Where the host has no such function nothing is called, and the result is the default that the comment names:
 //   [default 0] is 0, null or no. Nothing else is ever reported by the kit.
-// - version is kBrvVersion, the version of the interface that the extension was built for. It goes to the host
-// unchanged.
+// - version is kBrvVersion, the version of the interface that the extension was built for. It goes to the host as
+//   it is.
 // - 16-bit and 8-bit arguments are cut to their class and extended, whatever stands in their upper bits; 16-bit results
-// come
-//   back extended (hosttypes.h). A 16-bit result is non-zero for success or yes unless the comment says otherwise.
+//   come back extended (hosttypes.h). A 16-bit result is non-zero for success or yes unless the comment says otherwise.
 // - All calls are made on the host's main thread. [main-thread]
 // - What a pointer points to stays the property of the side that made it, unless the comment says otherwise.
 //
