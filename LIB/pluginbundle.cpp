@@ -29,7 +29,7 @@ CFBundleRef BundleAt(const char* folder) {
 }
 
 // Climbs from the executable to the first folder that is a bundle with an executable. A relative path that meets none
-// ends at "."; an absolute one reaches "/" and is tried there again and again: a host loads extensions from bundles only.
+// ends at "."; an absolute one reaches "/" and is tried there again and again: hosts load extensions from bundles.
 CFBundleRef FindPluginBundle() {
   Dl_info image;
   if (dladdr(kOwnImage, &image) == 0) NoBundle();
