@@ -7,6 +7,7 @@ packages=(
   cmake ninja-build g++ clang pkg-config binutils
   libgtest-dev libgmock-dev libbenchmark-dev librapidcheck-dev
   libplist-dev libicu-dev
+  libexpat1-dev libzip-dev libfmt-dev libcli11-dev
 )
 
 missing=()

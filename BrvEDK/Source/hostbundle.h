@@ -5,9 +5,6 @@
 
 #include "hosttypes.h"
 
-// The identifier of the host application's bundle.
-#define BREVIX_HOST_IDENTIFIER "com.brevixmusic.NotationEngine"
-
 // The name of a C symbol as the assembler has it.
 #define BRV_TEXT_OF(prefix) #prefix
 #define BRV_TEXT(prefix) BRV_TEXT_OF(prefix)

@@ -6,6 +6,9 @@
 // Visible from outside the bundle. Everything that does not carry it stays inside.
 #define BRV_EXPORT __attribute__((visibility("default")))
 
+// The identifier of the host application's bundle, by which an extension finds it.
+#define BREVIX_HOST_IDENTIFIER "com.brevixmusic.NotationEngine"
+
 // A whole register travels for every integer, so 16-bit and 8-bit values are declared as int under the name of their
 // class: the kit keeps the low bits and extends them before a call to the host, and extends the host's result likewise.
 //

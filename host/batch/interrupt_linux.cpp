@@ -1,0 +1,57 @@
+#include <csignal>
+
+#include <brvplatform.h>
+#include <unistd.h>
+
+#include "host/batch/exitstatus.h"
+#include "host/batch/interrupt.h"
+#include "host/files/safefile.h"
+
+namespace brvhost {
+namespace {
+
+constexpr unsigned char kPeriodKey = 47;
+constexpr unsigned long kCommandFlag = 0x100000;
+
+volatile std::sig_atomic_t interrupts = 0;
+
+void OnInterrupt(int) { interrupts = interrupts + 1; }
+
+void OnInterruptOfExtension(int) {
+  interrupts = interrupts + 1;
+  HoldCancelKeys();
+}
+
+void OnEndOfExtension(int) {
+  RemoveUnfinishedFile();
+  _exit(kInterrupted);
+}
+
+void Handle(int signal, void (*handler)(int)) {
+  struct sigaction action = {};
+  action.sa_handler = handler;
+  action.sa_flags = SA_RESTART;
+  sigaction(signal, &action, nullptr);
+}
+
+}  // namespace
+
+void HoldCancelKeys() {
+  BrvPlatformSetKeyDown(kPeriodKey, true);
+  BrvPlatformSetModifierFlags(kCommandFlag);
+}
+
+void NoteInterrupts() {
+  for (const int signal : {SIGINT, SIGHUP, SIGTERM}) Handle(signal, OnInterrupt);
+}
+
+void PressCancelKeysOnInterrupt() {
+  Handle(SIGINT, OnInterruptOfExtension);
+  Handle(SIGHUP, OnInterruptOfExtension);
+  Handle(SIGTERM, OnEndOfExtension);
+  if (interrupts > 0) HoldCancelKeys();
+}
+
+int InterruptCount() { return interrupts; }
+
+}  // namespace brvhost

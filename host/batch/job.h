@@ -1,0 +1,34 @@
+// One score, one item of an extension: the work of a process of its own.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/batch/channel.h"
+#include "host/bundle/extension.h"
+#include "host/files/scorefile.h"
+#include "host/score/region.h"
+
+namespace brvhost {
+
+// What holds for every score of a run.
+struct JobSettings {
+  int item = 0;
+  RegionRequest region;
+  std::vector<int> shownLayers;  // from 0; all when empty
+  bool agree = false;            // to every question
+  std::uint64_t maxSize = kDefaultMaxSize;
+};
+
+struct Job {
+  std::string score;
+  std::optional<std::string> target;  // where the result goes; nowhere when null
+  bool onlyIfChanged = false;         // leave the target alone otherwise
+};
+
+// Runs the job, telling `channel` what happens, and returns the process's exit status. Whatever the extension does to
+// this process, the target is the old file or the whole new one.
+int RunJob(const Job& job, const JobSettings& settings, const Extension& extension, const Channel& channel);
+
+}  // namespace brvhost

@@ -1,0 +1,43 @@
+#include "host/check/emptyhost.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include "BrvEDK/Source/hosttypes.h"
+#include "host/text/cfowner.h"
+
+namespace brvhost {
+namespace {
+
+constexpr const char* kInfo = R"(<?xml version="1.0" encoding="UTF-8"?>
+<plist version="1.0"><dict><key>CFBundleIdentifier</key><string>)" BREVIX_HOST_IDENTIFIER R"(</string></dict></plist>
+)";
+
+std::string MakeTemporaryFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "brvhost.XXXXXX").string();
+  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("there is no room for temporary files");
+  return pattern;
+}
+
+}  // namespace
+
+EmptyHost::EmptyHost() : folder_(MakeTemporaryFolder()) {
+  std::filesystem::create_directories(folder_ + "/Host.bundle/Contents");
+  std::ofstream(folder_ + "/Host.bundle/Contents/Info.plist") << kInfo;
+}
+
+EmptyHost::~EmptyHost() {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+void EmptyHost::Open() const {
+  const std::string path = folder_ + "/Host.bundle";
+  const Owned<CFURLRef> url(CFURLCreateFromFileSystemRepresentation(
+      nullptr, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), true));
+  if (CFBundleCreate(nullptr, url.Get()) == nullptr) throw std::runtime_error("a temporary bundle does not open");
+}
+
+}  // namespace brvhost

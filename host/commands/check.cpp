@@ -1,0 +1,35 @@
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <filesystem>
+
+#include "host/batch/exitstatus.h"
+#include "host/bundle/extension.h"
+#include "host/check/facts.h"
+#include "host/check/isolated.h"
+#include "host/commands/commands.h"
+
+namespace brvhost {
+namespace {
+
+constexpr int kSecondsPerFact = 20;
+
+}  // namespace
+
+int Check(const Options& options) {
+  if (!std::filesystem::is_directory(options.bundle)) throw BundleError(options.bundle + ": there is no such bundle");
+  int status = kDone;
+  for (const Fact& fact : FactsAbout(options.bundle)) {
+    const std::string wrong = RunIsolated(fact.check, kSecondsPerFact);
+    fmt::print("{}  {}{}\n", wrong.empty() ? "ok    " : "FAILED", fact.name, wrong.empty() ? "" : ": " + wrong);
+    std::fflush(stdout);
+    if (wrong.empty()) continue;
+    status = kFailed;
+    if (!fact.othersNeedIt) continue;
+    fmt::print("        the other facts need this one\n");
+    break;
+  }
+  return status;
+}
+
+}  // namespace brvhost

@@ -1,0 +1,52 @@
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "host/batch/exitstatus.h"
+#include "host/commands/commands.h"
+#include "host/files/scorefile.h"
+#include "host/score/inputerror.h"
+
+namespace brvhost {
+namespace {
+
+std::string StavesOf(const ScorePart& part) {
+  const int last = part.firstStaff + part.staves - 1;
+  return part.staves == 1 ? fmt::format("staff {}", last) : fmt::format("staves {}-{}", part.firstStaff, last);
+}
+
+void Print(const ScoreFile& file) {
+  const Score& score = file.GetScore();
+  const auto hidden = std::ranges::count_if(score.entries, &ScoreEntry::hidden);
+  const auto rests = std::ranges::count_if(score.entries, &ScoreEntry::isRest);
+  fmt::print("{}\n", file.Path());
+  fmt::print("  parts     {}\n", score.parts.size());
+  for (const ScorePart& part : score.parts) {
+    fmt::print("            {}  {}{}\n", part.id, StavesOf(part), part.name.empty() ? "" : "  " + part.name);
+  }
+  fmt::print("  staves    {}\n  measures  {}\n  layers    {}\n", score.staves, score.measures, score.layers);
+  fmt::print("  entries   {}, {} of them rests\n", score.entries.size(), rests);
+  fmt::print("  notes     {}\n", score.notes.size() - static_cast<std::size_t>(rests));
+  fmt::print("  hidden    {} entries without ledger lines\n", hidden);
+}
+
+}  // namespace
+
+int ShowInfo(const Options& options) {
+  int status = kDone;
+  for (const std::string& path : options.scores) {
+    try {
+      const ScoreFile file(path, options.maxSize);
+      Print(file);
+      for (const ScoreWarning& warning : file.GetScore().warnings) {
+        fmt::print(stderr, "brvhost: {}\n", Located(path, {warning.line, warning.column}, "warning: " + warning.text));
+      }
+    } catch (const InputError& error) {
+      fmt::print(stderr, "brvhost: {}\n", Located(path, error.place, error.what()));
+      status = kBadInput;
+    }
+  }
+  return status;
+}
+
+}  // namespace brvhost

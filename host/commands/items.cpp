@@ -1,0 +1,19 @@
+#include <fmt/format.h>
+
+#include "host/batch/exitstatus.h"
+#include "host/bundle/extension.h"
+#include "host/commands/commands.h"
+
+namespace brvhost {
+
+int ListItems(const Options& options) {
+  const Extension extension(options.bundle);
+  int number = 0;
+  for (const MenuItem& item : extension.Items()) {
+    fmt::print("{}\t{}\t{}\t{}\n", number++, item.name, item.undoName, item.explanation);
+  }
+  extension.Terminate();
+  return kDone;
+}
+
+}  // namespace brvhost

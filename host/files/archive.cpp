@@ -1,0 +1,150 @@
+#include "host/files/archive.h"
+
+#include <zip.h>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+
+#include "host/score/inputerror.h"
+#include "host/xml/xmlreader.h"
+
+namespace brvhost {
+namespace {
+
+constexpr std::uint64_t kLargestContainer = 1 << 20;
+// Deflate at its fastest: scores shrink to a tenth either way, and the smallest level costs several times the whole
+// rest.
+constexpr zip_uint32_t kCompressionLevel = 1;
+
+struct Discard {
+  void operator()(zip_t* archive) const { zip_discard(archive); }
+  void operator()(zip_file_t* file) const { zip_fclose(file); }
+};
+using Archive = std::unique_ptr<zip_t, Discard>;
+using Member = std::unique_ptr<zip_file_t, Discard>;
+
+[[noreturn]] void ThrowBroken(const std::string& reason) { throw InputError("not a readable .mxl archive: " + reason); }
+
+// Owns the memory that an archive is read from and written to.
+class Source {
+ public:
+  explicit Source(std::string_view bytes) {
+    zip_error_t error;
+    zip_error_init(&error);
+    source_ = zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error);
+    if (source_ == nullptr) throw std::bad_alloc();
+  }
+  ~Source() { zip_source_free(source_); }
+  Source(const Source&) = delete;
+  Source& operator=(const Source&) = delete;
+
+  Archive Open() {
+    zip_error_t error;
+    zip_error_init(&error);
+    zip_source_keep(source_);
+    zip_t* const archive = zip_open_from_source(source_, ZIP_CHECKCONS, &error);
+    if (archive != nullptr) return Archive(archive);
+    zip_source_free(source_);
+    const std::string reason = zip_error_strerror(&error);
+    zip_error_fini(&error);
+    ThrowBroken(reason);
+  }
+
+  // What the archive was written to when it was closed.
+  std::string Bytes() {
+    zip_stat_t status;
+    if (zip_source_stat(source_, &status) != 0 || zip_source_open(source_) != 0) ThrowBroken("it cannot be written");
+    std::string bytes(status.size, '\0');
+    const zip_int64_t count = zip_source_read(source_, bytes.data(), bytes.size());
+    zip_source_close(source_);
+    if (count != static_cast<zip_int64_t>(bytes.size())) ThrowBroken("it cannot be written");
+    return bytes;
+  }
+
+ private:
+  zip_source_t* source_ = nullptr;
+};
+
+std::string ReadMember(zip_t* archive, const std::string& name, std::uint64_t maxSize) {
+  zip_stat_t status;
+  if (zip_stat(archive, name.c_str(), 0, &status) != 0) throw InputError("the archive has no member " + name);
+  const Member file(zip_fopen(archive, name.c_str(), 0));
+  if (file == nullptr) ThrowBroken(zip_strerror(archive));
+  const auto tooLarge = [&] {
+    return InputError(name + " unpacks to more than " + std::to_string(maxSize) + " bytes; --max-size allows more");
+  };
+  if (status.size > maxSize) throw tooLarge();
+  std::string content;
+  content.resize(status.size);
+  const zip_int64_t count = zip_fread(file.get(), content.data(), content.size());
+  char beyond;
+  if (count == static_cast<zip_int64_t>(content.size()) && zip_fread(file.get(), &beyond, 1) == 0) return content;
+  // A directory may lie about the size.
+  if (count == static_cast<zip_int64_t>(content.size())) ThrowBroken(name + " is larger than the archive says");
+  ThrowBroken(name + ": " + zip_file_strerror(file.get()));
+}
+
+// Finds the first root file of a container.
+class ContainerHandler : public XmlHandler {
+ public:
+  void Begin(XmlPosition&) override {}
+  void StartElement(const char* name, const XmlAttributes& attributes) override {
+    if (!rootFile.empty() || std::strcmp(name, "rootfile") != 0) return;
+    const char* const path = attributes.Find("full-path");
+    if (path != nullptr) rootFile = path;
+  }
+  void EndElement() override {}
+  void Text(std::string_view) override {}
+
+  std::string rootFile;
+};
+
+std::string RootFile(zip_t* archive) {
+  constexpr const char* kContainer = "META-INF/container.xml";
+  const std::string container = ReadMember(archive, kContainer, kLargestContainer);
+  ContainerHandler handler;
+  try {
+    ReadXml(container, handler);
+  } catch (const InputError& error) {
+    throw InputError(Located(kContainer, error.place, error.what()));
+  }
+  if (handler.rootFile.empty()) throw InputError(std::string(kContainer).append(" names no root file"));
+  return handler.rootFile;
+}
+
+}  // namespace
+
+bool IsArchive(std::string_view bytes) { return bytes.starts_with("PK\x03\x04") || bytes.starts_with("PK\x05\x06"); }
+
+ArchivedScore ReadArchivedScore(std::string_view bytes, std::uint64_t maxSize) {
+  Source source(bytes);
+  const Archive archive = source.Open();
+  std::string member = RootFile(archive.get());
+  std::string content = ReadMember(archive.get(), member, maxSize);
+  return {std::move(member), std::move(content)};
+}
+
+std::string ReplaceMember(std::string_view bytes, const std::string& member, std::string_view content) {
+  Source source(bytes);
+  Archive archive = source.Open();
+  const zip_int64_t found = zip_name_locate(archive.get(), member.c_str(), 0);
+  if (found < 0) throw InputError("the archive has no member " + member);
+  const auto index = static_cast<zip_uint64_t>(found);
+  zip_stat_t status;
+  zip_stat_init(&status);
+  zip_stat_index(archive.get(), index, 0, &status);
+  zip_source_t* const replacement = zip_source_buffer(archive.get(), content.data(), content.size(), 0);
+  if (replacement == nullptr || zip_file_replace(archive.get(), index, replacement, 0) != 0) {
+    ThrowBroken(zip_strerror(archive.get()));
+  }
+  // A member that was stored stays so.
+  const auto method =
+      static_cast<zip_int32_t>((status.valid & ZIP_STAT_COMP_METHOD) != 0 ? status.comp_method : ZIP_CM_DEFLATE);
+  zip_set_file_compression(archive.get(), index, method, kCompressionLevel);
+  if (zip_close(archive.get()) != 0) ThrowBroken(zip_strerror(archive.get()));
+  archive.release();
+  return source.Bytes();
+}
+
+}  // namespace brvhost

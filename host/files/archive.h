@@ -1,0 +1,27 @@
+// Compressed MusicXML: a zip file whose container names the score.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace brvhost {
+
+// Whether the bytes are a zip file, whatever the name says.
+bool IsArchive(std::string_view bytes);
+
+// The score within an archive.
+struct ArchivedScore {
+  std::string member;   // its name
+  std::string content;  // unpacked
+};
+
+// Unpacks the first root file that META-INF/container.xml names. Throws InputError for a broken archive, a container
+// that is missing or names nothing, a root file that is missing, and one that unpacks to more than `maxSize` bytes.
+ArchivedScore ReadArchivedScore(std::string_view archive, std::uint64_t maxSize);
+
+// The archive with another content of one member. All other members keep their compressed bytes, their order and their
+// dates.
+std::string ReplaceMember(std::string_view archive, const std::string& member, std::string_view content);
+
+}  // namespace brvhost

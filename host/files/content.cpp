@@ -1,0 +1,35 @@
+#include "host/files/content.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "host/files/descriptor.h"
+#include "host/score/inputerror.h"
+
+namespace brvhost {
+
+std::string ReadFile(const std::string& path) {
+  const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  struct stat status;
+  if (!file || fstat(file.Get(), &status) != 0) throw InputError(std::strerror(errno));
+  if (S_ISDIR(status.st_mode)) throw InputError("is a folder");
+  std::string content;
+  std::size_t filled = 0;
+  content.resize(static_cast<std::size_t>(status.st_size) + 1);  // with room to see the end; a pipe says 0
+  for (;;) {
+    const ssize_t count = read(file.Get(), content.data() + filled, content.size() - filled);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) throw InputError(std::strerror(errno));
+    filled += static_cast<std::size_t>(count);
+    if (count == 0) break;
+    if (filled == content.size()) content.resize(filled * 2);
+  }
+  content.resize(filled);
+  return content;
+}
+
+}  // namespace brvhost

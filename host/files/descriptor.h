@@ -1,0 +1,30 @@
+// A file descriptor that is closed when its owner goes.
+#pragma once
+
+#include <unistd.h>
+
+#include <utility>
+
+namespace brvhost {
+
+class Descriptor {
+ public:
+  Descriptor() = default;
+  explicit Descriptor(int descriptor) : descriptor_(descriptor) {}
+  Descriptor(Descriptor&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+  Descriptor& operator=(Descriptor&& other) noexcept {
+    std::swap(descriptor_, other.descriptor_);
+    return *this;
+  }
+  ~Descriptor() { Close(); }
+
+  explicit operator bool() const { return descriptor_ >= 0; }
+  int Get() const { return descriptor_; }
+  // The result of close: a full disk may show only here.
+  int Close() { return descriptor_ < 0 ? 0 : close(std::exchange(descriptor_, -1)); }
+
+ private:
+  int descriptor_ = -1;
+};
+
+}  // namespace brvhost

@@ -1,0 +1,50 @@
+#include "host/files/scorefile.h"
+
+#include <algorithm>
+
+#include "host/files/archive.h"
+#include "host/files/content.h"
+#include "host/files/safefile.h"
+#include "host/score/inputerror.h"
+#include "host/score/ledgeredits.h"
+#include "host/score/musicxml.h"
+
+namespace brvhost {
+
+ScoreFile::ScoreFile(const std::string& path, std::uint64_t maxSize) : path_(path), document_(ReadFile(path)) {
+  if (document_.empty()) throw InputError("the file is empty");
+  if (IsArchive(document_)) {
+    archive_ = std::move(document_);
+    ArchivedScore score = ReadArchivedScore(archive_, maxSize);
+    member_ = std::move(score.member);
+    document_ = std::move(score.content);
+  }
+  score_ = ReadMusicXml(document_);
+}
+
+std::size_t ScoreFile::ChangedEntries() const {
+  return static_cast<std::size_t>(std::ranges::count_if(
+      score_.entries, [this](const ScoreEntry& entry) { return entry.hidden != score_.IsHiddenInDocument(entry); }));
+}
+
+void ScoreFile::Save(const std::string& target) const {
+  if (!IsCompressed()) {
+    SafeFile file(target);
+    WriteEdited(document_, score_, [&file](std::string_view piece) { file.Write(piece); });
+    return file.Commit();
+  }
+  if (ChangedEntries() == 0) {
+    SafeFile file(target);
+    file.Write(archive_);
+    return file.Commit();
+  }
+  std::string edited;
+  edited.reserve(document_.size());
+  WriteEdited(document_, score_, [&edited](std::string_view piece) { edited.append(piece); });
+  const std::string archive = ReplaceMember(archive_, member_, edited);
+  SafeFile file(target);
+  file.Write(archive);
+  file.Commit();
+}
+
+}  // namespace brvhost

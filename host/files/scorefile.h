@@ -1,0 +1,37 @@
+// A score file: plain or compressed MusicXML, opened, changed, and written.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "host/score/score.h"
+
+namespace brvhost {
+
+inline constexpr std::uint64_t kDefaultMaxSize = std::uint64_t{1} << 30;
+
+class ScoreFile {
+ public:
+  // Reads the file whole. `maxSize` limits what the score in an archive may unpack to. Throws InputError.
+  explicit ScoreFile(const std::string& path, std::uint64_t maxSize = kDefaultMaxSize);
+
+  Score& GetScore() { return score_; }
+  const Score& GetScore() const { return score_; }
+  const std::string& Path() const { return path_; }
+  bool IsCompressed() const { return !member_.empty(); }
+  // The entries whose ledger lines are no longer as the file has them.
+  std::size_t ChangedEntries() const;
+
+  // Writes the file with the ledger lines as they are now; `target` may be the file itself. Throws OutputError, and
+  // InputError where a note cannot be changed; the target is then as it was.
+  void Save(const std::string& target) const;
+
+ private:
+  std::string path_;
+  std::string archive_;  // the whole file, if it is compressed
+  std::string member_;
+  std::string document_;
+  Score score_;
+};
+
+}  // namespace brvhost

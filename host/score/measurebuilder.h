@@ -1,0 +1,60 @@
+// Gathers the notes of one measure of one part, and puts them in order when it ends.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "host/score/score.h"
+
+namespace brvhost {
+
+// A note element as the document gives it.
+struct NoteElement {
+  ScoreNote note;
+  std::int32_t position = 0;
+  int staff = 1;  // within the part
+  int layer = 0;
+  bool isRest = false;
+};
+
+class MeasureBuilder {
+ public:
+  // A note or rest that starts an entry, and a chord after it.
+  void AddNote(const NoteElement& element);
+  // A note that sounds with the one before. On a staff where the chord has no note yet, or twelve, it starts an entry.
+  void AddToChord(const NoteElement& element);
+
+  // Appends what was gathered to the score, frame by frame, and forgets it. `frames` gets staves counted within the
+  // part. Throws InputError where a frame would have more entries than its count can say.
+  void Finish(int measure, Score& score, std::vector<ScoreFrame>& frames);
+
+ private:
+  struct PendingEntry {
+    std::int32_t position;
+    std::uint16_t staff;
+    std::uint16_t layer;
+    bool isRest;
+    std::uint32_t order;  // of coming
+  };
+  struct PendingNote {
+    std::uint32_t entry;  // by its order of coming
+    ScoreNote note;
+  };
+  // The entry of the chord under way on one staff.
+  struct ChordEntry {
+    int staff;
+    std::uint32_t entry;
+    int notes;
+  };
+
+  void StartEntry(const NoteElement& element);
+  // Orders the entries by frame and position, those of one place as they came, and the notes as their entries.
+  void Order();
+
+  std::vector<PendingEntry> entries_;
+  std::vector<PendingNote> notes_;
+  std::vector<ChordEntry> chord_;
+  std::vector<std::uint32_t> rank_;  // of each entry by its order of coming
+};
+
+}  // namespace brvhost

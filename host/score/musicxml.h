@@ -1,0 +1,16 @@
+// Reads MusicXML, partwise or timewise, up to version 4.0.
+#pragma once
+
+#include <string_view>
+
+#include "host/score/score.h"
+
+namespace brvhost {
+
+// Reads a whole document. Throws InputError, with the place, for what is not MusicXML or cannot be placed in a score.
+//
+// What a document may leave out, it gets as its readers expect: one division to the quarter, voice "1", staff 1. A
+// backup that leads before the barline leads to the barline, with a warning.
+Score ReadMusicXml(std::string_view document);
+
+}  // namespace brvhost

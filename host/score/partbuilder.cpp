@@ -1,0 +1,94 @@
+#include "host/score/partbuilder.h"
+
+#include <algorithm>
+
+#include "host/score/inputerror.h"
+
+namespace brvhost {
+namespace {
+
+// Durations and divisions may both have decimals.
+std::optional<Fraction> Quotient(const Fraction& duration, const Fraction& divisions) {
+  if (duration.denominator == 1 && divisions.denominator == 1) return Fraction{duration.numerator, divisions.numerator};
+  return Fraction::Of(Wide{duration.numerator} * divisions.denominator,
+                      Wide{duration.denominator} * divisions.numerator);
+}
+
+[[noreturn]] void ThrowTooLong() { throw InputError("the durations of this measure add up to too large a number"); }
+
+}  // namespace
+
+void PartBuilder::BeginMeasure() {
+  if (++measures_ > kMostMeasures) throw InputError("more than 32767 measures");
+  clock_ = {};
+  hasChordRoot_ = false;
+}
+
+void PartBuilder::EndMeasure(Score& score) { measure_.Finish(measures_, score, frames_); }
+
+void PartBuilder::SetDivisions(const Fraction& divisions) { divisions_ = divisions; }
+
+void PartBuilder::SetStaves(int staves) { staves_ = std::max(staves_, staves); }
+
+bool PartBuilder::Advance(const Fraction& duration) {
+  const auto quarters = Quotient(duration, divisions_);
+  const auto sum = quarters ? clock_.Plus(*quarters) : std::nullopt;
+  if (!sum) ThrowTooLong();
+  clock_ = *sum;
+  return true;
+}
+
+bool PartBuilder::GoBack(const Fraction& duration) {
+  Advance(duration.Negated());
+  hasChordRoot_ = false;
+  if (!clock_.IsNegative()) return true;
+  clock_ = {};
+  return false;
+}
+
+void PartBuilder::AddNote(NoteElement element, const std::string& voice, const Fraction& duration) {
+  element.position = Position();
+  Place(element, voice);
+  measure_.AddNote(element);
+  hasChordRoot_ = true;
+  chordPosition_ = element.position;
+  chordVoice_ = voice;
+  Advance(duration);
+}
+
+void PartBuilder::AddToChord(NoteElement element, const std::string& voice, const Fraction& duration) {
+  if (!hasChordRoot_) return AddNote(element, voice, duration);
+  element.position = chordPosition_;
+  Place(element, chordVoice_);
+  measure_.AddToChord(element);
+}
+
+int PartBuilder::Layers() const {
+  std::size_t most = 0;
+  for (const Staff& staff : staffLayers_) most = std::max(most, staff.layers.size());
+  return static_cast<int>(most);
+}
+
+int PartBuilder::LayerOf(int staff, const std::string& voice) {
+  const auto index = static_cast<std::size_t>(staff - 1);
+  if (index >= staffLayers_.size()) staffLayers_.resize(index + 1);
+  Staff& layers = staffLayers_[index];
+  if (layers.lastLayer >= 0 && layers.lastVoice == voice) return layers.lastLayer;
+  layers.lastLayer = layers.layers.emplace(voice, static_cast<int>(layers.layers.size())).first->second;
+  layers.lastVoice = voice;
+  if (layers.lastLayer >= kMostLayers) throw InputError("more than 32767 voices on a staff");
+  return layers.lastLayer;
+}
+
+void PartBuilder::Place(NoteElement& element, const std::string& voice) {
+  SetStaves(element.staff);
+  element.layer = LayerOf(element.staff, voice);
+}
+
+std::int32_t PartBuilder::Position() const {
+  const auto position = clock_.Rounded(kTicksPerQuarter);
+  if (!position) ThrowTooLong();
+  return *position;
+}
+
+}  // namespace brvhost

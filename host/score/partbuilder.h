@@ -1,0 +1,61 @@
+// What is known of one part while its measures are read: its clock, its divisions, the layers of its staves.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "host/score/fraction.h"
+#include "host/score/measurebuilder.h"
+
+namespace brvhost {
+
+// Throws InputError, without a place, where numbers get too large.
+class PartBuilder {
+ public:
+  void BeginMeasure();
+  void EndMeasure(Score& score);
+
+  // Above 0: divisions of a quarter that durations are counted in from now on.
+  void SetDivisions(const Fraction& divisions);
+  void SetStaves(int staves);
+
+  // Moves the clock; false when it would stand before the barline, where it is put instead.
+  bool Advance(const Fraction& duration);
+  bool GoBack(const Fraction& duration);
+
+  // Places a note at the clock, or in the chord of the note before, and moves the clock past it.
+  // `element` has its note, its staff and whether it is a rest.
+  void AddNote(NoteElement element, const std::string& voice, const Fraction& duration);
+  void AddToChord(NoteElement element, const std::string& voice, const Fraction& duration);
+
+  int Measures() const { return measures_; }
+  int Staves() const { return staves_; }
+  int Layers() const;
+  std::vector<ScoreFrame>& Frames() { return frames_; }
+
+ private:
+  struct Staff {
+    std::unordered_map<std::string, int> layers;  // by voice
+    std::string lastVoice;                        // mostly the next note's too
+    int lastLayer = -1;
+  };
+
+  int LayerOf(int staff, const std::string& voice);
+  void Place(NoteElement& element, const std::string& voice);
+  std::int32_t Position() const;
+
+  Fraction clock_;  // quarters from the barline
+  Fraction divisions_{1};
+  int measures_ = 0;
+  int staves_ = 1;
+  bool hasChordRoot_ = false;
+  std::int32_t chordPosition_ = 0;
+  std::string chordVoice_;
+  std::vector<Staff> staffLayers_;
+  MeasureBuilder measure_;
+  std::vector<ScoreFrame> frames_;
+};
+
+}  // namespace brvhost

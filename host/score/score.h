@@ -1,0 +1,91 @@
+// A score as extensions see it: staves, measures, layers, entries. It holds no music but what ledger lines need, and
+// for each note the place of its start tag in the document, where its attribute is changed.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace brvhost {
+
+inline constexpr std::int32_t kTicksPerQuarter = 10080;
+inline constexpr int kFewestLayers = 4;
+inline constexpr int kMostStaves = 32767;
+inline constexpr int kMostMeasures = 32767;
+inline constexpr int kMostLayers = 32767;
+
+// What a note's own attribute says of its ledger lines.
+enum class LegerAttribute : std::uint8_t { kAbsent, kNo, kYes };
+
+// A note element of the document.
+struct ScoreNote {
+  std::uint64_t offset : 61 = 0;  // of the byte that opens its start tag
+  std::uint64_t attribute : 2 = 0;
+  std::uint64_t invisible : 1 = 0;  // print-object="no"
+
+  LegerAttribute Attribute() const { return static_cast<LegerAttribute>(attribute); }
+  // Whether it shows no ledger lines as it stands, and whether it would show none without its attribute.
+  bool IsHidden() const {
+    return Attribute() == LegerAttribute::kAbsent ? invisible : Attribute() == LegerAttribute::kNo;
+  }
+  bool IsHiddenByDefault() const { return invisible; }
+};
+
+// A note, chord or rest. Its notes follow one another in the score's list.
+struct ScoreEntry {
+  std::int32_t position = 0;  // ticks from the barline
+  std::uint32_t firstNote = 0;
+  std::uint8_t noteElements = 0;  // 1 to 12; a rest has one
+  bool isRest = false;
+  bool hidden = false;  // none of its notes shows ledger lines, as the document stands or as it was changed since
+};
+
+// The entries of one place, in ascending order of position. Never empty.
+struct ScoreFrame {
+  std::uint16_t staff = 0;    // from 1, through all parts
+  std::uint16_t measure = 0;  // from 1, by order
+  std::uint16_t layer = 0;    // from 0
+  std::uint16_t unused = 0;
+  std::uint32_t firstEntry = 0;
+  std::uint32_t entryCount = 0;
+};
+
+// A part of the score, in the order in which the parts stand in the document.
+struct ScorePart {
+  std::string id;
+  std::string name;
+  int staves = 1;
+  int firstStaff = 1;
+  int instruments = 0;
+};
+
+// Something in the document that could be read only by guessing.
+struct ScoreWarning {
+  std::uint64_t line = 0;
+  std::uint64_t column = 0;
+  std::string text;
+};
+
+struct Score {
+  std::vector<ScorePart> parts;
+  std::vector<ScoreNote> notes;
+  std::vector<ScoreEntry> entries;
+  std::vector<ScoreFrame> frames;  // ordered by staff, layer and measure, as extensions walk them
+  std::vector<ScoreWarning> warnings;
+  int staves = 0;
+  int measures = 0;
+  int layers = kFewestLayers;
+
+  std::span<const ScoreNote> NotesOf(const ScoreEntry& entry) const {
+    return std::span(notes).subspan(entry.firstNote, entry.noteElements);
+  }
+
+  // Whether the document, as it was read, shows no ledger lines in the entry.
+  bool IsHiddenInDocument(const ScoreEntry& entry) const;
+
+  // The part that a staff belongs to, or null where there is no such staff.
+  const ScorePart* PartOfStaff(int staff) const;
+};
+
+}  // namespace brvhost

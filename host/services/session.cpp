@@ -1,0 +1,52 @@
+#include "host/services/session.h"
+
+#include <algorithm>
+
+namespace brvhost {
+namespace {
+
+Session* current = nullptr;
+
+}  // namespace
+
+Session::Session(const Extension& extension, OpenDocument& document, User& user)
+    : extension_(extension), document_(document), user_(user) {
+  current = this;
+}
+
+Session::~Session() { current = nullptr; }
+
+Session* Session::Current() { return current; }
+
+bool Session::IsLayerShown(int layer) const {
+  if (layer < 0 || layer >= document_.GetScore().layers) return false;
+  return shownLayers.empty() || std::ranges::find(shownLayers, layer) != shownLayers.end();
+}
+
+int Session::Alert(int kind, const std::string& text) {
+  if (kind == kAlertQuestion) return user_.Ask(text) ? 1 : 0;
+  user_.Tell(text);
+  return 1;
+}
+
+int Session::AlertWithID(int kind, std::int32_t stringID) { return Alert(kind, extension_.LocalizedText(stringID)); }
+
+void* Session::StartProgress(std::int64_t total) {
+  progress_ = {0, total};
+  return &progress_;
+}
+
+bool Session::AddProgress(const void* handle, int increment) {
+  if (handle != &progress_ || !progress_) return false;
+  progress_->done += increment;
+  user_.ShowProgress(progress_->done, progress_->total);
+  return true;
+}
+
+void Session::EndProgress(const void* handle) {
+  if (handle != &progress_ || !progress_) return;
+  progress_.reset();
+  user_.EndProgress();
+}
+
+}  // namespace brvhost

@@ -1,0 +1,62 @@
+// Changes one attribute of a start tag in the bytes of a document, and leaves every other byte as it is.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace brvhost {
+
+// How the characters of ASCII, which all markup is made of, stand in the bytes.
+enum class CodeUnits { kBytes, kUtf16LittleEndian, kUtf16BigEndian };
+
+// Told from the first bytes, as the reader of XML does.
+CodeUnits CodeUnitsOf(std::string_view document);
+
+// A change of the bytes: from `offset`, `removed` bytes give way to `inserted`.
+struct ByteEdit {
+  std::uint64_t offset = 0;
+  std::uint64_t removed = 0;
+  std::string inserted;
+};
+
+class StartTag {
+ public:
+  // The start tag whose "<" is at `offset`, in a well-formed document. Null when there is none: an element that an
+  // entity brings in has its tag elsewhere.
+  static std::optional<StartTag> At(std::string_view document, CodeUnits units, std::uint64_t offset);
+
+  // Sets the attribute, or adds it directly after the tag's name. `value` is ASCII and needs no escape.
+  ByteEdit Set(std::string_view attribute, std::string_view value) const;
+
+  // Takes the attribute away with the blanks before it, so that Remove undoes Set. An edit of nothing where there is
+  // none.
+  ByteEdit Remove(std::string_view attribute) const;
+
+ private:
+  // In code units from the start of the document.
+  struct Attribute {
+    std::uint64_t blanks;  // where the blanks before its name start
+    std::uint64_t value;   // behind the opening quote
+    std::uint64_t quote;   // the closing quote
+  };
+
+  StartTag(std::string_view document, CodeUnits units, std::uint64_t offset);
+
+  std::optional<Attribute> Find(std::string_view name) const;
+  std::uint64_t AfterName() const;
+  std::uint64_t SkipBlanks(std::uint64_t index) const;
+  bool NameIs(std::uint64_t from, std::uint64_t to, std::string_view name) const;
+  // A character of ASCII, or 0x80 for any other; 0 behind the end.
+  unsigned char UnitAt(std::uint64_t index) const;
+  std::string Encoded(std::string_view ascii) const;
+  ByteEdit Edit(std::uint64_t from, std::uint64_t to, std::string_view ascii) const;
+
+  std::string_view document_;
+  CodeUnits units_;
+  std::uint64_t width_;  // bytes of a code unit
+  std::uint64_t start_;  // of "<"; offsets of tags in UTF-16 are even
+};
+
+}  // namespace brvhost
