@@ -1,16 +1,33 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the extension, and shows what a host gets from it, in the user's language and in Japanese.
+# Installs what is missing, builds the extension and the headless host, hides the ledger lines in a region of a piano piece,
+# shows what changed, and shows them again. The new scores are left in build/demo/.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-dependencies.sh
 cmake --preset release -DBRV_BUILD_TESTS=OFF -DBRV_BUILD_BENCHMARKS=OFF >/dev/null
-cmake --build --preset release -j "$(nproc)" --target LegerLines smallhost
+cmake --build --preset release -j "$(nproc)" --target LegerLines brvhost
 
+brvhost=build/release/bin/brvhost
 bundle=build/release/LegerLines.bundle
+score=samples/piano.musicxml
+mkdir -p build/demo
+
+# Prints a command as a reader would type it, and runs it.
+show() {
+  echo
+  echo "\$ $*"
+  "$@"
+}
+
+show "$brvhost" items "$bundle"
+show "$brvhost" info "$score"
+show "$brvhost" run "$bundle" --item 0 --staves 1 --measures 1-2 --end-at 2 "$score" -o build/demo/hidden.musicxml
 echo
-echo "== $bundle in your language"
-build/release/bin/smallhost "$bundle"
-echo
-echo "== and in Japanese"
-LANGUAGE=ja build/release/bin/smallhost "$bundle"
+echo "\$ diff $score build/demo/hidden.musicxml"
+diff "$score" build/demo/hidden.musicxml | grep '^[0-9>]' | head -n 6 || true
+changed=$(diff "$score" build/demo/hidden.musicxml | grep -c '^>' || true)
+echo "... $changed lines differ in all"
+show "$brvhost" run "$bundle" --item 1 --all build/demo/hidden.musicxml -o build/demo/shown.musicxml
+cmp "$score" build/demo/shown.musicxml
+echo "build/demo/shown.musicxml is $score again, byte for byte."
