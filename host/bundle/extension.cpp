@@ -64,7 +64,7 @@ Extension::Extension(const std::string& path) : bundle_(path) {
   if (mainFunction(1, static_cast<void*>(arguments)) == 0) throw BundleError(path + ": does not bind to this host");
   const std::uint32_t version = entryPoints_.version();
   if (version != kBrvVersion) {
-    throw BundleError(fmt::format("{}: is for version {:#010X} of the host, not {:#010X}", path, version, kBrvVersion));
+    throw BundleError(fmt::format("{}: is for version 0x{:08X} of the host, not 0x{:08X}", path, version, kBrvVersion));
   }
   std::uint32_t word = 0;
   if (Answer(entryPoints_.init(nullptr, &word)) == 0) throw BundleError(path + ": does not initialise");

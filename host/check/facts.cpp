@@ -64,7 +64,7 @@ std::string HasVersion(const std::string& path) {
   const RawExtension extension(path);
   extension.Main();
   const std::uint32_t version = extension.Version();
-  return version == kBrvVersion ? "" : fmt::format("it is {:#010X}, not {:#010X}", version, kBrvVersion);
+  return version == kBrvVersion ? "" : fmt::format("it is 0x{:08X}, not 0x{:08X}", version, kBrvVersion);
 }
 
 std::string Initialises(const std::string& path) {
@@ -103,7 +103,7 @@ std::string TerminatesTexts(const std::string& path) {
 std::string ClearsLastWord(const std::string& path) {
   int item = 0;
   for (const GuardedTexts& texts : TextsOfAllItems(path)) {
-    if (texts->reserved != 0) return fmt::format("that of item {} is {:#X}, not 0", item, texts->reserved);
+    if (texts->reserved != 0) return fmt::format("that of item {} is 0x{:08X}, not 0", item, texts->reserved);
     ++item;
   }
   return "";
@@ -133,9 +133,9 @@ std::string HasMenuStatus(const std::string& path) {
 std::string Unbalanced(const Trial& trial, int item) {
   const OpenDocument& document = trial.document;
   if (document.StrayFrames() > 0) {
-    return fmt::format("item {} saves or frees {} frames that are not loaded", item, document.StrayFrames());
+    return fmt::format("item {} saves or frees frames that are not loaded: {} in all", item, document.StrayFrames());
   }
-  if (document.LoadedFrames() > 0) return fmt::format("item {} leaves {} frames loaded", item, document.LoadedFrames());
+  if (document.LoadedFrames() > 0) return fmt::format("item {} leaves frames loaded: {} in all", item, document.LoadedFrames());
   return "";
 }
 
@@ -214,7 +214,7 @@ std::string ChangesNothingTwice(const std::string& path) {
     trial.Invoke(item);
     if (trial.Hidden() != once) return fmt::format("item {} changes the score again", item);
     const std::uint64_t again = trial.document.SavedFrames() - saved;
-    return again == 0 ? "" : fmt::format("item {} saves {} frames without a change", item, again);
+    return again == 0 ? "" : fmt::format("item {} saves frames without a change: {} in all", item, again);
   });
 }
 

@@ -12,7 +12,7 @@
 namespace brvhost {
 namespace {
 
-constexpr int kSecondsPerFact = 20;
+constexpr int kSecondsPerFact = 10;
 
 }  // namespace
 

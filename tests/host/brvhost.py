@@ -1,0 +1,61 @@
+"""Runs brvhost for tests. The environment names the program, the extension, and the folders of faulty bundles and samples."""
+
+import os
+import pathlib
+import subprocess
+import tempfile
+import unittest
+
+PROGRAM = os.environ["BRVHOST"]
+LEGER_LINES = os.environ["BRV_BUNDLE"]
+BUNDLES = pathlib.Path(os.environ["BRV_FAULTY_BUNDLES"])
+SAMPLES = pathlib.Path(os.environ["BRV_SAMPLES"])
+
+HIDE, SHOW = 0, 1
+
+
+def faulty(name):
+    return str(BUNDLES / f"{name}.bundle")
+
+
+def brvhost(*arguments, **options):
+    """The finished process, its output as text; it has no terminal."""
+    options.setdefault("stdin", subprocess.DEVNULL)
+    return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=300,
+                          env={**os.environ, "LANGUAGE": "en"}, **options)
+
+
+def run(item, *arguments, bundle=LEGER_LINES):
+    return brvhost("run", bundle, "--item", item, *arguments)
+
+
+class Case(unittest.TestCase):
+    """A test with a folder of its own."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def write(self, name, content):
+        path = self.folder / name
+        path.write_bytes(content if isinstance(content, bytes) else content.encode())
+        return path
+
+    def succeeds(self, process):
+        self.assertEqual(process.returncode, 0, process.stdout + process.stderr)
+        return process
+
+    def fails(self, process, status, *messages):
+        self.assertEqual(process.returncode, status, process.stdout + process.stderr)
+        for message in messages:
+            self.assertIn(message, process.stderr)
+        return process
+
+
+NOTE = "<note><duration>1</duration></note>"
+
+
+def score(measure_content=NOTE):
+    return ('<score-partwise version="4.0"><part-list><score-part id="P1"/></part-list><part id="P1">'
+            f'<measure number="1">{measure_content}</measure></part></score-partwise>')

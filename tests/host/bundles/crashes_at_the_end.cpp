@@ -1,0 +1,5 @@
+#include <cstdlib>
+
+#include "extension.h"
+
+void BrevixExtensionTerminate() { std::abort(); }

@@ -1,0 +1,10 @@
+#include <unistd.h>
+
+#include "extension.h"
+#include "keyboard.h"
+
+int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION*) {
+  if (index != 0 || region == nullptr) return 0;
+  while (EventUtilCancelInQueue()) pause();
+  return HideFirstFrame(*region);
+}

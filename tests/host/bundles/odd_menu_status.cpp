@@ -1,0 +1,3 @@
+#include "extension.h"
+
+int BrevixExtensionGetMenuStatus(void*) { return -3; }

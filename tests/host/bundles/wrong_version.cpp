@@ -1,0 +1,3 @@
+#include "extension.h"
+
+std::uint32_t BrevixExtensionVersion() { return 0x18000000; }

@@ -1,0 +1,54 @@
+// Small scores for tests, and what stands in them.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "host/score/musicxml.h"
+#include "host/score/score.h"
+
+namespace brvhost {
+
+inline std::string Note(const std::string& rest = "", const std::string& attributes = "") {
+  return "<note" + attributes + "><duration>1</duration>" + rest + "</note>";
+}
+
+inline std::string Measure(const std::string& content) { return "<measure number=\"1\">" + content + "</measure>"; }
+
+// A partwise score of one part.
+inline std::string Partwise(const std::string& measures) {
+  return "<score-partwise version=\"4.0\"><part-list><score-part id=\"P1\"/></part-list><part id=\"P1\">" + measures +
+         "</part></score-partwise>";
+}
+
+// The score of one measure.
+inline Score ScoreOf(const std::string& measureContent) { return ReadMusicXml(Partwise(Measure(measureContent))); }
+
+struct EntryFacts {
+  int staff;
+  int measure;
+  int layer;
+  int position;
+  int notes;
+  bool operator==(const EntryFacts&) const = default;
+};
+
+inline void PrintTo(const EntryFacts& entry, std::ostream* out) {
+  *out << "{staff " << entry.staff << ", measure " << entry.measure << ", layer " << entry.layer << ", position "
+       << entry.position << ", notes " << entry.notes << "}";
+}
+
+// All entries, by staff, layer, measure and position.
+inline std::vector<EntryFacts> EntriesOf(const Score& score) {
+  std::vector<EntryFacts> facts;
+  for (const ScoreFrame& frame : score.frames) {
+    for (std::uint32_t i = 0; i < frame.entryCount; ++i) {
+      const ScoreEntry& entry = score.entries[frame.firstEntry + i];
+      facts.push_back({frame.staff, frame.measure, frame.layer, entry.position, entry.noteElements});
+    }
+  }
+  return facts;
+}
+
+}  // namespace brvhost
