@@ -20,6 +20,14 @@ EXAMPLES
   brvhost run LegerLines.bundle --item 0 --all sonata.musicxml -o hidden.musicxml
   brvhost run LegerLines.bundle --item 0 --all --in-place --jobs 4 scores/*.mxl)";
 
+constexpr const char* kItemsFooter = R"(EXIT STATUS
+  0    done
+  3    a bundle that cannot be used)";
+
+constexpr const char* kInfoFooter = R"(EXIT STATUS
+  0    done
+  2    a score that cannot be used; the others are told all the same)";
+
 constexpr const char* kItemsAbout =
     "Lists the menu items of an extension, one a line: its number, its name in the menu, its name in the Undo command, "
     "and its "
@@ -76,16 +84,16 @@ constexpr const char* kCheckFooter = R"(EXIT STATUS
   3    there is no such bundle)";
 
 void AddBundle(CLI::App& command, Options& options) {
-  command.add_option("BUNDLE", options.bundle, "The extension's bundle, a folder")->required();
+  command.add_option("BUNDLE", options.bundle, "The extension's bundle, a folder")->required()->type_name("");
 }
 
 void AddScores(CLI::App& command, Options& options) {
-  command.add_option("SCORE", options.scores, "MusicXML: .musicxml, .xml or .mxl")->required();
+  command.add_option("SCORE", options.scores, "MusicXML: .musicxml, .xml or .mxl")->required()->type_name("");
   command
       .add_option("--max-size", options.maxSize,
                   "The most that a compressed score may unpack to: a number of bytes, or with KB, MB, GB (1 GB)")
-      ->type_name("SIZE")
-      ->transform(CLI::AsSizeValue(false));
+      ->transform(CLI::AsSizeValue(false).description(""))
+      ->type_name("SIZE");
 }
 
 void AddRegion(CLI::App& run, Options& options) {
@@ -100,15 +108,16 @@ void AddRegion(CLI::App& run, Options& options) {
   run.add_flag("--all", options.all, "The whole score")->group("Region");
 }
 
-// Exactly one of them.
 void AddTargets(CLI::App& run, Options& options) {
-  auto* const targets = run.add_option_group("Result", "Where the result goes: exactly one of these");
-  targets->add_option("-o,--output", options.output, "Write to this file; for a single score")->type_name("FILE");
-  targets->add_flag("--in-place", options.inPlace, "Write to the score itself, if anything changed");
-  targets->add_option("--out-dir", options.outputFolder, "Write to this folder, under the score's name")
-      ->type_name("DIR");
-  targets->add_flag("--dry-run", options.dryRun, "Write nothing; say what would change");
-  targets->require_option(1);
+  constexpr const char* kGroup = "Result (exactly one of these)";
+  run.add_option("-o,--output", options.output, "Write to this file; for a single score")
+      ->type_name("FILE")
+      ->group(kGroup);
+  run.add_flag("--in-place", options.inPlace, "Write to the score itself, if anything changed")->group(kGroup);
+  run.add_option("--out-dir", options.outputFolder, "Write to this folder, under the score's name")
+      ->type_name("DIR")
+      ->group(kGroup);
+  run.add_flag("--dry-run", options.dryRun, "Write nothing; say what would change")->group(kGroup);
 }
 
 }  // namespace
@@ -123,9 +132,11 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
 
   CLI::App& items = *app->add_subcommand("items", kItemsAbout);
   AddBundle(items, options);
+  items.footer(kItemsFooter);
 
   CLI::App& info = *app->add_subcommand("info", kInfoAbout);
   AddScores(info, options);
+  info.footer(kInfoFooter);
 
   CLI::App& run = *app->add_subcommand("run", kRunAbout);
   AddBundle(run, options);
@@ -134,7 +145,9 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   AddTargets(run, options);
   AddRegion(run, options);
   run.add_flag("--yes", options.yes, "Agree to every question");
-  run.add_option("--jobs", options.jobs, "Work on so many scores at a time")->type_name("N")->check(CLI::Range(1, 256));
+  run.add_option("--jobs", options.jobs, "Work on so many scores at a time")
+      ->type_name("N")
+      ->check(CLI::Range(1, 256).description(""));
   run.footer(kRunFooter);
 
   CLI::App& check = *app->add_subcommand("check", kCheckAbout);

@@ -57,10 +57,15 @@ Job JobFor(const std::string& score, const Options& options) {
   return {score, (fs::path(options.outputFolder) / fs::path(score).filename()).string()};
 }
 
-std::vector<Job> JobsOf(const Options& options) {
+void CheckTargets(const Options& options) {
+  const int named = !options.output.empty() + !options.outputFolder.empty() + options.inPlace + options.dryRun;
+  if (named != 1) throw UsageError("run needs exactly one of --output, --in-place, --out-dir and --dry-run");
   if (!options.output.empty() && options.scores.size() > 1) {
     throw UsageError("--output is for a single score; --in-place and --out-dir take several");
   }
+}
+
+std::vector<Job> JobsOf(const Options& options) {
   std::vector<Job> jobs;
   std::set<fs::path> targets;
   for (const std::string& score : options.scores) {
@@ -97,6 +102,7 @@ int Run(const Options& options) {
   settings.shownLayers = LayersOption(options.layers);
   settings.agree = options.yes;
   settings.maxSize = options.maxSize;
+  CheckTargets(options);
   const std::vector<Job> jobs = JobsOf(options);
 
   const Extension extension(options.bundle);

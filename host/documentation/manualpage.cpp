@@ -1,0 +1,74 @@
+#include <fmt/format.h>
+
+#include <sstream>
+
+#include "host/documentation/optionlist.h"
+#include "host/version.h"
+
+namespace brvhost {
+namespace {
+
+// Text as roff reads it: no command at the start of a line, and dashes as they are.
+std::string Escaped(const std::string& text) {
+  std::string escaped;
+  for (const char character : text) {
+    if (character == '\\')
+      escaped += "\\e";
+    else if (character == '-')
+      escaped += "\\-";
+    else
+      escaped += character;
+  }
+  return escaped.starts_with('.') || escaped.starts_with('\'') ? "\\&" + escaped : escaped;
+}
+
+std::string OptionEntry(const OptionText& option) {
+  std::string names;
+  for (const std::string& name : option.names)
+    names += fmt::format("{}\\fB{}\\fR", names.empty() ? "" : ", ", Escaped(name));
+  const std::string value = option.value.empty() ? "" : fmt::format(" \\fI{}\\fR", Escaped(option.value));
+  return fmt::format(".TP\n{}{}\n{}\n", names, value, Escaped(option.about));
+}
+
+// A footer's headings become sections within the command; what is indented keeps its lines.
+std::string FooterParagraphs(const std::string& footer) {
+  std::string text;
+  std::istringstream lines(footer);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.empty()) continue;
+    if (line[0] == ' ')
+      text += Escaped(line) + "\n.br\n";
+    else
+      text += fmt::format(".PP\n\\fB{}\\fR\n.br\n", Escaped(line));
+  }
+  return text;
+}
+
+std::string CommandSection(const CommandText& command) {
+  std::string arguments;
+  for (const std::string& argument : command.arguments) arguments += fmt::format(" \\fI{}\\fR", Escaped(argument));
+  std::string text =
+      fmt::format(".SS brvhost {}{} [\\fIOPTIONS\\fR]\n{}\n", command.name, arguments, Escaped(command.about));
+  for (const OptionText& option : command.options) text += OptionEntry(option);
+  return text + FooterParagraphs(command.footer);
+}
+
+}  // namespace
+
+std::string ManualPage(const CLI::App& app) {
+  std::string text = fmt::format(".TH BRVHOST 1 \"\" \"brvhost {}\" \"User commands\"\n", kVersion);
+  text += ".SH NAME\nbrvhost \\- run notation extensions on MusicXML scores\n";
+  text += ".SH SYNOPSIS\n";
+  for (const CommandText& command : DescribeCommands(app)) {
+    text += fmt::format("\\fBbrvhost {}\\fR", command.name);
+    for (const std::string& argument : command.arguments) text += fmt::format(" \\fI{}\\fR", Escaped(argument));
+    text += " [\\fIOPTIONS\\fR]\n.br\n";
+  }
+  text += fmt::format(".SH DESCRIPTION\n{}\n", Escaped(app.get_description()));
+  for (const OptionText& option : DescribeOptions(app)) text += OptionEntry(option);
+  text += ".SH COMMANDS\n";
+  for (const CommandText& command : DescribeCommands(app)) text += CommandSection(command);
+  return text + ".SH NOTES\n" + FooterParagraphs(app.get_footer());
+}
+
+}  // namespace brvhost
