@@ -3,14 +3,11 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
 #include <string>
-#include <vector>
 
 #include "brevixpdk.h"
 #include "hostbundle.h"
+#include "sidebyside.h"
 
 namespace {
 
@@ -19,30 +16,6 @@ using GetCurrentWindow = HostResult (*)(BrvVersion);
 using LoadTGF = EXTGF2005a* (*)(int, int, int, int, int, BrvVersion);
 
 void* Lookup(CFStringRef name) { return CFBundleGetFunctionPointerForName(gBrevixBundle, name); }
-
-// Nanoseconds of one call, over many.
-template <class Call>
-double Measure(int calls, Call call) {
-  const auto start = std::chrono::steady_clock::now();
-  for (int i = 0; i < calls; ++i) benchmark::DoNotOptimize(call(i));
-  const std::chrono::duration<double, std::nano> elapsed = std::chrono::steady_clock::now() - start;
-  return elapsed.count() / calls;
-}
-
-// The ratio of two ways, each the best of several turns side by side.
-template <class First, class Second>
-void PrintRatio(const char* text, int calls, First first, Second second) {
-  constexpr int kTurns = 25;
-  std::vector<double> firsts;
-  std::vector<double> seconds;
-  for (int i = 0; i < kTurns; ++i) {
-    firsts.push_back(Measure(calls, first));
-    seconds.push_back(Measure(calls, second));
-  }
-  const double a = *std::min_element(firsts.begin(), firsts.end());
-  const double b = *std::min_element(seconds.begin(), seconds.end());
-  std::printf("%-66s %8.2f ns %8.2f ns   ratio %.2f\n", text, a, b, a / b);
-}
 
 void Bind() {
   const std::string path = BRV_HOST_BUNDLE;
@@ -65,14 +38,16 @@ int main() {
 
   PrintRatio(
       "a frame of a score (BX_LoadTGF): bridge / plain pointer", kCalls,
-      [](int i) { return BX_LoadTGF(0, i & 3, i % 200, 0, 1, kBrvVersion); },
-      [&](int i) { return loadTGF(0, i & 3, i % 200, 0, 1, kBrvVersion); });
+      [](int i) { benchmark::DoNotOptimize(BX_LoadTGF(0, i & 3, i % 200, 0, 1, kBrvVersion)); },
+      [&](int i) { benchmark::DoNotOptimize(loadTGF(0, i & 3, i % 200, 0, 1, kBrvVersion)); });
   PrintRatio(
       "a pointer at once (BX_GetCurrentWindow): bridge / plain pointer", kCalls,
-      [](int) { return BX_GetCurrentWindow(kBrvVersion); }, [&](int) { return currentWindow(kBrvVersion); });
+      [](int) { benchmark::DoNotOptimize(BX_GetCurrentWindow(kBrvVersion)); },
+      [&](int) { benchmark::DoNotOptimize(currentWindow(kBrvVersion)); });
   PrintRatio(
       "a 16-bit number at once (BX_GetShowLayer): bridge / plain pointer", kCalls,
-      [](int i) { return BX_GetShowLayer(i & 3, kBrvVersion); }, [&](int i) { return showLayer(i & 3, kBrvVersion); });
+      [](int i) { benchmark::DoNotOptimize(BX_GetShowLayer(i & 3, kBrvVersion)); },
+      [&](int i) { benchmark::DoNotOptimize(showLayer(i & 3, kBrvVersion)); });
   PrintRatio(
       "the same: lookup each time / bridge", kCalls / 200,
       [](int i) {
@@ -80,7 +55,7 @@ int main() {
             CFStringCreateWithCString(kCFAllocatorDefault, "BX_GetShowLayer", kCFStringEncodingMacRoman);
         const auto function = reinterpret_cast<GetShowLayer>(Lookup(name));
         CFRelease(name);
-        return function(i & 3, kBrvVersion);
+        benchmark::DoNotOptimize(function(i & 3, kBrvVersion));
       },
-      [](int i) { return BX_GetShowLayer(i & 3, kBrvVersion); });
+      [](int i) { benchmark::DoNotOptimize(BX_GetShowLayer(i & 3, kBrvVersion)); });
 }

@@ -35,9 +35,7 @@ const char16_t kRareNeedle[] = u"#z";
 // Its first unit stands in every 26th place, its first two never follow one another.
 const char16_t kFrequentNeedle[] = u"aa";
 
-const UniChar* AsUnits(const char16_t* text) {
-  return reinterpret_cast<const UniChar*>(text);
-}
+const UniChar* AsUnits(const char16_t* text) { return reinterpret_cast<const UniChar*>(text); }
 
 struct Pair {
   const char* name;
@@ -93,9 +91,7 @@ class BestTimes : public benchmark::ConsoleReporter {
   std::map<std::string, double> best_;
 };
 
-std::string NameOf(const Pair& pair, const char* side) {
-  return std::string(pair.name) + "/" + side;
-}
+std::string NameOf(const Pair& pair, const char* side) { return std::string(pair.name) + "/" + side; }
 
 // How the reporter names a measurement: name, argument, repetitions.
 std::string RunName(const Pair& pair, const char* side, int length) {

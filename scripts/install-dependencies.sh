@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(
-  cmake ninja-build g++ clang pkg-config binutils
+  cmake ninja-build g++ clang pkg-config binutils python3
   libgtest-dev libgmock-dev libbenchmark-dev librapidcheck-dev
   libplist-dev libicu-dev
   libexpat1-dev libzip-dev libfmt-dev libcli11-dev
