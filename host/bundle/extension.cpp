@@ -24,6 +24,12 @@ CFBundleRef OpenBundle(const std::string& path) {
   return bundle;
 }
 
+// An extension that writes a little too far spoils nothing of the host's.
+struct TextsWithRoom {
+  MenuItemTexts texts;
+  std::uint8_t room[256];
+};
+
 // 16-bit results may have anything above.
 int Answer(int result) { return static_cast<std::int16_t>(result); }
 
@@ -73,8 +79,9 @@ Extension::Extension(const std::string& path) : bundle_(path) {
 std::vector<MenuItem> Extension::Items() const {
   std::vector<MenuItem> items;
   for (int index = 0; index < kMostItems; ++index) {
-    MenuItemTexts texts{};
-    if (Answer(entryPoints_.enumerate(nullptr, index, &texts)) == 0) return items;
+    TextsWithRoom record{};
+    const MenuItemTexts& texts = record.texts;
+    if (Answer(entryPoints_.enumerate(nullptr, index, &record.texts)) == 0) return items;
     constexpr std::size_t kUnits = MenuItemTexts::kUnits;
     items.push_back(
         {Utf8FromUnits(texts.text1, kUnits), Utf8FromUnits(texts.text2, kUnits), Utf8FromUnits(texts.text3, kUnits)});

@@ -3,6 +3,7 @@
 #include <zip.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 
@@ -25,13 +26,15 @@ using Member = std::unique_ptr<zip_file_t, Discard>;
 
 [[noreturn]] void ThrowBroken(const std::string& reason) { throw InputError("not a readable .mxl archive: " + reason); }
 
-// Owns the memory that an archive is read from and written to.
+// Owns the memory that an archive is read from and written to: a copy, as the library frees what it replaces.
 class Source {
  public:
   explicit Source(std::string_view bytes) {
     zip_error_t error;
     zip_error_init(&error);
-    source_ = zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error);
+    void* const copy = std::malloc(bytes.size());
+    if (copy != nullptr)
+      source_ = zip_source_buffer_create(std::memcpy(copy, bytes.data(), bytes.size()), bytes.size(), 1, &error);
     if (source_ == nullptr) throw std::bad_alloc();
   }
   ~Source() { zip_source_free(source_); }

@@ -19,17 +19,17 @@ TEST_F(Document, LoadsTheEntriesOfAPlace) {
   ASSERT_NE(frame, nullptr);
   ASSERT_EQ(frame->entryCount, 2);
   const EXENTRY& chord = frame->entries[0];
-  EXPECT_EQ(chord.noteCount, 2);
-  EXPECT_EQ(chord.notes[0].noteID, 1);
-  EXPECT_EQ(chord.notes[1].noteID, 2);
-  EXPECT_EQ(chord.notes[1].noteWord, 2);
-  EXPECT_EQ(chord.flags, 0);
-  EXPECT_EQ(chord.entryFlags[3], kContentBit);
+  EXPECT_EQ(+chord.noteCount, 2);
+  EXPECT_EQ(+chord.notes[0].noteID, 1);
+  EXPECT_EQ(+chord.notes[1].noteID, 2);
+  EXPECT_EQ(+chord.notes[1].noteWord, 2);
+  EXPECT_EQ(+chord.flags, 0);
+  EXPECT_EQ(+chord.entryFlags[3], kContentBit);
   const EXENTRY& rest = frame->entries[1];
-  EXPECT_EQ(rest.noteCount, 0);
-  EXPECT_EQ(rest.flags, kNoLegerLines);
-  EXPECT_EQ(rest.position, 10080);
-  EXPECT_EQ(rest.entryFlags[3], 0);
+  EXPECT_EQ(+rest.noteCount, 0);
+  EXPECT_EQ(+rest.flags, kNoLegerLines);
+  EXPECT_EQ(+rest.position, 10080);
+  EXPECT_EQ(+rest.entryFlags[3], 0);
 }
 
 TEST_F(Document, HasNoFrameWhereNothingStands) {

@@ -36,12 +36,12 @@ TEST(RegionOf, ReachesAsFarAsTheScoreWhereNothingIsSaid) {
   request.startAt = Fraction{5, 2};
   const auto region = RegionOf(request, FourByTen());
   ASSERT_TRUE(region);
-  EXPECT_EQ(region->startStaff, 1);
-  EXPECT_EQ(region->endStaff, 4);
-  EXPECT_EQ(region->startMeasure, 1);
-  EXPECT_EQ(region->endMeasure, 10);
-  EXPECT_EQ(region->startPosition, 25200);
-  EXPECT_EQ(region->endPosition, 0x7FFFFFFF);
+  EXPECT_EQ(+region->startStaff, 1);
+  EXPECT_EQ(+region->endStaff, 4);
+  EXPECT_EQ(+region->startMeasure, 1);
+  EXPECT_EQ(+region->endMeasure, 10);
+  EXPECT_EQ(+region->startPosition, 25200);
+  EXPECT_EQ(+region->endPosition, 0x7FFFFFFF);
 }
 
 TEST(RegionOf, EndsWithTheScore) {
@@ -49,10 +49,10 @@ TEST(RegionOf, EndsWithTheScore) {
   request.staves = ParseNumberRange("3-9");
   request.measures = ParseNumberRange("10-");
   const auto region = RegionOf(request, FourByTen());
-  EXPECT_EQ(region->startStaff, 3);
-  EXPECT_EQ(region->endStaff, 4);
-  EXPECT_EQ(region->startMeasure, 10);
-  EXPECT_EQ(region->endMeasure, 10);
+  EXPECT_EQ(+region->startStaff, 3);
+  EXPECT_EQ(+region->endStaff, 4);
+  EXPECT_EQ(+region->startMeasure, 10);
+  EXPECT_EQ(+region->endMeasure, 10);
 }
 
 TEST(RegionOf, RefusesToStartBeyondTheScore) {
@@ -64,7 +64,7 @@ TEST(RegionOf, RefusesToStartBeyondTheScore) {
 TEST(RegionOf, TakesAPositionTooFarAwayForTheEnd) {
   RegionRequest request;
   request.endAt = ParseFraction("999999999999");
-  EXPECT_EQ(RegionOf(request, FourByTen())->endPosition, 0x7FFFFFFF);
+  EXPECT_EQ(+RegionOf(request, FourByTen())->endPosition, 0x7FFFFFFF);
 }
 
 }  // namespace
