@@ -37,4 +37,30 @@ static_assert(offsetof(EDTStaffSpec2014, nameTextBlock) == 30);
 static_assert(offsetof(EDTStaffSpec2014, secondNameTextBlock) == 32);
 static_assert(offsetof(EDTStaffSpec2014, newerHostData) == 102);
 
+// Of a group of staves, tag "SDNG".
+struct EDTGroupSpec {
+  std::uint8_t hostData[36];
+};
+static_assert(sizeof(EDTGroupSpec) == 36);
+
+// Of a page, tag "SOPS".
+struct EDTPageSpec {
+  std::uint8_t hostData[22];
+};
+static_assert(sizeof(EDTPageSpec) == 22);
+
+// Of a text block, tag "SOTX".
+struct EDTTextBlock25_4 {
+  std::int16_t rawText;  // the number of its raw text
+  std::uint8_t hostTail[28];
+};
+static_assert(sizeof(EDTTextBlock25_4) == 30);
+static_assert(offsetof(EDTTextBlock25_4, rawText) == 0);
+
+// Of the document, tag "pfgp".
+struct EDTGeneralPrefs2008 {
+  std::uint8_t hostData[66];
+};
+static_assert(sizeof(EDTGeneralPrefs2008) == 66);
+
 #pragma pack(pop)
