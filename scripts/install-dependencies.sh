@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what building and testing need and what is not there yet, from the distribution's packages.
+# Installs what building and testing need and what is not there yet, from the distribution's packages; with arguments, the
+# packages that they name instead.
 # Debian 12, Ubuntu 22.04 or later; as root, or with sudo.
 set -euo pipefail
 
@@ -9,6 +10,7 @@ packages=(
   libplist-dev libicu-dev
   libexpat1-dev libzip-dev libfmt-dev libcli11-dev
 )
+[ $# -eq 0 ] || packages=("$@")
 
 missing=()
 for package in "${packages[@]}"; do
