@@ -80,9 +80,10 @@ class Report:
         self.small_figures("3. The command's walk", {"the walk /": "at most 1.2"}, self.program("bench-walk", self.score))
 
     def text(self):
-        self.say("## 4. The bx_ functions beside ICU's", "", "How many times as fast, by length in units.", "")
-        output = self.program("bench-bxstring")
-        self.say("```", *output[output.rindex("\n\n"):].strip("\n").splitlines(), "```", "")
+        self.say("## 4. The bx_ functions beside ICU's", "", "How many times as fast, by length in units: the best of five turns. The goals are 4 from 1024 units on, and 1 below.", "")
+        arguments = ["--benchmark_min_time=0.05"] if self.quick else []
+        output = self.program("bench-bxstring", *arguments)
+        self.say("```", *output[output.index("Times as fast"):].strip("\n").splitlines(), "```", "")
 
     def records(self):
         if not (self.build / "bench" / "bench-edata").exists():
