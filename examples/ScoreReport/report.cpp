@@ -47,6 +47,7 @@ std::u16string StaffLine(const EREGION& region, int staff) {
   short code = 0;
   BXUtilGetKeySig(region.startMeasure, &key);
   BXUtilGetStaffTrans(staff, &code);
+  if (key >= kNonStandardKey) key = 0;  // it is not made of fifths, and cannot be too far from C
   tInterval interval;
   BXUtilStaffTransToInterval(code, key, &interval);  // from sounding to written pitch
   BXUtilInvertInterval(&interval);

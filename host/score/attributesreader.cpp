@@ -62,6 +62,7 @@ void AttributesReader::StartElement(const char* name, const XmlAttributes& attri
 void AttributesReader::EndElement(std::string_view text) {
   const std::string name = std::move(open_.back());
   open_.pop_back();
+  if (open_.size() > 1) return;  // of another meter that the one may be counted in
   text = WithoutBlanks(text);
   if (name == "fifths") key_.sharps = SmallNumber(text);
   if (name == "mode") key_.isMinor = text == "minor";
