@@ -1,13 +1,13 @@
 // Prints a number that two XML files share when they say the same: the same elements, attributes in any order, and
 // text.
-#include <expat.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "readwithexpat.h"
 
 namespace {
 
@@ -54,20 +54,12 @@ void OnText(void* data, const char* text, int length) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  constexpr int kChunk = 1 << 16;
-  std::FILE* const file = argc == 2 ? std::fopen(argv[1], "rb") : nullptr;
-  if (file == nullptr) return 2;
   Content content;
   const XML_Parser parser = XML_ParserCreate(nullptr);
   XML_SetUserData(parser, &content);
   XML_SetElementHandler(parser, OnStart, OnEnd);
   XML_SetCharacterDataHandler(parser, OnText);
-  for (bool last = false; !last;) {
-    const auto count = std::fread(XML_GetBuffer(parser, kChunk), 1, kChunk, file);
-    last = count < kChunk;
-    if (XML_ParseBuffer(parser, static_cast<int>(count), last) != XML_STATUS_OK) return 1;
-  }
-  XML_ParserFree(parser);
-  std::fclose(file);
-  std::printf("%016llx\n", static_cast<unsigned long long>(content.hash.value));
+  const int status = ReadWithExpat(argc, argv, parser);
+  if (status == 0) std::printf("%016llx\n", static_cast<unsigned long long>(content.hash.value));
+  return status;
 }

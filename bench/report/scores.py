@@ -20,11 +20,11 @@ def unpacked(path):
 
 
 def stacked(text, size, target):
-    """Writes a score of about `size` bytes: the parts of `text`, over and over, under new names."""
+    """Writes a score of at most `size` bytes, or of one copy: the parts of `text`, over and over, under new names."""
     start, end = text.index("<part id="), text.rindex("</score-partwise>")
     head, parts, tail = text[:start], text[start:end], text[end:]
     with open(target, "w", encoding="utf-8", newline="") as file:
         file.write(head)
-        for number in range(max(1, round(size / len(parts.encode())))):
+        for number in range(max(1, size // len(parts.encode()))):
             file.write(re.sub(r'<part id="([^"]*)"', rf'<part id="\g<1>x{number}"', parts))
         file.write(tail)

@@ -33,9 +33,8 @@ class RecordStore {
     records_[{tag, number, index}] = std::move(bytes);
   }
   void PutText(int number, const std::u16string& text) {
-    Bytes bytes(text.size() * 2);
-    std::memcpy(bytes.data(), text.data(), bytes.size());
-    Put(0x7478626C, number, bytes);
+    const auto* const units = reinterpret_cast<const std::uint8_t*>(text.data());
+    Put(0x7478626C, number, Bytes(units, units + 2 * text.size()));
   }
   // A text block that leads to a raw text.
   void PutTextBlock(int number, int rawText) {
