@@ -3,6 +3,7 @@
 import dataclasses
 import os
 import statistics
+import sys
 import time
 
 
@@ -23,6 +24,30 @@ def run(command):
     if status != 0:
         raise RuntimeError(f"failed: {' '.join(command)}")
     return Cost(wall, usage.ru_utime + usage.ru_stime, usage.ru_maxrss * 1024)
+
+
+def apart(work):
+    """Does work in a process of its own: what this one holds would count as the memory of the commands that it starts."""
+    process = os.fork()
+    if process == 0:
+        work()
+        os._exit(0)
+    if os.waitpid(process, 0)[1] != 0:
+        raise RuntimeError("the work failed")
+
+
+def speed_of_two():
+    """How many times the work of one process two of them do on this machine, side by side, when nothing is in their way."""
+    command = [sys.executable, "-c", "sum(i * i for i in range(10_000_000))"]
+
+    def seconds(count):
+        start = time.monotonic()
+        processes = [os.posix_spawnp(command[0], command, os.environ) for _ in range(count)]
+        for process in processes:
+            os.waitpid(process, 0)
+        return time.monotonic() - start
+
+    return statistics.median(2 * seconds(1) / seconds(2) for _ in range(5))
 
 
 def first_round(commands):

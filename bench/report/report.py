@@ -128,20 +128,19 @@ class Report:
         self.say("## 6. The main job, from file to file",
                  "", "Every ratio is of the tool's time to brvhost's, so that larger is better for brvhost; for expat alone it is "
                  "brvhost's to expat's. A peer's time counts only after its result was found to say the same.", "")
-        text = scores.unpacked(self.score)
-        sizes = [("the score", len(text.encode()), 5)]
+        sizes = [("the score", 0, 5)]
         sizes += [("10 MB", 10 * MEGABYTE, 5)] if self.quick else [
             ("10 MB", 10 * MEGABYTE, 5), ("100 MB", 100 * MEGABYTE, 5), ("1000 MB", 1000 * MEGABYTE, 5)]
         points = {}
         for label, size, rounds in sizes:
-            self.one_size(label, text, size, rounds, points)
+            self.one_size(label, size, rounds, points)
         plots.growth(self.folder / "time.svg", points, 1, "seconds")
         plots.growth(self.folder / "memory.svg", points, 2, "bytes")
         self.say("![Time over size](time.svg)", "", "![Memory over size](memory.svg)", "")
 
-    def one_size(self, label, text, size, rounds, points):
+    def one_size(self, label, size, rounds, points):
         source = self.work / "score.musicxml"
-        scores.stacked(text, size, source)
+        measure.apart(lambda: scores.stacked(scores.unpacked(self.score), size, source))
         size = source.stat().st_size
         commands, out = self.commands(source, ".musicxml")
         costs = measure.first_round(commands)
@@ -180,7 +179,7 @@ class Report:
         results = {}
         for name in commands:
             unpacked = self.work / f"{name}.xml"
-            unpacked.write_text(scores.unpacked(pathlib.Path(out[name])), "utf-8")
+            measure.apart(lambda: unpacked.write_text(scores.unpacked(pathlib.Path(out[name])), "utf-8"))
             results[name] = str(unpacked)
         self.check_results(commands, results)
         ratio = measure.ratio(costs["lxml"], costs["brvhost"])
@@ -200,6 +199,8 @@ class Report:
                    [(jobs, f"{min(cost.wall for cost in costs[jobs]):.2f}",
                      "" if jobs == "1" else measure.ratio(costs["1"], costs["2"]), "" if jobs == "1" else "at least 1.8")
                     for jobs in costs])
+        self.say(f"Two processes that only count, side by side, do {measure.speed_of_two():.2f} times the work of one on this "
+                 "machine: more than that no batch can gain here.", "")
 
 
 def main():

@@ -53,7 +53,8 @@ class DebianPackage(Case):
         (root / "var/lib/dpkg/updates").mkdir(parents=True)
         (root / "var/lib/dpkg/info").mkdir()
         (root / "var/lib/dpkg/status").touch()
-        dpkg = ["dpkg", f"--root={root}", "--force-not-root", "--force-depends", "--log=/dev/null"]
+        dpkg = ["dpkg", f"--root={root}", "--force-not-root", "--force-depends", "--force-script-chrootless",
+                "--log=/dev/null"]
         subprocess.run([*dpkg, "--install", package], check=True, capture_output=True)
         program = root / "usr/bin/brvhost"
         version = subprocess.run([program, "--version"], check=True, capture_output=True, text=True).stdout
