@@ -20,8 +20,9 @@ function(brv_add_extension)
 
   if(APPLE)
     add_library(${ARG_NAME} MODULE ${ARG_SOURCES})
-    target_link_options(${ARG_NAME} PRIVATE -Wl,-exported_symbols_list,${exports})
-    target_link_libraries(${ARG_NAME} PRIVATE "-Wl,-force_load,$<TARGET_FILE:BrvEDK>" BrvEDK)
+    target_link_options(${ARG_NAME} PRIVATE LINKER:-exported_symbols_list,${exports}
+                        LINKER:-force_load,$<TARGET_FILE:BrvEDK>)
+    target_link_libraries(${ARG_NAME} PRIVATE BrvEDK)
     set(executable_folder MacOS)
     set(suffix "")
   else()
