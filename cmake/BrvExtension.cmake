@@ -35,7 +35,7 @@ function(brv_add_extension)
   endif()
   set_target_properties(${ARG_NAME} PROPERTIES PREFIX "" SUFFIX "${suffix}"
                         LIBRARY_OUTPUT_DIRECTORY ${contents}/${executable_folder}
-                        LINK_DEPENDS ${exports})
+                        LINK_DEPENDS "${exports};${BRV_LINK_STUBS}")
 
   foreach(localization IN LISTS ARG_LOCALIZATIONS)
     get_filename_component(folder ${localization} NAME)

