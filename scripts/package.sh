@@ -13,14 +13,17 @@ archive=$folder/LegerLines-$version.zip
 time=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || echo 946684800)}
 
 scripts/build-macos.sh >/dev/null
-cmake --preset release -B build/package -DBRV_BUILD_TESTS=OFF -DBRV_BUILD_BENCHMARKS=OFF -DBRV_MACOS_TESTS=OFF >/dev/null
+# Without the way to this build's libraries: a host has them loaded.
+cmake --preset release -B build/package -DCMAKE_SKIP_BUILD_RPATH=ON -DBRV_BUILD_TESTS=OFF -DBRV_BUILD_BENCHMARKS=OFF >/dev/null
 cmake --build build/package -j "$(nproc)" --target LegerLines >/dev/null
 
 staging=$(mktemp -d)
 trap 'rm -rf "$staging"' EXIT
 umask 022
 cp -R build/macos/LegerLines.bundle "$staging"
-cmake --install build/package --component bundle --strip --prefix "$staging" >/dev/null
+linux=LegerLines.bundle/Contents/Linux-x86-64
+mkdir "$staging/$linux"
+strip -o "$staging/$linux/LegerLines.so" "build/package/$linux/LegerLines.so"
 cp docs/install-macos.txt "$staging/INSTALL-macOS.txt"
 chmod -R u=rwX,go=rX "$staging"
 find "$staging" -exec touch -d "@$time" {} +

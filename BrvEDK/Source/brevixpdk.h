@@ -668,10 +668,18 @@ BRV_EXPORT short16 BX_SelectFolder(void* argument1, void* argument2, void* argum
 // at data, and afterwards the record's size. Returns non-zero for success.
 //
 // With null data only *size is set: the way to learn how much room a record wants.
+//
+// Preference records (tags that begin with "pf") are put together from the host's legacy records, where the host keeps
+// those: the call then succeeds whether or not the host has them all, a missing one counting as zeros. Such a record is
+// filled whole, whatever *size says, if it has a table in preffieldmap.h; else too little room, or a record number that
+// the tag does not allow, fails.
 // [default 0]
 BRV_EXPORT short16 BX_LoadEData(uint32 tag, EDataKey* key, void* data, std::int32_t* size, BrvVersion version);
 
-// Saves a document record of size bytes. Returns non-zero for success. [default 0]
+// Saves a document record of size bytes. Returns non-zero for success.
+//
+// With a version from 0x08000000 on, preference records are taken apart again into the host's legacy records, and of
+// those with a table in preffieldmap.h only the legacy records are written in which a field changed. [default 0]
 BRV_EXPORT short16 BX_SaveEData(uint32 tag, EDataKey* key, void* data, uint32 size, BrvVersion version);
 
 // Creates a document record. Returns non-zero for success. [default 0]

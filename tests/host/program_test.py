@@ -138,6 +138,24 @@ class Run(Case):
         self.assertIn("warning: a backup leads before the barline", process.stderr)
 
 
+class Records(Case):
+    def test_live_as_long_as_the_document_is_open(self):
+        score_path = self.write("score.musicxml", score())
+        expected = """create 1
+create 1
+create 0
+next 3 three
+next 7 seven
+previous 3 three
+save 1
+legacy 1 slur record
+create 1
+after cancel 0"""
+        for _ in range(2):
+            process = self.succeeds(run(0, "--all", score_path, "--dry-run", bundle=faulty("tells_of_records")))
+            self.assertEqual([line.strip() for line in process.stdout.splitlines()[:10]], expected.splitlines())
+
+
 class BadUsage(Case):
     def setUp(self):
         super().setUp()

@@ -1,0 +1,53 @@
+// How preference records are put together from legacy records.
+//
+// Hosts that do not have the newer preference records (tags that begin with "pf") keep the same settings as words of
+// legacy records (tags that begin with "ot", twelve bytes each). A table per preference record says where each of its
+// fields comes from.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "hosttypes.h"
+
+// How a field follows from the legacy record's words.
+enum PrefConversion : std::uint32_t {
+  kPrefWord = 0,           // the 16-bit word as it is
+  kPrefHighWordFirst = 1,  // a 32-bit field: its high half in the word, its low half in the next
+  kPrefLowWordFirst = 2,   // a 32-bit field: its low half in the word, its high half in the next
+  kPrefInverted = 3,       // a 16-bit truth value: 1 if the word is 0, else 0
+  kPrefByte = 4,           // the low byte of the word; see StorePrefField for what becomes of it on its way back
+};
+
+// One field of a preference record.
+struct PrefFieldMap {
+  std::uint16_t done;          // work flag of the call under way
+  char legacyTag[2];           // the legacy tag behind its "ot"
+  std::uint16_t recordNumber;  // of the legacy record's key; 0 means kDocumentRecord
+  std::uint16_t recordIndex;   // of the legacy record's key
+  std::int16_t fieldOffset;    // in the preference record, in bytes
+  std::int16_t wordIndex;      // of the legacy record's word where the field starts, 0 to 5
+  std::uint16_t fieldSize;     // 2 or 4 bytes
+  std::uint32_t conversion;    // a PrefConversion
+};
+
+// A legacy record.
+struct LegacyRecord {
+  static constexpr int kWords = 6;
+  std::uint16_t words[kWords];
+};
+static_assert(sizeof(LegacyRecord) == 12);
+
+extern PrefFieldMap EDTDistancePrefs_MAP_ARRAY[36];
+extern PrefFieldMap EDTSizePrefs_MAP_ARRAY[23];
+extern PrefFieldMap EDTMiscDocPrefs_MAP_ARRAY[49];
+extern PrefFieldMap EDTRepeatPrefs_MAP_ARRAY[20];
+extern PrefFieldMap EDTPianoBracePrefs_MAP_ARRAY[11];
+extern PrefFieldMap EDTSmartShapePrefs_MAP_ARRAY[43];
+extern PrefFieldMap EDTPlaybackPrefs_MAP_ARRAY[7];
+extern PrefFieldMap EDTExtractPrefs_MAP_ARRAY[25];
+extern PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[22];
+extern PrefFieldMap EDT2005Prefs_MAP_ARRAY[11];
+
+// The table of a preference record, or none. Of the page-format records ("pfPF") only number 0 has one.
+std::span<PrefFieldMap> FindPrefFieldMap(std::uint32_t tag, int recordNumber);
