@@ -10,17 +10,26 @@ import pathlib
 import subprocess
 import sys
 import tempfile
+import zipfile
 
 KINDS = {".musicxml", ".xml", ".mxl"}
 
 
+def content(path):
+    """The bytes; of an archive those of its members, since it also has the time of writing."""
+    if not zipfile.is_zipfile(path):
+        return path.read_bytes()
+    with zipfile.ZipFile(path) as archive:
+        return [(name, archive.read(name)) for name in archive.namelist()]
+
+
 def result(program, bundle, item, score, folder):
-    """The exit status, and the bytes written."""
+    """The exit status, and what was written."""
     output = folder / f"result{score.suffix}"
     output.unlink(missing_ok=True)
     status = subprocess.run([program, "run", bundle, "--item", str(item), "--all", score, "-o", output],
                             capture_output=True, timeout=120).returncode
-    return status, output.read_bytes() if output.exists() else None
+    return status, content(output) if output.exists() else None
 
 
 def samples(sources):
