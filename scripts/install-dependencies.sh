@@ -1,19 +1,20 @@
 #!/usr/bin/env bash
-# Installs what building and testing need and what is not there yet, from the distribution's packages.
+# Installs what building and testing need and what is not there yet, from the distribution's packages; with arguments, the
+# packages that they name instead.
 # Debian 12, Ubuntu 22.04 or later; as root, or with sudo.
 set -euo pipefail
 
 packages=(
   cmake ninja-build g++ clang pkg-config binutils python3
   libgtest-dev libgmock-dev libbenchmark-dev librapidcheck-dev
-  libplist-dev libicu-dev
+  libplist-dev libicu-dev lld libc++1 zip
   libexpat1-dev libzip-dev libfmt-dev libcli11-dev
-  lld libc++1 zip
 )
-# npm fetches the toolchain for macOS; wherever it came from, one is enough.
-command -v npm >/dev/null || packages+=(npm)
+[ $# -eq 0 ] || packages=("$@")
 
 missing=()
+# npm fetches the toolchain for macOS; wherever it came from, one is enough.
+if [ $# -eq 0 ] && ! command -v npm >/dev/null; then missing+=(npm); fi
 for package in "${packages[@]}"; do
   status=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
   [ "$status" = installed ] || missing+=("$package")
