@@ -3,10 +3,8 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <benchmark/benchmark.h>
 
-#include <string>
-
+#include "bindhost.h"
 #include "brevixpdk.h"
-#include "hostbundle.h"
 #include "sidebyside.h"
 
 namespace {
@@ -17,20 +15,11 @@ using LoadTGF = EXTGF2005a* (*)(int, int, int, int, int, BrvVersion);
 
 void* Lookup(CFStringRef name) { return CFBundleGetFunctionPointerForName(gBrevixBundle, name); }
 
-void Bind() {
-  const std::string path = BRV_HOST_BUNDLE;
-  const CFURLRef url = CFURLCreateFromFileSystemRepresentation(
-      kCFAllocatorDefault, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), true);
-  CFBundleCreate(kCFAllocatorDefault, url);
-  CFRelease(url);
-  InitializeGlobals();
-}
-
 }  // namespace
 
 int main() {
   constexpr int kCalls = 2'000'000;
-  Bind();
+  BindHost(BRV_HOST_BUNDLE);
   // Kept where the compiler cannot see that they never change, as the kit's own pointers are.
   GetShowLayer volatile showLayer = reinterpret_cast<GetShowLayer>(Lookup(CFSTR("BX_GetShowLayer")));
   GetCurrentWindow volatile currentWindow = reinterpret_cast<GetCurrentWindow>(Lookup(CFSTR("BX_GetCurrentWindow")));

@@ -4,10 +4,9 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
-#include <string>
 
+#include "bindhost.h"
 #include "brevixpdk.h"
-#include "hostbundle.h"
 #include "legerlinescommand.h"
 #include "sidebyside.h"
 #include "walkhost.h"
@@ -15,15 +14,6 @@
 extern "C" short16 DoShowLegerLinesSilently(EREGION* region, short16 variant);
 
 namespace {
-
-void Bind() {
-  const std::string path = BRV_HOST_BUNDLE;
-  const CFURLRef url = CFURLCreateFromFileSystemRepresentation(
-      kCFAllocatorDefault, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), true);
-  CFBundleCreate(kCFAllocatorDefault, url);
-  CFRelease(url);
-  InitializeGlobals();
-}
 
 template <class Function>
 Function* Find(const char* name) {
@@ -51,7 +41,7 @@ bool BareLoop(const std::vector<EXTGF2005a*>& frames, std::int32_t low, std::int
 }  // namespace
 
 int main(int argc, char** argv) {
-  Bind();
+  BindHost(BRV_HOST_BUNDLE);
   EREGION region = Find<OpenScore>(kOpenScoreName)(argc > 1 ? argv[1] : BRV_SAMPLE);
   const std::vector<EXTGF2005a*>& frames = *Find<AllFrames>(kAllFramesName)();
   long entries = 0;

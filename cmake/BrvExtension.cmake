@@ -1,22 +1,24 @@
-# brv_add_extension(NAME <name> IDENTIFIER <identifier> INFO_PLIST <template> SOURCES <file>...
-#                   HEADERS <header>... [LOCALIZATIONS <folder>.lproj...])
+# brv_add_extension(NAME <name> IDENTIFIER <identifier> SOURCES <file>... HEADERS <header>... [INFO_PLIST <template>]
+#                   [LOCALIZATIONS <folder>.lproj...])
 #
 # Makes the bundle of an extension, <build>/<name>.bundle, with the whole kit inside: its executable, its Info.plist from the
-# template, and its localized texts. What the headers of the extension and of the kit declare with BRV_EXPORT is exported.
-include(BrvExports)
+# template (one that will do for most stands beside this file), and its localized texts. What the headers of the extension and of the kit declare with BRV_EXPORT is exported.
+include(${CMAKE_CURRENT_LIST_DIR}/BrvExports.cmake)
+set(_brv_info_plist ${CMAKE_CURRENT_LIST_DIR}/Info.plist.in)
 
 function(brv_add_extension)
   cmake_parse_arguments(PARSE_ARGV 0 ARG "" "NAME;IDENTIFIER;INFO_PLIST" "SOURCES;HEADERS;LOCALIZATIONS")
   set(contents ${CMAKE_BINARY_DIR}/${ARG_NAME}.bundle/Contents)
   set(BRV_EXTENSION_NAME ${ARG_NAME})
   set(BRV_EXTENSION_IDENTIFIER ${ARG_IDENTIFIER})
+  if(NOT ARG_INFO_PLIST)
+    set(ARG_INFO_PLIST ${_brv_info_plist})
+  endif()
   configure_file(${ARG_INFO_PLIST} ${contents}/Info.plist @ONLY)
 
-  file(GLOB kit_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/BrvEDK/Source/*.h ${PROJECT_SOURCE_DIR}/LIB/*.h
-       ${PROJECT_SOURCE_DIR}/util/*.h)
   set(exports ${CMAKE_CURRENT_BINARY_DIR}/${ARG_NAME}.exports)
   list(TRANSFORM ARG_HEADERS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
-  brv_write_export_list(OUTPUT ${exports} HEADERS ${kit_headers} ${ARG_HEADERS})
+  brv_write_export_list(OUTPUT ${exports} HEADERS ${BRV_KIT_HEADERS} ${ARG_HEADERS})
 
   if(APPLE)
     add_library(${ARG_NAME} MODULE ${ARG_SOURCES})
@@ -27,6 +29,7 @@ function(brv_add_extension)
     set(suffix "")
   else()
     add_library(${ARG_NAME} SHARED ${ARG_SOURCES})
+    set_target_properties(${ARG_NAME} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
     # -Bsymbolic: host and kit have functions of the same names, and each must find its own.
     target_link_options(${ARG_NAME} PRIVATE -Wl,-Bsymbolic -Wl,--version-script=${exports})
     target_link_libraries(${ARG_NAME} PRIVATE -Wl,--whole-archive BrvEDK -Wl,--no-whole-archive)

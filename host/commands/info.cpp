@@ -22,7 +22,7 @@ void Print(const ScoreFile& file) {
   fmt::print("{}\n", file.Path());
   fmt::print("  parts     {}\n", score.parts.size());
   for (const ScorePart& part : score.parts) {
-    fmt::print("            {}  {}{}\n", part.id, StavesOf(part), part.name.empty() ? "" : "  " + part.name);
+    fmt::print("            {}  {}{}\n", part.id, StavesOf(part), part.names.name.empty() ? "" : "  " + part.names.name);
   }
   fmt::print("  staves    {}\n  measures  {}\n  layers    {}\n", score.staves, score.measures, score.layers);
   fmt::print("  entries   {}, {} of them rests\n", score.entries.size(), rests);

@@ -7,9 +7,11 @@
 #include <tuple>
 #include <unordered_map>
 
+#include "host/score/attributesreader.h"
 #include "host/score/fraction.h"
 #include "host/score/inputerror.h"
 #include "host/score/partbuilder.h"
+#include "host/score/partlistreader.h"
 #include "host/text/blanks.h"
 #include "host/xml/xmlreader.h"
 
@@ -20,7 +22,7 @@ namespace {
 enum class Child { kOther, kNote, kBackup, kForward, kAttributes };
 
 // The elements whose text is read.
-enum class Leaf { kNone, kDuration, kVoice, kStaff, kDivisions, kStaves, kPartName };
+enum class Leaf { kNone, kDuration, kVoice, kStaff, kDivisions, kStaves };
 
 // How deep the elements stand in the document.
 enum Depth { kRoot = 1, kOuter, kInner, kMeasureChild, kMeasureLeaf };
@@ -81,6 +83,10 @@ class MusicXmlHandler : public XmlHandler {
   void Begin(XmlPosition& position) override { position_ = &position; }
 
   void StartElement(const char* name, const XmlAttributes& attributes) override {
+    if (subtree_ != nullptr) {
+      text_.clear();
+      subtree_->StartElement(name, attributes);
+    }
     switch (++depth_) {
       case kRoot:
         return StartRoot(name);
@@ -89,7 +95,8 @@ class MusicXmlHandler : public XmlHandler {
       case kInner:
         return StartInner(name, attributes);
       case kMeasureChild:
-        return inMeasure_ ? StartMeasureChild(name, attributes) : StartPartListLeaf(name);
+        if (inMeasure_) StartMeasureChild(name, attributes);
+        return;
       case kMeasureLeaf:
         return StartMeasureLeaf(name);
       default:
@@ -99,9 +106,10 @@ class MusicXmlHandler : public XmlHandler {
 
   void EndElement() override {
     if (leaf_ != Leaf::kNone && depth_ == leafDepth_) EndLeaf();
+    if (subtree_ != nullptr && depth_ == subtreeDepth_) EndSubtree();
+    if (subtree_ != nullptr) subtree_->EndElement(text_);
     if (depth_ == kMeasureChild && inMeasure_) EndMeasureChild();
     if (depth_ == kInner && inMeasure_) EndMeasure();
-    if (depth_ == kOuter) inPartList_ = false;
     --depth_;
   }
 
@@ -118,33 +126,28 @@ class MusicXmlHandler : public XmlHandler {
 
   // <part> of a partwise score, <measure> of a timewise one, or what stands before them.
   void StartOuter(const char* name, const XmlAttributes& attributes) {
-    inPartList_ = Is(name, "part-list");
+    if (Is(name, "part-list")) StartSubtree(partList_);
     inBody_ = Is(name, timewise_ ? "measure" : "part");
     if (inBody_ && !timewise_) part_ = NewPart(attributes.Find("id"));
   }
 
   // The measure of one part, whichever of the two elements stands within the other.
   void StartInner(const char* name, const XmlAttributes& attributes) {
-    listed_ = nullptr;
-    if (inPartList_ && Is(name, "score-part")) {
-      const char* const id = attributes.Find("id");
-      listed_ = &listedParts_[id == nullptr ? "" : id];
-    }
     if (!inBody_ || !Is(name, timewise_ ? "part" : "measure")) return;
     if (timewise_) part_ = PartWithId(attributes.Find("id"));
     inMeasure_ = true;
     part_->builder.BeginMeasure();
-  }
-
-  void StartPartListLeaf(const char* name) {
-    if (!inPartList_ || listed_ == nullptr) return;
-    if (Is(name, "score-instrument")) ++listed_->instruments;
-    if (Is(name, "part-name")) StartLeaf(Leaf::kPartName);
+    part_->attributes.BeginMeasure();
   }
 
   void StartMeasureChild(const char* name, const XmlAttributes& attributes) {
     child_ = ChildNamed(name);
     duration_ = {};
+    if (child_ == Child::kAttributes) {
+      part_->attributes.BeginAttributes(part_->builder.IsAtBarline());
+      return StartSubtree(part_->attributes);
+    }
+    if (Is(name, "print")) StartPrint(attributes);
     if (child_ != Child::kNote) return;
     note_ = {};
     isChord_ = false;
@@ -167,6 +170,22 @@ class MusicXmlHandler : public XmlHandler {
     if (Is(name, "rest")) note_.isRest = true;
   }
 
+  void StartPrint(const XmlAttributes& attributes) {
+    const char* const newPage = attributes.Find("new-page");
+    if (newPage != nullptr && Is(newPage, "yes")) part_->attributes.BeginPage();
+  }
+
+  void StartSubtree(SubtreeReader& reader) {
+    subtree_ = &reader;
+    subtreeDepth_ = depth_;
+    position_->WantText(true);
+  }
+
+  void EndSubtree() {
+    subtree_ = nullptr;
+    position_->WantText(false);
+  }
+
   void StartLeaf(Leaf leaf) {
     leaf_ = leaf;
     leafDepth_ = depth_;
@@ -175,7 +194,7 @@ class MusicXmlHandler : public XmlHandler {
   }
 
   void EndLeaf() {
-    position_->WantText(false);
+    position_->WantText(subtree_ != nullptr);
     switch (leaf_) {
       case Leaf::kDuration:
         duration_ = NumberFrom0("a duration", text_);
@@ -191,9 +210,6 @@ class MusicXmlHandler : public XmlHandler {
         break;
       case Leaf::kStaves:
         part_->builder.SetStaves(StaffNumber("the number of staves", text_, 0));
-        break;
-      case Leaf::kPartName:
-        listed_->name = WithoutBlanks(text_);
         break;
       case Leaf::kNone:
         break;
@@ -223,10 +239,11 @@ class MusicXmlHandler : public XmlHandler {
   struct Part {
     std::string id;
     PartBuilder builder;
+    AttributesReader attributes;
   };
 
   Part* NewPart(const char* id) {
-    parts_.push_back({id == nullptr ? "" : id, {}});
+    parts_.push_back({id == nullptr ? "" : id, {}, {}});
     return &parts_.back();
   }
 
@@ -241,12 +258,10 @@ class MusicXmlHandler : public XmlHandler {
   Score score_;
   std::deque<Part> parts_;
   std::unordered_map<std::string, Part*> partsById_;
-  std::unordered_map<std::string, ScorePart> listedParts_;
-  ScorePart* listed_ = nullptr;
+  PartListReader partList_;
 
   int depth_ = 0;
   bool timewise_ = false;
-  bool inPartList_ = false;
   bool inBody_ = false;
   bool inMeasure_ = false;
   Part* part_ = nullptr;
@@ -257,6 +272,8 @@ class MusicXmlHandler : public XmlHandler {
   bool isChord_ = false;
   Fraction duration_;  // a grace note has none, and leaves the clock where it is
 
+  SubtreeReader* subtree_ = nullptr;
+  int subtreeDepth_ = 0;
   Leaf leaf_ = Leaf::kNone;
   int leafDepth_ = 0;
   std::string text_;
@@ -264,8 +281,12 @@ class MusicXmlHandler : public XmlHandler {
 
 Score MusicXmlHandler::TakeScore() {
   for (Part& part : parts_) {
-    ScorePart known = listedParts_[part.id];
+    const ListedPart listed = partList_.PartWithId(part.id);
+    ScorePart known;
     known.id = part.id;
+    known.names = listed.names;
+    known.instruments = listed.instruments;
+    known.details = std::move(part.attributes.Details());
     known.staves = part.builder.Staves();
     known.firstStaff = score_.staves + 1;
     for (ScoreFrame& frame : part.builder.Frames()) {
@@ -279,6 +300,7 @@ Score MusicXmlHandler::TakeScore() {
     score_.layers = std::max(score_.layers, part.builder.Layers());
     score_.parts.push_back(std::move(known));
   }
+  score_.groups = partList_.Groups();
   std::ranges::sort(score_.frames, {},
                     [](const ScoreFrame& frame) { return std::make_tuple(frame.staff, frame.layer, frame.measure); });
   return std::move(score_);

@@ -30,6 +30,7 @@ class PartBuilder {
   void AddNote(NoteElement element, const std::string& voice, const Fraction& duration);
   void AddToChord(NoteElement element, const std::string& voice, const Fraction& duration);
 
+  bool IsAtBarline() const { return clock_.IsZero(); }
   int Measures() const { return measures_; }
   int Staves() const { return staves_; }
   int Layers() const;

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "host/score/details.h"
+
 namespace brvhost {
 
 inline constexpr std::int32_t kTicksPerQuarter = 10080;
@@ -54,7 +56,8 @@ struct ScoreFrame {
 // A part of the score, in the order in which the parts stand in the document.
 struct ScorePart {
   std::string id;
-  std::string name;
+  PartNames names;
+  PartDetails details;
   int staves = 1;
   int firstStaff = 1;
   int instruments = 0;
@@ -73,6 +76,7 @@ struct Score {
   std::vector<ScoreEntry> entries;
   std::vector<ScoreFrame> frames;  // ordered by staff, layer and measure, as extensions walk them
   std::vector<ScoreWarning> warnings;
+  std::vector<PartGroup> groups;  // of parts by their order in `parts`
   int staves = 0;
   int measures = 0;
   int layers = kFewestLayers;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <tuple>
 
+#include "host/services/scorerecords.h"
+
 namespace brvhost {
 namespace {
 
@@ -14,7 +16,7 @@ auto PlaceOf(const ScoreFrame& frame) {
 
 }  // namespace
 
-OpenDocument::OpenDocument(Score& score) : score_(score) {}
+OpenDocument::OpenDocument(Score& score) : score_(score) { StoreScoreRecords(score, records_); }
 
 const ScoreFrame* OpenDocument::Find(int staff, int measure, int layer) {
   const auto place = std::make_tuple(staff, layer, measure);

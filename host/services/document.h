@@ -17,7 +17,7 @@ inline constexpr std::uint8_t kContentBit = 0x40;
 
 class OpenDocument {
  public:
-  // The score outlives the document and carries its changes.
+  // The score outlives the document and carries its changes. The document starts with the records of the score.
   explicit OpenDocument(Score& score);
 
   const Score& GetScore() const { return score_; }

@@ -23,7 +23,7 @@ TEST(ReadMusicXml, CountsStavesThroughAllParts) {
       "</score-partwise>");
   EXPECT_EQ(score.staves, 3);
   ASSERT_EQ(score.parts.size(), 2u);
-  EXPECT_EQ(score.parts[0].name, "Flute");
+  EXPECT_EQ(score.parts[0].names.name, "Flute");
   EXPECT_EQ(score.parts[1].firstStaff, 2);
   EXPECT_EQ(score.parts[1].staves, 2);
   EXPECT_EQ(EntriesOf(score), (Entries{{1, 1, 0, 0, 1}, {3, 1, 0, 0, 1}}));
@@ -160,7 +160,7 @@ TEST(ReadMusicXml, WarnsOfABackupBeforeTheBarlineAndGoesToIt) {
 }
 
 TEST(ReadMusicXml, ReadsEveryEncodingThatTheDeclarationNames) {
-  const auto nameIn = [](const std::string& document) { return ReadMusicXml(document).parts.at(0).name; };
+  const auto nameIn = [](const std::string& document) { return ReadMusicXml(document).parts.at(0).names.name; };
   const auto scoreIn = [](const std::string& encoding, const std::string& name) {
     return "<?xml version='1.0' encoding='" + encoding +
            "'?><score-partwise><part-list><score-part id='P'><part-name>" + name +

@@ -1,0 +1,16 @@
+// Binds the kit to a host that stands in a bundle beside the programs.
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+
+#include <string>
+
+#include "hostbundle.h"
+
+inline void BindHost(const std::string& path) {
+  const CFURLRef url = CFURLCreateFromFileSystemRepresentation(
+      kCFAllocatorDefault, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), true);
+  CFBundleCreate(kCFAllocatorDefault, url);  // for the life of the process
+  CFRelease(url);
+  InitializeGlobals();
+}

@@ -1,0 +1,11 @@
+# Programs that brvhost is measured beside; those whose library is not there are left out.
+find_package(EXPAT REQUIRED)
+find_package(pugixml QUIET)
+add_executable(parse-expat peers/parse_expat.cpp)
+target_link_libraries(parse-expat PRIVATE EXPAT::EXPAT)
+add_executable(content-hash peers/content_hash.cpp)
+target_link_libraries(content-hash PRIVATE EXPAT::EXPAT)
+if(pugixml_FOUND)
+  add_executable(parse-pugixml peers/parse_pugixml.cpp)
+  target_link_libraries(parse-pugixml PRIVATE pugixml::pugixml)
+endif()

@@ -1,0 +1,222 @@
+"""Measures every figure and writes build/bench/report.md with its plots. Called by scripts/bench.sh.
+
+report.py BUILD_FOLDER RESULT_FOLDER [--quick] [--figures NAME,...]
+"""
+
+import argparse
+import datetime
+import os
+import pathlib
+import platform
+import re
+import shutil
+import subprocess
+import sys
+
+import measure
+import plots
+import scores
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+SHARED = pathlib.Path(os.environ.get("BRV_SHARED_DIR", ROOT.parent / "shared"))
+PEERS = ROOT / "bench" / "peers"
+PYTHON = "/usr/bin/python3"  # the one that the distribution's lxml is for
+FIGURE = re.compile(r"^(.*?) +([\d.]+) ns +([\d.]+) ns +ratio ([\d.]+) \(([\d.]+), ([\d.]+), ([\d.]+)\)$", re.MULTILINE)
+MEGABYTE = 1_000_000
+FIGURES = ("bridge", "cleaning", "walk", "text", "records", "main_job", "compressed", "batch")
+
+
+class Report:
+    def __init__(self, arguments):
+        self.quick = arguments.quick
+        self.build = arguments.build
+        self.folder = arguments.result
+        self.work = self.folder / "work"
+        self.work.mkdir(parents=True, exist_ok=True)
+        self.lines = []
+        self.quartet = scores.largest_quartet(SHARED / "scores" / "quartets")
+        self.score = self.quartet or ROOT / "samples" / "piano.musicxml"
+
+    def say(self, *lines):
+        self.lines += lines
+
+    def table(self, head, rows):
+        self.say("", "| " + " | ".join(head) + " |", "|" + "---|" * len(head))
+        self.say(*("| " + " | ".join(map(str, row)) + " |" for row in rows), "")
+
+    def program(self, name, *arguments):
+        return subprocess.run([self.build / "bench" / name, *map(str, arguments)], check=True, capture_output=True,
+                              text=True, cwd=self.work).stdout
+
+    def small_figures(self, title, goals, output):
+        """A table of what a program prints; `goals` gives the goal of each line by a part of its text."""
+        self.say(f"## {title}")
+        rows = []
+        for text, first, second, best, least, median, greatest in FIGURE.findall(output):
+            goal = next((goal for part, goal in goals.items() if part in text), "")
+            rows.append((text, first, second, best, f"{least}, {median}, {greatest}", goal))
+        self.table(("figure", "first, ns", "second, ns", "ratio", "least, median, greatest", "goal"), rows)
+
+    def write(self):
+        (self.folder / "report.md").write_text("\n".join(self.lines) + "\n")
+
+    # The figures, one function each.
+
+    def machine(self):
+        cpu = next((line.split(":")[1].strip() for line in open("/proc/cpuinfo") if line.startswith("model name")), "?")
+        self.say("# Performance", "", f"{datetime.date.today()}, {cpu}, {os.cpu_count()} cores, {platform.platform()}.",
+                 "Every ratio is of two things measured in turn within one run.", "")
+
+    def bridge(self):
+        self.small_figures("1. A call to the host", {"lookup": "at least 50", "bridge / plain": "at most 1.3"},
+                           self.program("bench-bridge"))
+
+    def cleaning(self):
+        output = self.program("bench-cleantgf")
+        self.small_figures("2. Cleaning frames", {"chords of 3:": "at most 6"}, output)
+        plots.cleaning(self.folder / "cleaning.svg", [float(row[3]) for row in FIGURE.findall(output)])
+        self.say("![Cleaning by notes a chord](cleaning.svg)", "")
+
+    def walk(self):
+        output = self.program("bench-walk", self.score)
+        self.small_figures("3. The command's walk", {"the walk /": "at most 1.2"}, output)
+        self.say(f"It walks {output.splitlines()[0]}. The goal cannot be reached while there is a host: the walk asks it for every "
+                 "place of the region, most of which hold no frame, and a call costs what figure 1 says, where the bare loop reads "
+                 "two words an entry. The rest is the report after each frame, which has to read the clock and the keyboard; the "
+                 "second row is without it.", "")
+
+    def text(self):
+        self.say("## 4. The bx_ functions beside ICU's", "", "How many times as fast, by length in units: the best of five turns. The goals are 4 from 1024 units on, and 1 below.", "")
+        arguments = ["--benchmark_min_time=0.05"] if self.quick else []
+        output = self.program("bench-bxstring", *arguments)
+        self.say("```", *output[output.index("Times as fast"):].strip("\n").splitlines(), "```", "")
+
+    def records(self):
+        if not (self.build / "bench" / "bench-edata").exists():
+            return
+        self.small_figures("5. Preference records", {"loading": "at most 2"}, self.program("bench-edata"))
+
+    def commands(self, source, suffix):
+        """What each tool does to the score, by name: the command and its result."""
+        brvhost = str(self.build / "bin" / "brvhost")
+        out = {name: str(self.work / f"out-{name}{suffix}") for name in ("brvhost", "xsltproc", "lxml", "ElementTree", "cp")}
+        commands = {
+            "brvhost": [brvhost, "run", str(self.build / "LegerLines.bundle"), "--item", "0", "--all", str(source), "-o",
+                        out["brvhost"]],
+            "xsltproc": ["xsltproc", "--nonet", "--novalid", "-o", out["xsltproc"], str(PEERS / "hide.xsl"), str(source)],
+            "lxml": [PYTHON, str(PEERS / "hide_lxml.py"), str(source), out["lxml"]],
+            "ElementTree": [PYTHON, str(PEERS / "hide_etree.py"), str(source), out["ElementTree"]],
+            "cp": ["cp", str(source), out["cp"]],
+            "expat": [str(self.build / "bench" / "parse-expat"), str(source)],
+            "pugixml": [str(self.build / "bench" / "parse-pugixml"), str(source)],
+        }
+        present = {name: command for name, command in commands.items() if shutil.which(command[0])}
+        return present, out
+
+    def content_hash(self, path):
+        return subprocess.run([self.build / "bench" / "content-hash", path], check=True, capture_output=True,
+                              text=True).stdout
+
+    def check_results(self, names, out):
+        """Each peer's result says what ours says."""
+        ours = self.content_hash(out["brvhost"])
+        for name in names:
+            if name in out and name not in ("brvhost", "cp") and self.content_hash(out[name]) != ours:
+                raise RuntimeError(f"{name} gives another result than brvhost")
+
+    def main_job(self):
+        self.say("## 6. The main job, from file to file",
+                 "", "Every ratio is of the tool's time to brvhost's, so that larger is better for brvhost; for expat alone it is "
+                 "brvhost's to expat's. A peer's time counts only after its result was found to say the same.", "")
+        text = scores.unpacked(self.score)
+        sizes = [("the score", len(text.encode()), 5)]
+        sizes += [("10 MB", 10 * MEGABYTE, 5)] if self.quick else [
+            ("10 MB", 10 * MEGABYTE, 5), ("100 MB", 100 * MEGABYTE, 5), ("1000 MB", 1000 * MEGABYTE, 5)]
+        points = {}
+        for label, size, rounds in sizes:
+            self.one_size(label, text, size, rounds, points)
+        plots.growth(self.folder / "time.svg", points, 1, "seconds")
+        plots.growth(self.folder / "memory.svg", points, 2, "bytes")
+        self.say("![Time over size](time.svg)", "", "![Memory over size](memory.svg)", "")
+
+    def one_size(self, label, text, size, rounds, points):
+        source = self.work / "score.musicxml"
+        scores.stacked(text, size, source)
+        size = source.stat().st_size
+        commands, out = self.commands(source, ".musicxml")
+        costs = measure.first_round(commands)
+        self.check_results(costs, out)
+        # What takes minutes at a time is run once: its ratio is far from any goal.
+        slow = {name for name, (cost,) in costs.items() if cost.wall > 30}
+        for name, measured in measure.side_by_side(
+                {name: commands[name] for name in costs if name not in slow}, rounds).items():
+            costs[name] = measured
+        goals = {"xsltproc": "at least 6", "lxml": "at least 4", "ElementTree": "at least 14"}
+        rows = []
+        for name, measured in costs.items():
+            ours = costs["brvhost"][:len(measured)]
+            best = min(measured, key=lambda cost: cost.wall)
+            ratio = measure.ratio(ours, measured) if name == "expat" else measure.ratio(measured, ours)
+            goal = "at most 1.5" if name == "expat" else goals.get(name, "")
+            rows.append((name, f"{best.wall:.3f}", f"{best.processor:.3f}", f"{best.memory / size:.2f}",
+                         "" if name == "brvhost" else ratio, goal, len(measured)))
+            points.setdefault(name, []).append((size, best.wall, best.memory))
+        self.say(f"### {label}: {size} bytes")
+        self.table(("tool", "wall, s", "processor, s", "memory / XML", "ratio: median (least to greatest)", "goal", "rounds"),
+                   rows)
+        failed = sorted(set(commands) - set(costs))
+        if failed:
+            self.say(f"Of the tools, {', '.join(failed)} cannot do a score of this size on this machine.", "")
+        for path in [source, *map(pathlib.Path, out.values())]:
+            path.unlink(missing_ok=True)
+
+    def compressed(self):
+        if self.quartet is None:
+            return
+        self.say("### Compressed, the largest quartet")
+        commands, out = self.commands(self.quartet, ".mxl")
+        commands = {name: commands[name] for name in ("brvhost", "lxml")}
+        costs = measure.side_by_side(commands, 5)
+        results = {}
+        for name in commands:
+            unpacked = self.work / f"{name}.xml"
+            unpacked.write_text(scores.unpacked(pathlib.Path(out[name])), "utf-8")
+            results[name] = str(unpacked)
+        self.check_results(commands, results)
+        ratio = measure.ratio(costs["lxml"], costs["brvhost"])
+        self.table(("tool", "wall, s", "ratio: median (least to greatest)", "goal"),
+                   [("brvhost", f"{min(cost.wall for cost in costs['brvhost']):.3f}", "", ""),
+                    ("lxml and zipfile", f"{min(cost.wall for cost in costs['lxml']):.3f}", ratio, "at least 4")])
+
+    def batch(self):
+        if self.quartet is None:
+            return
+        self.say("## 7. A batch of all quartets")
+        quartets = sorted(map(str, self.quartet.parent.glob("*.mxl")))
+        command = [str(self.build / "bin" / "brvhost"), "run", str(self.build / "LegerLines.bundle"), "--item", "0", "--all",
+                   *quartets, "--out-dir", str(self.work / "batch"), "--jobs"]
+        costs = measure.side_by_side({jobs: [*command, jobs] for jobs in ("1", "2")}, 5)
+        self.table(("jobs", "wall, s", "times as fast", "goal"),
+                   [(jobs, f"{min(cost.wall for cost in costs[jobs]):.2f}",
+                     "" if jobs == "1" else measure.ratio(costs["1"], costs["2"]), "" if jobs == "1" else "at least 1.8")
+                    for jobs in costs])
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("build", type=pathlib.Path)
+    parser.add_argument("result", type=pathlib.Path)
+    parser.add_argument("--quick", action="store_true")
+    parser.add_argument("--figures", help="only these, with commas between them", default=",".join(FIGURES))
+    arguments = parser.parse_args()
+    report = Report(arguments)
+    for figure in ("machine", *arguments.figures.split(",")):
+        print(f"measuring: {figure.replace('_', ' ')}", file=sys.stderr, flush=True)
+        getattr(report, figure)()
+        report.write()
+    shutil.rmtree(report.work)
+    print(report.folder / "report.md")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,34 @@
+# What is installed: the kit for authors, brvhost with its documents, and the package of both.
+include(CMakePackageConfigHelpers)
+
+set(BRV_HEADER_FOLDER ${CMAKE_INSTALL_INCLUDEDIR}/BrvEDK)
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/BrvEDK)
+
+install(FILES ${BRV_KIT_HEADERS} DESTINATION ${BRV_HEADER_FOLDER})
+install(DIRECTORY platform/include/ DESTINATION ${BRV_HEADER_FOLDER}/platform)
+install(TARGETS BrvEDK brvplatform EXPORT BrvEDKTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(EXPORT BrvEDKTargets DESTINATION ${package_folder})
+configure_package_config_file(cmake/package/BrvEDKConfig.cmake.in ${CMAKE_BINARY_DIR}/package/BrvEDKConfig.cmake
+                              INSTALL_DESTINATION ${package_folder} PATH_VARS BRV_HEADER_FOLDER)
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/package/BrvEDKConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/package/BrvEDKConfig.cmake ${CMAKE_BINARY_DIR}/package/BrvEDKConfigVersion.cmake
+              cmake/BrvExtension.cmake cmake/BrvExports.cmake cmake/Info.plist.in
+        DESTINATION ${package_folder})
+configure_file(cmake/package/brvedk.pc.in ${CMAKE_BINARY_DIR}/package/brvedk.pc @ONLY)
+install(FILES ${CMAKE_BINARY_DIR}/package/brvedk.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+set_target_properties(brvhost PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+install(TARGETS brvhost DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(DIRECTORY ${CMAKE_BINARY_DIR}/share/ DESTINATION ${CMAKE_INSTALL_DATAROOTDIR})
+install(DIRECTORY ${CMAKE_BINARY_DIR}/LegerLines.bundle DESTINATION ${CMAKE_INSTALL_LIBDIR}/brvhost USE_SOURCE_PERMISSIONS)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME brvedk)
+set(CPACK_PACKAGE_CONTACT "The authors of LegerLines")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Kit and headless host for extensions of the Brevix notation application")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+include(CPack)

@@ -1,0 +1,15 @@
+// Intervals, pitches and keys in words.
+#pragma once
+
+#include <string>
+
+#include "transposition.h"
+
+// "major 2nd down", "octave up", "none".
+std::string NameOf(tInterval interval);
+
+// "Bb3".
+std::string NameOf(tDiaPitch pitch);
+
+// "D major", "B minor"; "none" for a key without a tonic.
+std::string NameOfKey(int keySignature);

@@ -1,0 +1,44 @@
+// Reads what stands in <attributes>: the key, the meter, the transposition of a part.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/score/details.h"
+#include "host/score/subtreereader.h"
+
+namespace brvhost {
+
+class AttributesReader : public SubtreeReader {
+ public:
+  void StartElement(const char* name, const XmlAttributes& attributes) override;
+  void EndElement(std::string_view text) override;
+
+  // At the start of a measure, and at its <attributes>: whether these hold from its barline on, or from the next.
+  void BeginMeasure();
+  void BeginAttributes(bool atBarline) { atBarline_ = atBarline; }
+  // A page starts with the measure that is being read.
+  void BeginPage() { details_.newPages.push_back(static_cast<int>(details_.measures.size())); }
+
+  PartDetails& Details() { return details_; }
+
+ private:
+  void EndKey();
+  void EndMeter();
+  void EndTransposition();
+
+  std::vector<std::string> open_;  // the elements under way
+  int staff_ = 0;                  // that the element under way is for; 0: all
+  WrittenKey key_;
+  Meter meter_;
+  int beats_ = 0;  // of the part of a meter under way
+  Transposition transposition_;
+  bool hasSteps_ = false;
+  int octaves_ = 0;
+  bool atBarline_ = true;
+  MeasureState state_;
+  PartDetails details_;
+};
+
+}  // namespace brvhost

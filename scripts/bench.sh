@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Measures every figure, beside the tools that a user would pick instead, and writes build/bench/report.md and its plots.
+# With --quick a small version, in a few minutes. Real scores are looked for in ../shared (or $BRV_SHARED_DIR); without them a
+# sample stands in.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+case "${1-}" in
+  "" | --quick) ;;
+  *) echo "usage: scripts/bench.sh [--quick]" >&2; exit 2 ;;
+esac
+
+scripts/install-dependencies.sh
+scripts/install-dependencies.sh xsltproc python3-lxml libpugixml-dev gnuplot-nox
+cmake --preset release -DBRV_BUILD_TESTS=ON -DBRV_BUILD_BENCHMARKS=ON >/dev/null
+cmake --build --preset release -j "$(nproc)"
+mkdir -p build/bench
+python3 bench/report/report.py "$PWD/build/release" "$PWD/build/bench" "$@"

@@ -1,0 +1,40 @@
+#include "documentspecs.h"
+
+#include "loadrecord.h"
+
+namespace {
+
+// A group's key has a third word behind the two of every record's.
+struct GroupKey {
+  EDataKey key;
+  std::uint16_t third;
+};
+
+}  // namespace
+
+short16 BXUtilGetMeasureSpec(short16 measure, EDTMeasureSpec2014* spec) {
+  return LoadRecord(RecordTag("SOMS"), measure, spec);
+}
+
+short16 BXUtilPutMeasureSpec(short16 measure, EDTMeasureSpec2014* spec) {
+  EDataKey key = {static_cast<std::uint16_t>(measure), 0};
+  return BX_SaveEData(RecordTag("SOMS"), &key, spec, sizeof(*spec), kBrvVersion);
+}
+
+short16 BXUtilGetStaffSpec(short16 staff, EDTStaffSpec2014* spec) { return LoadRecord(RecordTag("SOIS"), staff, spec); }
+
+short16 BXUtilGetGroupSpec(short16 first, short16 second, EDTGroupSpec* spec) {
+  GroupKey key = {{static_cast<std::uint16_t>(first), static_cast<std::uint16_t>(second)}, 0};
+  std::int32_t size = sizeof(*spec);
+  return BX_LoadEData(RecordTag("SDNG"), &key.key, spec, &size, kBrvVersion);
+}
+
+short16 BXUtilGetPageSpec(short16 page, EDTPageSpec* spec) { return LoadRecord(RecordTag("SOPS"), page, spec); }
+
+short16 BXUtilGetGeneralPrefs(EDTGeneralPrefs2008* prefs) { return LoadRecord(RecordTag("pfgp"), 0, prefs); }
+
+short16 BXUtilCountIUSlots(short16 id) {
+  int slot = 1;
+  while (slot <= INT16_MAX && BX_SlotToInst(slot, id, kBrvVersion) != 0) ++slot;
+  return slot - 1;
+}

@@ -1,0 +1,44 @@
+// Records of the document behind typed functions, and what follows from several of them.
+#pragma once
+
+#include "documentrecords.h"
+#include "hostrecords.h"
+#include "hosttypes.h"
+
+extern "C" {
+
+// These load a record. They return the host's answer, non-zero for success; the record is the caller's, and where the
+// host does not write it stays as it was.
+//
+// Example:
+//
+//   EDTMeasureSpec2014 spec = {};
+//   if (BXUtilGetMeasureSpec(12, &spec) != 0) beats = spec.beats;
+BRV_EXPORT short16 BXUtilGetMeasureSpec(short16 measure, EDTMeasureSpec2014* spec);
+BRV_EXPORT short16 BXUtilGetStaffSpec(short16 staff, EDTStaffSpec2014* spec);
+// first and second are the two words of the group's key, as the host numbers its groups.
+BRV_EXPORT short16 BXUtilGetGroupSpec(short16 first, short16 second, EDTGroupSpec* spec);
+BRV_EXPORT short16 BXUtilGetPageSpec(short16 page, EDTPageSpec* spec);
+BRV_EXPORT short16 BXUtilGetGeneralPrefs(EDTGeneralPrefs2008* prefs);
+
+// Saves the record of a measure. Returns the host's answer, non-zero for success.
+BRV_EXPORT short16 BXUtilPutMeasureSpec(short16 measure, EDTMeasureSpec2014* spec);
+
+// Whether a measure of a staff holds no music: 1, or 0 at the first entry with the content bit, in any layer, hidden or
+// not. scope is that of the region, as BX_LoadTGF takes it.
+//
+// The frames that it looks at stay loaded: LoadedTGFCounter goes up by the number of layers that were asked for.
+BRV_EXPORT int BXUtilIsEmptyMeasure(short16 scope, short16 staff, short16 measure);
+
+// Writes the name of a staff, without its formatting tags, into a buffer with room for capacity UTF-16 units, and
+// returns its length in units; 0 if it has none, and then the buffer holds the empty text. The second argument means
+// nothing.
+//
+// The capacity has to be above the length of the longest name: a longer one leaves the buffer without its final 0, and
+// the length is then counted beyond it.
+BRV_EXPORT int BXUtilGetStaffName(short16 staff, short16 unused, UniChar* buffer, int capacity);
+
+// The number of slots of an instrument: slots count from 1 without gaps. id is what BX_SlotToInst takes.
+BRV_EXPORT short16 BXUtilCountIUSlots(short16 id);
+
+}  // extern "C"

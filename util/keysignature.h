@@ -1,0 +1,13 @@
+// What the number of a key signature says.
+#pragma once
+
+#include "integerclasses.h"
+#include "transposition.h"
+
+inline bool IsStandardKey(short16 keySignature) { return SignExtend16(keySignature) < kNonStandardKey; }
+
+// The number of sharps, negative for flats. A non-standard key counts with its whole number: it has no such count.
+inline int SharpsOfKey(short16 keySignature) {
+  if (!IsStandardKey(keySignature)) return SignExtend16(keySignature);
+  return static_cast<signed char>(keySignature);
+}

@@ -1,0 +1,59 @@
+#include "textblocks.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "bxstring.h"
+#include "loadrecord.h"
+
+namespace {
+
+constexpr std::uint32_t kRawText = RecordTag("txbl");
+
+constexpr UniChar kFlatTag[] = {'^', 'f', 'l', 'a', 't', '(', ')', 0};
+constexpr int kFlatTagLength = 7;
+
+// The closing parenthesis of the tag that starts at `caret`, or null.
+UniChar* EndOfTag(UniChar* caret) {
+  UniChar* const open = bx_strchr(caret + 1, '(');
+  return open == nullptr ? nullptr : bx_strchr(open + 1, ')');
+}
+
+void Remove(UniChar* first, const UniChar* last) {
+  std::memmove(first, last + 1, (bx_strlen(last + 1) + 1) * sizeof(UniChar));
+}
+
+}  // namespace
+
+short16 BXUtilGetTextBlock(short16 block, EDTTextBlock25_4* textBlock) {
+  *textBlock = {};
+  return LoadRecord(RecordTag("SOTX"), block, textBlock);
+}
+
+UniChar* BXUtilLoadRawTextUTF16(short16 number) {
+  EDataKey key = {static_cast<std::uint16_t>(number), 0};
+  std::int32_t size = 0;
+  if (BX_LoadEData(kRawText, &key, nullptr, &size, kBrvVersion) == 0 || size < 0) return nullptr;
+  const auto bytes = static_cast<std::size_t>(size);
+  auto* const text = static_cast<UniChar*>(std::malloc(bytes + sizeof(UniChar)));
+  if (text == nullptr) return nullptr;
+  if (BX_LoadEData(kRawText, &key, text, &size, kBrvVersion) == 0) {
+    std::free(text);
+    return nullptr;
+  }
+  text[bytes / sizeof(UniChar)] = 0;
+  return text;
+}
+
+void BXUtilFreeRawText(UniChar* text) { std::free(text); }
+
+void BXUtilStripTextTags(UniChar* text) {
+  for (UniChar* caret = bx_strchr(text, '^'); caret != nullptr; caret = bx_strchr(caret, '^')) {
+    // A caret that opens no whole tag is found again and again. Text that hosts store has none, and extensions rely on
+    // a broken one being noticed. A loop without any effect may be taken for one that ends, and removed; this is an
+    // effect.
+    __asm__ volatile("" : : : "memory");
+    if (bx_strncmp(caret, kFlatTag, kFlatTagLength) == 0) *caret++ = 'b';
+    if (const UniChar* const end = EndOfTag(caret)) Remove(caret, end);
+  }
+}

@@ -1,0 +1,31 @@
+// Text blocks of the document and their raw text.
+//
+// Raw text is UTF-16 with formatting tags in it, each a caret, a word and an argument in parentheses: "Clarinet in
+// B^flat() ^fontTxt(Times)".
+#pragma once
+
+#include "documentrecords.h"
+#include "hostrecords.h"
+#include "hosttypes.h"
+
+extern "C" {
+
+// Loads a text block into the caller's record, which is cleared first. Returns the host's answer, non-zero for success.
+BRV_EXPORT short16 BXUtilGetTextBlock(short16 block, EDTTextBlock25_4* textBlock);
+
+// A copy of a raw text, ended by a 0 unit, or null if the host has none of that number. The caller frees it with
+// BXUtilFreeRawText.
+BRV_EXPORT UniChar* BXUtilLoadRawTextUTF16(short16 number);
+
+// Frees what BXUtilLoadRawTextUTF16 returned; null is allowed.
+BRV_EXPORT void BXUtilFreeRawText(UniChar* text);
+
+// Takes the formatting tags out of a text, in place: from each caret to the first closing parenthesis behind the first
+// opening one behind it, whatever stands between. A flat sign, "^flat()", becomes the letter b.
+//
+// Every caret has to open a complete tag: at one that does not, the function does not return.
+//
+// Examples: "A^font(Times)B" becomes "AB", "x^flat()y" becomes "xby", and "a^f(1(2))b" becomes "a)b".
+BRV_EXPORT void BXUtilStripTextTags(UniChar* text);
+
+}  // extern "C"

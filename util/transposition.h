@@ -1,0 +1,99 @@
+// Key signatures, staff transpositions and intervals.
+#pragma once
+
+#include <cstdint>
+
+#include "hosttypes.h"
+#include "pitch.h"
+
+// An interval: how many steps, and how much wider or narrower than the scale's own.
+//
+// Upward, alteration 0 is the major or perfect interval, 1 the augmented one, -1 the minor one (of unison, fourth and
+// fifth the diminished one). A downward interval is reckoned from the upward one inside the octave below: {-1, 0} is a
+// major seventh up less an octave, that is a minor second down, and {-1, -1} a major second down.
+//
+// Examples: {4, 0} a perfect fifth up, {2, -1} a minor third up, {7, 0} an octave up, {-7, 0} an octave down.
+struct tInterval {
+  std::int16_t steps;       // diatonic steps: 0 unison, 1 second, 7 octave; negative downward
+  std::int16_t alteration;  // semitones
+};
+static_assert(sizeof(tInterval) == 4);
+
+// A key signature is a 16-bit number: its low byte is the number of sharps (positive) or flats (negative), its high
+// byte the mode, 0 major, 1 minor. From 0x4000 on it is a non-standard key.
+//
+// Examples: 0 is C major, 2 D major, 0x00FF F major, 0x0100 A minor, 0x0104 C sharp minor.
+inline constexpr short16 kNonStandardKey = 0x4000;
+
+// What BXUtilRelToAbsTCD and BXUtilAbsToRelTCD answer for a key that has no tonic: non-standard, or of an unknown mode.
+inline constexpr short16 kNoTonic = -101;
+
+// The time signature of a measure, as the measure's record has it.
+struct tTimeSig {
+  std::int16_t beats;
+  std::int16_t beatUnit;
+};
+static_assert(sizeof(tTimeSig) == 4);
+
+// A staff's transposition is a 16-bit code that leads from sounding to written pitch, in one of two forms.
+//
+//   diatonic, bit 13 set     bits 0 to 7 the steps, bits 8 to 11 the alteration, both signed: the key stays as it is
+//   chromatic, bit 13 clear  bits 0 to 5 the change of the key in fifths, bits 6 to 11 the steps, both signed; with
+//                            bit 14 set a key of more than six sharps or flats is taken as it comes, else respelt
+//
+// Examples: 0x2007 is written an octave above its sound (a double bass); 0x0042 a major second above it, two fifths up
+// (a clarinet in B flat).
+inline constexpr int kDiatonicTransposition = 0x2000;
+inline constexpr int kKeepKey = 0x4000;
+
+extern "C" {
+
+// Reads the key signature of a measure. Returns 1, or 0 if the host has no such measure; the key stays as it was then.
+BRV_EXPORT short16 BXUtilGetKeySig(short16 measure, short* keySignature);
+
+// Reads the time signature of a measure. Returns 1, or 0 if the host has no such measure; it stays as it was then.
+BRV_EXPORT short16 BXUtilGetTimeSig(short16 measure, tTimeSig* timeSignature);
+
+// Reads the transposition code of a staff. Returns 1, or 0 if the host has no such staff; the code stays as it was
+// then.
+BRV_EXPORT short16 BXUtilGetStaffTrans(short16 staff, short* code);
+
+// The interval from sounding to written pitch that a code means on a staff in the given sounding key.
+//
+// Example: 0x0042 gives {1, 0}: a B flat clarinet's part is written a major second above its sound.
+BRV_EXPORT void BXUtilStaffTransToInterval(short16 code, short16 keySignature, tInterval* interval);
+
+// The code of the inverse transposition of an interval: for the interval from written to sounding pitch, the staff's
+// code. chromatic chooses the form; a unison gives 0 in both.
+//
+// Example: {-1, -1}, a major second down, gives 0x0042 in the chromatic form.
+BRV_EXPORT short16 BXUtilIntervalToStaffTrans(tInterval interval, short16 chromatic);
+
+// Moves a pitch by an interval.
+//
+// Example: E {2, 0} up a major third {2, 0} becomes G sharp {4, 1}.
+BRV_EXPORT void BXUtilTranspose(tDiaPitch* pitch, const tInterval& interval);
+
+// Turns an interval round, so that transposing by both leads back. Returns the new steps.
+//
+// Example: a major second up {1, 0} becomes {-1, -1}, a major second down.
+BRV_EXPORT short16 BXUtilInvertInterval(tInterval* interval);
+
+// From written to sounding pitch on a staff with the given code, in the given sounding key.
+//
+// Example: with code 0x0042 in C, written C {0, 0} becomes the B flat below, {-1, -1}.
+BRV_EXPORT void BXUtilStaffToAbsTCD(tDiaPitch* pitch, short16 code, short16 keySignature);
+
+// From sounding to written pitch: the reverse of BXUtilStaffToAbsTCD.
+BRV_EXPORT void BXUtilAbsToStaffTCD(tDiaPitch* pitch, short16 code, short16 keySignature);
+
+// From a pitch relative to a key, whose step 0 is the key's tonic, to the pitch itself. Returns 0, or kNoTonic; the
+// pitch stays as it was then.
+//
+// Example: in D major (2) step 0 becomes D {1, 0}, step 2 F sharp {3, 1}.
+BRV_EXPORT short16 BXUtilRelToAbsTCD(tDiaPitch* pitch, short16 keySignature);
+
+// From a pitch to the pitch relative to a key: the reverse of BXUtilRelToAbsTCD.
+BRV_EXPORT short16 BXUtilAbsToRelTCD(tDiaPitch* pitch, short16 keySignature);
+
+}  // extern "C"
