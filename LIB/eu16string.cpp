@@ -34,9 +34,7 @@ void AppendConverted(Units& units, const char* text, CFStringEncoding encoding) 
 
 }  // namespace
 
-eu16string::eu16string(const char* text) {
-  AppendConverted(units_, text, GetApplicationTextEncoding());
-}
+eu16string::eu16string(const char* text) { AppendConverted(units_, text, GetApplicationTextEncoding()); }
 
 eu16string::eu16string(const unsigned char* utf8Text) {
   AppendConverted(units_, reinterpret_cast<const char*>(utf8Text), kCFStringEncodingUTF8);
@@ -57,6 +55,14 @@ eu16string::eu16string(char character) {
   const char text[] = {character, 0};
   AppendConverted(units_, text, GetApplicationTextEncoding());
 }
+
+eu16string::eu16string(const eu16string&) = default;
+
+eu16string::eu16string(eu16string&&) noexcept = default;
+
+eu16string& eu16string::operator=(const eu16string&) = default;
+
+eu16string& eu16string::operator=(eu16string&&) noexcept = default;
 
 eu16string::~eu16string() = default;
 

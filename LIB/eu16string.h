@@ -34,10 +34,11 @@ class BRV_EXPORT eu16string {
   // The one character in the application's encoding. Empty for 0.
   eu16string(char character);
 
-  eu16string(const eu16string&) = default;
-  eu16string(eu16string&&) = default;
-  eu16string& operator=(const eu16string&) = default;
-  eu16string& operator=(eu16string&&) = default;
+  // Not inline: whoever copies may have been compiled with a standard library whose string is another.
+  eu16string(const eu16string&);
+  eu16string(eu16string&&) noexcept;
+  eu16string& operator=(const eu16string&);
+  eu16string& operator=(eu16string&&) noexcept;
   virtual ~eu16string();
 
   // Sets text to this text in the application's encoding, with '?' for each character that the encoding does not have.

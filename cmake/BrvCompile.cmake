@@ -3,6 +3,7 @@ include(GNUInstallDirs)
 
 option(BRV_BUILD_TESTS "Build the tests" ON)
 option(BRV_BUILD_BENCHMARKS "Build the benchmarks" OFF)
+option(BRV_MACOS_TESTS "Build the bundle for macOS too, and run its tests on Linux" OFF)
 option(BRV_SANITIZE "Compile with the address and undefined-behaviour sanitizers" OFF)
 
 set(CMAKE_CXX_STANDARD 20)

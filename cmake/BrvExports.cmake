@@ -8,8 +8,8 @@
 # The names that one header declares, in two lists: those with C linkage and those of C++.
 function(_brv_exported_names header c_names_variable cxx_names_variable)
   file(READ ${header} text)
-  # Comments may hold anything; the semicolons of the rest would divide it as a list.
-  string(REGEX REPLACE "//[^\n]*" "" text "${text}")
+  # Comments and macros may hold anything; the semicolons of the rest would divide it as a list.
+  string(REGEX REPLACE "//[^\n]*|#define [^\n]*" "" text "${text}")
   string(REPLACE ";" "|" text "${text}")
   string(REPLACE "[" "" text "${text}")
   string(REPLACE "]" "" text "${text}")
@@ -43,7 +43,7 @@ function(brv_write_export_list)
     foreach(name IN LISTS cxx_names)
       string(LENGTH ${name} length)
       list(APPEND symbols _Z${length}${name}* _ZN${length}${name}* _ZNK${length}${name}*
-           _ZTV${length}${name} _ZTI${length}${name} _ZTS${length}${name})
+           _ZT[VIS]${length}${name})
     endforeach()
   endforeach()
   list(TRANSFORM symbols REPLACE "^BrevixExtensionMain$" "main")

@@ -22,8 +22,9 @@ function(brv_add_extension)
 
   if(APPLE)
     add_library(${ARG_NAME} MODULE ${ARG_SOURCES})
-    target_link_options(${ARG_NAME} PRIVATE -Wl,-exported_symbols_list,${exports})
-    target_link_libraries(${ARG_NAME} PRIVATE "-Wl,-force_load,$<TARGET_FILE:BrvEDK>" BrvEDK)
+    target_link_options(${ARG_NAME} PRIVATE LINKER:-exported_symbols_list,${exports}
+                        LINKER:-force_load,$<TARGET_FILE:BrvEDK>)
+    target_link_libraries(${ARG_NAME} PRIVATE BrvEDK)
     set(executable_folder MacOS)
     set(suffix "")
   else()
@@ -37,7 +38,7 @@ function(brv_add_extension)
   endif()
   set_target_properties(${ARG_NAME} PROPERTIES PREFIX "" SUFFIX "${suffix}"
                         LIBRARY_OUTPUT_DIRECTORY ${contents}/${executable_folder}
-                        LINK_DEPENDS ${exports})
+                        LINK_DEPENDS "${exports};${BRV_LINK_STUBS}")
 
   foreach(localization IN LISTS ARG_LOCALIZATIONS)
     get_filename_component(folder ${localization} NAME)

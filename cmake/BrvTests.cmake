@@ -2,6 +2,9 @@
 #
 # A GoogleTest program whose every TEST is a test of CTest under its own name. With WHOLE the program is one
 # test: its tests share what a process keeps for life, and follow one another.
+#
+# A program that links ImageUnderTest runs a second time on the image for macOS, where BRV_MACHO_FOLDER has its casing: the
+# loader of the system finds the casing there before it comes to the Linux executable.
 find_package(GTest)
 include(GoogleTest)
 
@@ -15,10 +18,25 @@ function(brv_add_test)
   target_compile_definitions(${ARG_NAME} PRIVATE BRV_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                                  BRV_BINARY_DIR="${CMAKE_BINARY_DIR}")
   set_target_properties(${ARG_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
-  if(ARG_WHOLE)
-    add_test(NAME ${ARG_NAME} COMMAND ${ARG_NAME})
-    set_tests_properties(${ARG_NAME} PROPERTIES LABELS "${ARG_LABELS}")
+  _brv_register_test(${ARG_NAME} "${ARG_WHOLE}" "" "${ARG_LABELS}")
+  if(BRV_MACHO_FOLDER AND ImageUnderTest IN_LIST ARG_LIBRARIES)
+    _brv_register_test(${ARG_NAME} "${ARG_WHOLE}" "macho." macho ENVIRONMENT LD_LIBRARY_PATH=${BRV_MACHO_FOLDER})
+  endif()
+endfunction()
+
+# The tests of a program under their names behind a prefix, with a label and more properties.
+function(_brv_register_test program whole prefix label)
+  set(properties ${ARGN})
+  if(label)
+    list(APPEND properties LABELS ${label})
+  endif()
+  if(NOT whole)
+    gtest_discover_tests(${program} TEST_PREFIX "${prefix}" TEST_LIST ${prefix}${program} DISCOVERY_TIMEOUT 60
+                         PROPERTIES ${properties})
     return()
   endif()
-  gtest_discover_tests(${ARG_NAME} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS "${ARG_LABELS}")
+  add_test(NAME ${prefix}${program} COMMAND ${program})
+  if(properties)
+    set_tests_properties(${prefix}${program} PROPERTIES ${properties})
+  endif()
 endfunction()

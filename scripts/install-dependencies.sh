@@ -7,12 +7,14 @@ set -euo pipefail
 packages=(
   cmake ninja-build g++ clang pkg-config binutils python3
   libgtest-dev libgmock-dev libbenchmark-dev librapidcheck-dev
-  libplist-dev libicu-dev
+  libplist-dev libicu-dev lld libc++1 zip
   libexpat1-dev libzip-dev libfmt-dev libcli11-dev
 )
 [ $# -eq 0 ] || packages=("$@")
 
 missing=()
+# npm fetches the toolchain for macOS; wherever it came from, one is enough.
+if [ $# -eq 0 ] && ! command -v npm >/dev/null; then missing+=(npm); fi
 for package in "${packages[@]}"; do
   status=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
   [ "$status" = installed ] || missing+=("$package")

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds everything, and runs every test: the bridge as clang++ compiles it, then all of it under
-# the sanitizers, then all of it as it is shipped.
+# the sanitizers, then all of it as it is shipped: the bundle for Linux, and the bytes of that for macOS.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -15,6 +15,15 @@ build_and_test() {
   cmake --build --preset "$preset" -j "$(nproc)" "$@"
   ctest --preset "$preset" -j "$(nproc)"
 }
+
+echo "== macos"
+status=0
+scripts/build-macos.sh || status=$?
+case $status in
+  0) ;;
+  77) echo "The tests of the bundle for macOS are skipped." ;;
+  *) exit "$status" ;;
+esac
 
 build_and_test clang --target bridge-tests
 build_and_test asan

@@ -4,12 +4,13 @@
 
 #include "hostbundle.h"
 #include "recordinghost.h"
+#include "tests/support/imageundertest.h"
 
 namespace {
 
 // The bundle's own main, which in this program the name alone does not reach.
 int BundleMain(int argc, void* argv) {
-  void* const image = dlopen(BRV_BUNDLE_EXECUTABLE, RTLD_NOW | RTLD_NOLOAD);
+  void* const image = dlopen(ExecutableUnderTest().c_str(), RTLD_NOW | RTLD_NOLOAD);
   const auto function = reinterpret_cast<int (*)(int, void*)>(dlsym(image, "main"));
   dlclose(image);
   return function(argc, argv);

@@ -8,6 +8,7 @@
 
 #include "entrypoints.h"
 #include "recordinghost.h"
+#include "tests/support/imageundertest.h"
 #include "tests/support/text.h"
 
 namespace {
@@ -19,7 +20,7 @@ class EntryPoints : public testing::Test {
  protected:
   static void SetUpTestSuite() {
     OpenHostBundle("RecordingHost");
-    image_ = dlopen(BRV_BUNDLE_EXECUTABLE, RTLD_NOW | RTLD_LOCAL);
+    image_ = dlopen(ExecutableUnderTest().c_str(), RTLD_NOW | RTLD_LOCAL);
     ASSERT_NE(image_, nullptr) << dlerror();
     char program[] = "host";
     char* argv[] = {program, nullptr};

@@ -9,6 +9,7 @@
 
 #include "portable.h"
 #include "recordinghost.h"
+#include "tests/support/imageundertest.h"
 #include "tests/support/text.h"
 
 namespace {
@@ -24,7 +25,7 @@ class OwnBundle : public testing::Test {
     std::string name = fs::temp_directory_path() / "brv-bundle-XXXXXX";
     ASSERT_NE(mkdtemp(name.data()), nullptr);
     folder_ = name;
-    fs::copy(BRV_BUNDLE, folder_ / "Copy.bundle", fs::copy_options::recursive);
+    fs::copy(BundleUnderTest(), folder_ / "Copy.bundle", fs::copy_options::recursive);
     setenv("LANGUAGE", "en", 1);
   }
 

@@ -1,0 +1,29 @@
+# Builds for macOS (x86-64, from version 11) on Linux: compiler and C and C++ headers of the Zig toolchain, LLVM's linker
+# for Mach-O, the declarations of platform/, and stubs of the system's libraries. scripts/build-macos.sh sets the two paths.
+set(BRV_ZIG "" CACHE FILEPATH "The zig program, in the folder of its toolchain")
+set(BRV_LD64 "" CACHE FILEPATH "LLVM's linker for Mach-O, ld64.lld")
+set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES BRV_ZIG BRV_LD64)
+# The compiler's checks need no linker then.
+set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
+
+set(CMAKE_SYSTEM_NAME Darwin)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER ${BRV_ZIG} cc)
+set(CMAKE_CXX_COMPILER ${BRV_ZIG} c++)
+set(CMAKE_C_COMPILER_TARGET x86_64-macos.11.0)
+set(CMAKE_CXX_COMPILER_TARGET x86_64-macos.11.0)
+set(CMAKE_AR ${BRV_ZIG})
+set(CMAKE_RANLIB ${BRV_ZIG})
+set(CMAKE_INSTALL_NAME_TOOL ${CMAKE_COMMAND})
+
+# Debug information, which this compiler writes unasked, would name the folders of the build.
+set(CMAKE_C_FLAGS_INIT "-g0")
+set(CMAKE_CXX_FLAGS_INIT "-g0")
+set(CMAKE_CXX_STANDARD_INCLUDE_DIRECTORIES ${CMAKE_CURRENT_LIST_DIR}/../../platform/include)
+
+set(CMAKE_FIND_ROOT_PATH ${CMAKE_CURRENT_LIST_DIR}/stubs)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+file(GLOB_RECURSE BRV_LINK_STUBS CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/stubs/*.tbd)
+set(CMAKE_USER_MAKE_RULES_OVERRIDE ${CMAKE_CURRENT_LIST_DIR}/rules.cmake)
