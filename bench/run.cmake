@@ -1,3 +1,6 @@
+if(NOT BRV_BUILD_HOST)
+  return()
+endif()
 find_package(EXPAT REQUIRED)
 add_executable(bench-run run.cpp)
 target_link_libraries(bench-run PRIVATE brvhostcore EXPAT::EXPAT)

@@ -1,3 +1,6 @@
+if(NOT BRV_BUILD_HOST)
+  return()
+endif()
 set(command ${PROJECT_SOURCE_DIR}/extension/legerlinescommand.cpp)
 # The same command a second time, without progress.
 add_library(SilentCommand OBJECT ${command})

@@ -2,6 +2,13 @@
 include(GNUInstallDirs)
 
 option(BRV_BUILD_TESTS "Build the tests" ON)
+# On a Mac the bundle is built with the developer tools alone; brvhost needs libraries besides.
+if(APPLE)
+  set(build_host_by_default OFF)
+else()
+  set(build_host_by_default ON)
+endif()
+option(BRV_BUILD_HOST "Build brvhost" ${build_host_by_default})
 option(BRV_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(BRV_MACOS_TESTS "Build the bundle for macOS too, and run its tests on Linux" OFF)
 option(BRV_SANITIZE "Compile with the address and undefined-behaviour sanitizers" OFF)

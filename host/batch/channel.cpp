@@ -1,5 +1,6 @@
 #include "host/batch/channel.h"
 
+#include <fcntl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -66,9 +67,11 @@ std::optional<Message> Channel::Next() {
 
 std::pair<Channel, Channel> ConnectedChannels() {
   int ends[2];
-  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) {
+  if (socketpair(AF_UNIX, SOCK_STREAM, 0, ends) != 0) {
     throw std::system_error(errno, std::generic_category(), "socketpair");
   }
+  // Programs that an extension starts have no part in it.
+  for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
   return {Channel(Descriptor(ends[0])), Channel(Descriptor(ends[1]))};
 }
 

@@ -1,17 +1,14 @@
 #include <csignal>
 
-#include <brvplatform.h>
 #include <unistd.h>
 
+#include "host/batch/cancelkeys.h"
 #include "host/batch/exitstatus.h"
 #include "host/batch/interrupt.h"
 #include "host/files/safefile.h"
 
 namespace brvhost {
 namespace {
-
-constexpr unsigned char kPeriodKey = 47;
-constexpr unsigned long kCommandFlag = 0x100000;
 
 volatile std::sig_atomic_t interrupts = 0;
 
@@ -35,11 +32,6 @@ void Handle(int signal, void (*handler)(int)) {
 }
 
 }  // namespace
-
-void HoldCancelKeys() {
-  BrvPlatformSetKeyDown(kPeriodKey, true);
-  BrvPlatformSetModifierFlags(kCommandFlag);
-}
 
 void NoteInterrupts() {
   for (const int signal : {SIGINT, SIGHUP, SIGTERM}) Handle(signal, OnInterrupt);

@@ -10,9 +10,6 @@ void NoteInterrupts();
 // end (SIGTERM) ends the process at once, without what it was writing. Those noted earlier count.
 void PressCancelKeysOnInterrupt();
 
-// Command-period is held from now on, for the life of the process.
-void HoldCancelKeys();
-
 // How many came so far.
 int InterruptCount();
 

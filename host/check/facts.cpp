@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "host/batch/interrupt.h"
+#include "host/batch/cancelkeys.h"
 #include "host/check/emptyhost.h"
 #include "host/check/guarded.h"
 #include "host/check/trial.h"
@@ -135,7 +135,8 @@ std::string Unbalanced(const Trial& trial, int item) {
   if (document.StrayFrames() > 0) {
     return fmt::format("item {} saves or frees frames that are not loaded: {} in all", item, document.StrayFrames());
   }
-  if (document.LoadedFrames() > 0) return fmt::format("item {} leaves frames loaded: {} in all", item, document.LoadedFrames());
+  if (document.LoadedFrames() > 0)
+    return fmt::format("item {} leaves frames loaded: {} in all", item, document.LoadedFrames());
   return "";
 }
 
