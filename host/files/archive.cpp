@@ -143,6 +143,8 @@ std::string ReplaceMember(std::string_view bytes, const std::string& member, std
   // A member that was stored stays so. The library takes a level only with the default method, which is to deflate.
   const bool stored = (status.valid & ZIP_STAT_COMP_METHOD) != 0 && status.comp_method == ZIP_CM_STORE;
   zip_set_file_compression(archive.get(), index, stored ? ZIP_CM_STORE : ZIP_CM_DEFAULT, kCompressionLevel);
+  // The same score gives the same bytes, whenever it is written.
+  if ((status.valid & ZIP_STAT_MTIME) != 0) zip_file_set_mtime(archive.get(), index, status.mtime, 0);
   if (zip_close(archive.get()) != 0) ThrowBroken(zip_strerror(archive.get()));
   archive.release();
   return source.Bytes();

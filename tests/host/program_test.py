@@ -253,22 +253,24 @@ class Archives(Case):
     def test_keep_every_other_member(self):
         path = self.folder / "a.mxl"
         with zipfile.ZipFile(path, "w") as archive:
+            # Written long ago, as far as it says.
+            archive.writestr(zipfile.ZipInfo("old.txt", (1999, 12, 31, 23, 59, 58)), "old")
             archive.writestr("mimetype", "application/vnd.recordare.musicxml", zipfile.ZIP_STORED)
             archive.writestr("META-INF/container.xml", BadScores.container("score.xml"), zipfile.ZIP_DEFLATED)
             archive.writestr("cover.png", os.urandom(5000), zipfile.ZIP_DEFLATED)
-            archive.writestr("score.xml", score(), zipfile.ZIP_DEFLATED)
+            archive.writestr(zipfile.ZipInfo("score.xml", (2001, 2, 3, 4, 5, 6)), score(), zipfile.ZIP_DEFLATED)
         out = self.folder / "out.mxl"
         self.succeeds(run(HIDE, "--all", path, "-o", out))
         with zipfile.ZipFile(path) as before, zipfile.ZipFile(out) as after:
             self.assertIsNone(after.testzip())
             self.assertEqual(before.namelist(), after.namelist())
             for old, new in zip(before.infolist(), after.infolist()):
+                self.assertEqual(old.date_time, new.date_time)
                 if old.filename == "score.xml":
                     self.assertEqual(after.read(new).decode(), score(HIDDEN_NOTE))
                     continue
                 self.assertEqual(before.read(old), after.read(new))
-                self.assertEqual((old.compress_type, old.compress_size, old.date_time),
-                                 (new.compress_type, new.compress_size, new.date_time))
+                self.assertEqual((old.compress_type, old.compress_size), (new.compress_type, new.compress_size))
 
     def test_and_plain_scores_keep_to_their_names(self):
         plain = self.write("a.musicxml", score())
