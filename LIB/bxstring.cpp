@@ -98,22 +98,42 @@ int Compare(const UniChar* a, const UniChar* b, std::size_t limit) {
   return 0;
 }
 
+// Copies four blocks unless the text ends in them; says whether it did. All are loaded before the first is stored, so
+// that dst may overlap src from before.
+bool CopyFourBlocks(UniChar* dst, const UniChar* src) {
+  const UnitBlock blocks[] = {LoadBlock(src), LoadBlock(src + kBlockUnits), LoadBlock(src + 2 * kBlockUnits),
+                              LoadBlock(src + 3 * kBlockUnits)};
+  const UnitBlock first = Either(MarkZero(blocks[0]), MarkZero(blocks[1]));
+  const UnitBlock second = Either(MarkZero(blocks[2]), MarkZero(blocks[3]));
+  if (AnyMarked(Either(first, second))) return false;
+  for (std::size_t i = 0; i < 4; ++i) StoreBlock(dst + i * kBlockUnits, blocks[i]);
+  return true;
+}
+
 // Copies up to the 0 unit, which is copied too, and no more than limit units; returns how many were copied. What is
 // loaded of src is stored before more is loaded, and never beyond it, so that dst may overlap src from before.
 std::size_t CopyUpTo(UniChar* dst, const UniChar* src, std::size_t limit) {
   std::size_t at = 0;
-  while (at < limit) {
-    for (std::size_t blocks = std::min(BlocksInPage(src + at), (limit - at) / kBlockUnits); blocks != 0; --blocks) {
+  const auto copyToEnd = [&](std::size_t blocks) {
+    for (; blocks != 0; --blocks, at += kBlockUnits) {
       const UnitBlock block = LoadBlock(src + at);
       const UnitBlock ends = MarkZero(block);
       if (AnyMarked(ends)) {
         const std::size_t last = FirstMarked(ends) + 1;
         StoreFirstUnits(dst + at, block, last);
-        return at + last;
+        at += last;
+        return true;
       }
       StoreBlock(dst + at, block);
-      at += kBlockUnits;
     }
+    return false;
+  };
+  while (at < limit) {
+    std::size_t blocks = std::min(BlocksInPage(src + at), (limit - at) / kBlockUnits);
+    const std::size_t shortText = std::min(blocks, kShortTextBlocks);
+    if (copyToEnd(shortText)) return at;
+    for (blocks -= shortText; blocks >= 4 && CopyFourBlocks(dst + at, src + at); blocks -= 4) at += 4 * kBlockUnits;
+    if (copyToEnd(blocks)) return at;
     for (; at < limit && (BlocksInPage(src + at) == 0 || limit - at < kBlockUnits); ++at) {
       const UniChar unit = LoadUnit(src + at);
       StoreUnit(dst + at, unit);

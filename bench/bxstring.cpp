@@ -1,14 +1,12 @@
-// The bx_ functions against ICU's functions of the same kind, on the same text, and how many times as fast they are.
-// Each line of the table at the end is one function at one length; a ratio of 4 is a quarter of ICU's time.
+// ICU's functions against the bx_ functions of the same kind, on the same text: a ratio of 4 is a quarter of ICU's
+// time.
 #include <benchmark/benchmark.h>
 #include <unicode/ustring.h>
 
-#include <cstdio>
-#include <map>
 #include <string>
-#include <vector>
 
 #include "bxstring.h"
+#include "sidebyside.h"
 
 namespace {
 
@@ -62,64 +60,27 @@ const Pair kPairs[] = {
      [](Texts& t) { Keep(u_strstr(t.text.data(), kFrequentNeedle)); }},
 };
 
-constexpr int kLengths[] = {8, 64, 1024, 65536};
-constexpr int kRepetitions = 5;
+constexpr std::size_t kLengths[] = {8, 64, 1024, 65536};
 
-void Run(benchmark::State& state, void (*call)(Texts&)) {
-  Texts texts(static_cast<std::size_t>(state.range(0)));
-  for (auto _ : state) {
-    call(texts);
-    benchmark::ClobberMemory();
-  }
-}
+// So many that a turn takes about a millisecond.
+int CallsAt(std::size_t length) { return static_cast<int>(4'000'000 / (length + 8)); }
 
-// Shows the usual table, and keeps the best time of each measurement.
-class BestTimes : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.run_type != Run::RT_Iteration) continue;
-      const double time = run.GetAdjustedRealTime();
-      const auto [best, isFirst] = best_.try_emplace(run.run_name.str(), time);
-      if (!isFirst && time < best->second) best->second = time;
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-  double Of(const std::string& name) const { return best_.at(name); }
-
- private:
-  std::map<std::string, double> best_;
-};
-
-std::string NameOf(const Pair& pair, const char* side) { return std::string(pair.name) + "/" + side; }
-
-// How the reporter names a measurement: name, argument, repetitions.
-std::string RunName(const Pair& pair, const char* side, int length) {
-  std::string name = NameOf(pair, side);
-  name.append("/").append(std::to_string(length)).append("/repeats:").append(std::to_string(kRepetitions));
-  return name;
+void Compare(const Pair& pair, std::size_t length) {
+  Texts texts(length);
+  const std::string text = std::string(pair.name) + " of " + std::to_string(length) + " units: ICU / bx_";
+  const auto timed = [&texts](void (*call)(Texts&)) {
+    return [&texts, call](int) {
+      call(texts);
+      benchmark::ClobberMemory();
+    };
+  };
+  PrintRatio(text.c_str(), CallsAt(length), timed(pair.icu), timed(pair.ours));
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
+int main() {
   for (const Pair& pair : kPairs) {
-    for (const int length : kLengths) {
-      benchmark::RegisterBenchmark(NameOf(pair, "bx").c_str(), Run, pair.ours)->Arg(length)->Repetitions(kRepetitions);
-      benchmark::RegisterBenchmark(NameOf(pair, "icu").c_str(), Run, pair.icu)->Arg(length)->Repetitions(kRepetitions);
-    }
+    for (const std::size_t length : kLengths) Compare(pair, length);
   }
-  BestTimes times;
-  benchmark::RunSpecifiedBenchmarks(&times);
-
-  std::printf("\nTimes as fast as ICU (best of %d)\n%-18s", kRepetitions, "units");
-  for (const int length : kLengths) std::printf("%10d", length);
-  for (const Pair& pair : kPairs) {
-    std::printf("\n%-18s", pair.name);
-    for (const int length : kLengths) {
-      std::printf("%10.2f", times.Of(RunName(pair, "icu", length)) / times.Of(RunName(pair, "bx", length)));
-    }
-  }
-  std::printf("\n");
 }

@@ -107,6 +107,14 @@ RC_GTEST_PROP(BxStringModel, BoundedCopyWritesExactlyItsUnits, (bool oddA, bool 
   RC_ASSERT(std::memcmp(dst.At(), expected.data(), count * sizeof(UniChar)) == 0);
 }
 
+RC_GTEST_PROP(BxStringModel, ATextCanBeCopiedOverItsOwnBeginning, (bool odd)) {
+  const std::u16string text = *Text();
+  const std::size_t dropped = *rc::gen::inRange<std::size_t>(0, text.size() + 1);
+  Placed units(text, odd);
+  bx_strcpy(units.At(), units.At() + dropped);
+  RC_ASSERT(TextAt(units.At()) == text.substr(dropped));
+}
+
 RC_GTEST_PROP(BxStringModel, CopyAndAppendGiveTheWholeText, (bool oddA, bool oddB)) {
   const std::u16string a = *Text();
   const std::u16string b = *Text();
