@@ -22,10 +22,10 @@ extern char** environ;
 
 namespace {
 
-std::string XmlOf(const std::string& path) {
-  std::string content = brvhost::ReadFile(path);
-  if (!brvhost::IsArchive(content)) return content;
-  return brvhost::ReadArchivedScore(content, brvhost::kDefaultMaxSize).content;
+brvhost::Bytes XmlOf(const std::string& path) {
+  brvhost::Bytes content = brvhost::ReadFile(path);
+  if (!brvhost::IsArchive(content.View())) return content;
+  return brvhost::ReadArchivedScore(content.View(), brvhost::kDefaultMaxSize).content;
 }
 
 void ParseAlone(std::string_view xml) {
@@ -56,9 +56,9 @@ long RunCommand(const std::string& score) {
 void WritePlain(const std::string& score, const char* target) {
   const pid_t process = fork();
   if (process == 0) {
-    const std::string xml = XmlOf(score);
+    const brvhost::Bytes xml = XmlOf(score);
     std::FILE* const file = std::fopen(target, "wb");
-    const bool written = file != nullptr && std::fwrite(xml.data(), 1, xml.size(), file) == xml.size();
+    const bool written = file != nullptr && std::fwrite(xml.Data(), 1, xml.Size(), file) == xml.Size();
     _exit(written && std::fclose(file) == 0 ? 0 : 1);
   }
   int status = 0;
@@ -72,7 +72,8 @@ int main(int argc, char** argv) {
   const std::string plain = "bench-run-input.musicxml";
   WritePlain(score, plain.c_str());
   const long memory = RunCommand(plain);
-  const std::string xml = brvhost::ReadFile(plain);
+  const brvhost::Bytes content = brvhost::ReadFile(plain);
+  const std::string_view xml = content.View();
   PrintRatio(
       "brvhost run, plain / parsing the same XML alone", 1, [&](int) { RunCommand(plain); },
       [&](int) { ParseAlone(xml); });

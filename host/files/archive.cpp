@@ -7,6 +7,8 @@
 #include <cstring>
 #include <memory>
 
+#include "host/files/deflate.h"
+#include "host/files/deflatedsource.h"
 #include "host/score/inputerror.h"
 #include "host/xml/xmlreader.h"
 
@@ -14,8 +16,6 @@ namespace brvhost {
 namespace {
 
 constexpr std::uint64_t kLargestContainer = 1 << 20;
-// What most writers of archives use: a greater level takes several times as long for a tenth of the size.
-constexpr zip_uint32_t kCompressionLevel = 6;
 
 struct Discard {
   void operator()(zip_t* archive) const { zip_discard(archive); }
@@ -25,6 +25,8 @@ using Archive = std::unique_ptr<zip_t, Discard>;
 using Member = std::unique_ptr<zip_file_t, Discard>;
 
 [[noreturn]] void ThrowBroken(const std::string& reason) { throw InputError("not a readable .mxl archive: " + reason); }
+
+[[noreturn]] void ThrowLarger(const std::string& name) { ThrowBroken(name + " is larger than the archive says"); }
 
 // Owns the memory that an archive is read from and written to: a copy, as the library frees what it replaces.
 class Source {
@@ -68,23 +70,39 @@ class Source {
   zip_source_t* source_ = nullptr;
 };
 
-std::string ReadMember(zip_t* archive, const std::string& name, std::uint64_t maxSize) {
+// Reads so much of a member, and finds its end there.
+void ReadToTheEnd(zip_t* archive, const std::string& name, zip_flags_t flags, Bytes& content) {
+  const Member file(zip_fopen(archive, name.c_str(), flags));
+  if (file == nullptr) ThrowBroken(zip_strerror(archive));
+  const zip_int64_t count = zip_fread(file.get(), content.Data(), content.Size());
+  if (count != static_cast<zip_int64_t>(content.Size())) ThrowBroken(name + ": " + zip_file_strerror(file.get()));
+  // A directory may lie about the size.
+  char beyond;
+  if (zip_fread(file.get(), &beyond, 1) != 0) ThrowLarger(name);
+}
+
+void ReadDeflated(zip_t* archive, const zip_stat_t& status, Bytes& content) {
+  Bytes stream(status.comp_size);
+  ReadToTheEnd(archive, status.name, ZIP_FL_COMPRESSED, stream);
+  const Unpacked unpacked = Inflate(stream.View(), content);
+  if (unpacked == Unpacked::kTooSmall) ThrowLarger(status.name);
+  if (unpacked == Unpacked::kBroken) ThrowBroken(std::string(status.name) + ": its compressed data is damaged");
+  if (Crc32(content.View()) != status.crc) ThrowBroken(std::string(status.name) + ": its checksum does not agree");
+}
+
+Bytes ReadMember(zip_t* archive, const std::string& name, std::uint64_t maxSize) {
   zip_stat_t status;
   if (zip_stat(archive, name.c_str(), 0, &status) != 0) throw InputError("the archive has no member " + name);
-  const Member file(zip_fopen(archive, name.c_str(), 0));
-  if (file == nullptr) ThrowBroken(zip_strerror(archive));
-  const auto tooLarge = [&] {
-    return InputError(name + " unpacks to more than " + std::to_string(maxSize) + " bytes; --max-size allows more");
-  };
-  if (status.size > maxSize) throw tooLarge();
-  std::string content;
-  content.resize(status.size);
-  const zip_int64_t count = zip_fread(file.get(), content.data(), content.size());
-  char beyond;
-  if (count == static_cast<zip_int64_t>(content.size()) && zip_fread(file.get(), &beyond, 1) == 0) return content;
-  // A directory may lie about the size.
-  if (count == static_cast<zip_int64_t>(content.size())) ThrowBroken(name + " is larger than the archive says");
-  ThrowBroken(name + ": " + zip_file_strerror(file.get()));
+  if (status.size > maxSize) {
+    throw InputError(name + " unpacks to more than " + std::to_string(maxSize) + " bytes; --max-size allows more");
+  }
+  Bytes content(status.size);
+  if (status.comp_method == ZIP_CM_DEFLATE && status.encryption_method == ZIP_EM_NONE) {
+    ReadDeflated(archive, status, content);
+  } else {
+    ReadToTheEnd(archive, name, 0, content);
+  }
+  return content;
 }
 
 // Finds the first root file of a container.
@@ -104,10 +122,10 @@ class ContainerHandler : public XmlHandler {
 
 std::string RootFile(zip_t* archive) {
   constexpr const char* kContainer = "META-INF/container.xml";
-  const std::string container = ReadMember(archive, kContainer, kLargestContainer);
+  const Bytes container = ReadMember(archive, kContainer, kLargestContainer);
   ContainerHandler handler;
   try {
-    ReadXml(container, handler);
+    ReadXml(container.View(), handler);
   } catch (const InputError& error) {
     throw InputError(Located(kContainer, error.place, error.what()));
   }
@@ -123,7 +141,7 @@ ArchivedScore ReadArchivedScore(std::string_view bytes, std::uint64_t maxSize) {
   Source source(bytes);
   const Archive archive = source.Open();
   std::string member = RootFile(archive.get());
-  std::string content = ReadMember(archive.get(), member, maxSize);
+  Bytes content = ReadMember(archive.get(), member, maxSize);
   return {std::move(member), std::move(content)};
 }
 
@@ -136,13 +154,14 @@ std::string ReplaceMember(std::string_view bytes, const std::string& member, std
   zip_stat_t status;
   zip_stat_init(&status);
   zip_stat_index(archive.get(), index, 0, &status);
-  zip_source_t* const replacement = zip_source_buffer(archive.get(), content.data(), content.size(), 0);
+  // A member that was stored stays so.
+  const bool stored = (status.valid & ZIP_STAT_COMP_METHOD) != 0 && status.comp_method == ZIP_CM_STORE;
+  zip_source_t* const replacement = stored ? zip_source_buffer(archive.get(), content.data(), content.size(), 0)
+                                           : DeflatedSource(archive.get(), content);
   if (replacement == nullptr || zip_file_replace(archive.get(), index, replacement, 0) != 0) {
     ThrowBroken(zip_strerror(archive.get()));
   }
-  // A member that was stored stays so. The library takes a level only with the default method, which is to deflate.
-  const bool stored = (status.valid & ZIP_STAT_COMP_METHOD) != 0 && status.comp_method == ZIP_CM_STORE;
-  zip_set_file_compression(archive.get(), index, stored ? ZIP_CM_STORE : ZIP_CM_DEFAULT, kCompressionLevel);
+  zip_set_file_compression(archive.get(), index, stored ? ZIP_CM_STORE : ZIP_CM_DEFAULT, 0);
   // The same score gives the same bytes, whenever it is written.
   if ((status.valid & ZIP_STAT_MTIME) != 0) zip_file_set_mtime(archive.get(), index, status.mtime, 0);
   if (zip_close(archive.get()) != 0) ThrowBroken(zip_strerror(archive.get()));

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "host/files/bytes.h"
+
 namespace brvhost {
 
 // Whether the bytes are a zip file, whatever the name says.
@@ -12,8 +14,8 @@ bool IsArchive(std::string_view bytes);
 
 // The score within an archive.
 struct ArchivedScore {
-  std::string member;   // its name
-  std::string content;  // unpacked
+  std::string member;  // its name
+  Bytes content;       // unpacked
 };
 
 // Unpacks the first root file that META-INF/container.xml names. Throws InputError for a broken archive, a container

@@ -12,23 +12,22 @@
 
 namespace brvhost {
 
-std::string ReadFile(const std::string& path) {
+Bytes ReadFile(const std::string& path) {
   const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
   struct stat status;
   if (!file || fstat(file.Get(), &status) != 0) throw InputError(std::strerror(errno));
   if (S_ISDIR(status.st_mode)) throw InputError("is a folder");
-  std::string content;
+  Bytes content(static_cast<std::size_t>(status.st_size) + 1);  // with room to see the end; a pipe says 0
   std::size_t filled = 0;
-  content.resize(static_cast<std::size_t>(status.st_size) + 1);  // with room to see the end; a pipe says 0
   for (;;) {
-    const ssize_t count = read(file.Get(), content.data() + filled, content.size() - filled);
+    const ssize_t count = read(file.Get(), content.Data() + filled, content.Size() - filled);
     if (count < 0 && errno == EINTR) continue;
     if (count < 0) throw InputError(std::strerror(errno));
     filled += static_cast<std::size_t>(count);
     if (count == 0) break;
-    if (filled == content.size()) content.resize(filled * 2);
+    if (filled == content.Size()) content.Grow(filled);
   }
-  content.resize(filled);
+  content.Truncate(filled);
   return content;
 }
 

@@ -3,9 +3,11 @@
 
 #include <string>
 
+#include "host/files/bytes.h"
+
 namespace brvhost {
 
 // Throws InputError with the system's reason.
-std::string ReadFile(const std::string& path);
+Bytes ReadFile(const std::string& path);
 
 }  // namespace brvhost

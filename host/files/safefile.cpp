@@ -76,6 +76,10 @@ void SafeFile::Flush() {
     if (count < 0) Fail("write");
     written += static_cast<std::size_t>(count);
   }
+#ifdef SYNC_FILE_RANGE_WRITE
+  // The disk starts while the rest is made, and there is less to wait for at the end.
+  sync_file_range(file_.Get(), 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
   buffer_.clear();
 }
 

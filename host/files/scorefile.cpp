@@ -11,15 +11,16 @@
 
 namespace brvhost {
 
-ScoreFile::ScoreFile(const std::string& path, std::uint64_t maxSize) : path_(path), document_(ReadFile(path)) {
-  if (document_.empty()) throw InputError("the file is empty");
-  if (IsArchive(document_)) {
+ScoreFile::ScoreFile(const std::string& path, std::uint64_t maxSize)
+    : path_(path), document_(ReadFile(path)) {
+  if (document_.IsEmpty()) throw InputError("the file is empty");
+  if (IsArchive(document_.View())) {
     archive_ = std::move(document_);
-    ArchivedScore score = ReadArchivedScore(archive_, maxSize);
+    ArchivedScore score = ReadArchivedScore(archive_.View(), maxSize);
     member_ = std::move(score.member);
     document_ = std::move(score.content);
   }
-  score_ = ReadMusicXml(document_);
+  score_ = ReadMusicXml(document_.View());
 }
 
 std::size_t ScoreFile::ChangedEntries() const {
@@ -30,18 +31,18 @@ std::size_t ScoreFile::ChangedEntries() const {
 void ScoreFile::Save(const std::string& target) const {
   if (!IsCompressed()) {
     SafeFile file(target);
-    WriteEdited(document_, score_, [&file](std::string_view piece) { file.Write(piece); });
+    WriteEdited(document_.View(), score_, [&file](std::string_view piece) { file.Write(piece); });
     return file.Commit();
   }
   if (ChangedEntries() == 0) {
     SafeFile file(target);
-    file.Write(archive_);
+    file.Write(archive_.View());
     return file.Commit();
   }
   std::string edited;
-  edited.reserve(document_.size());
-  WriteEdited(document_, score_, [&edited](std::string_view piece) { edited.append(piece); });
-  const std::string archive = ReplaceMember(archive_, member_, edited);
+  edited.reserve(document_.Size());
+  WriteEdited(document_.View(), score_, [&edited](std::string_view piece) { edited.append(piece); });
+  const std::string archive = ReplaceMember(archive_.View(), member_, edited);
   SafeFile file(target);
   file.Write(archive);
   file.Commit();

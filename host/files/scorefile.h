@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "host/files/bytes.h"
 #include "host/score/score.h"
 
 namespace brvhost {
@@ -28,9 +29,9 @@ class ScoreFile {
 
  private:
   std::string path_;
-  std::string archive_;  // the whole file, if it is compressed
+  Bytes archive_;  // the whole file, if it is compressed
   std::string member_;
-  std::string document_;
+  Bytes document_;
   Score score_;
 };
 

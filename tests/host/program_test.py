@@ -1,5 +1,6 @@
 """What brvhost does at the shell: commands, files, exit statuses, messages."""
 
+import io
 import os
 import pty
 import re
@@ -231,6 +232,23 @@ class BadScores(Case):
         self.refuses("g.mxl", self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": "<html/>"}),
                      "g.mxl:1:1: not MusicXML")
 
+    def test_say_where_an_archive_is_damaged(self):
+        # A directory that says the right length, and one that does not, over a stream that was exchanged.
+        content = score() + "<!-- some more, so that there is something to compress: " + "abc" * 100 + " -->"
+        whole = self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": content})
+        with zipfile.ZipFile(io.BytesIO(whole)) as archive:
+            member = archive.getinfo("x.xml")
+        stream = member.header_offset + 30 + len("x.xml")
+        broken = whole[:stream] + b"\xff" * 8 + whole[stream + 8:]
+        self.refuses("a.mxl", broken, "x.xml: its compressed data is damaged")
+        crc = member.CRC.to_bytes(4, "little")
+        self.refuses("b.mxl", whole.replace(crc, bytes(4)), "x.xml: its checksum does not agree")
+        size = member.file_size.to_bytes(4, "little")
+        less = (member.file_size - 1).to_bytes(4, "little")
+        self.refuses("c.mxl", whole.replace(size, less), "x.xml is larger than the archive says")
+        more = (member.file_size + 1).to_bytes(4, "little")
+        self.refuses("d.mxl", whole.replace(size, more), "x.xml: its compressed data is damaged")
+
     def test_that_unpack_to_too_much_are_refused(self):
         members = {"META-INF/container.xml": self.container("x.xml"), "x.xml": score() + " " * (3 << 20)}
         path = self.write("bomb.mxl", self.archive(members))
@@ -271,6 +289,19 @@ class Archives(Case):
                     continue
                 self.assertEqual(before.read(old), after.read(new))
                 self.assertEqual((old.compress_type, old.compress_size), (new.compress_type, new.compress_size))
+
+    def test_are_read_and_written_however_they_are_packed(self):
+        for method in (zipfile.ZIP_STORED, zipfile.ZIP_DEFLATED, zipfile.ZIP_BZIP2):
+            path = self.folder / "a.mxl"
+            with zipfile.ZipFile(path, "w") as archive:
+                archive.writestr("META-INF/container.xml", BadScores.container("score.xml"), method)
+                archive.writestr("score.xml", score(), method)
+            self.succeeds(run(HIDE, "--all", path, "--in-place"))
+            with zipfile.ZipFile(path) as archive:
+                self.assertIsNone(archive.testzip())
+                self.assertEqual(archive.read("score.xml").decode(), score(HIDDEN_NOTE))
+                stored = archive.getinfo("score.xml").compress_type == zipfile.ZIP_STORED
+                self.assertEqual(stored, method == zipfile.ZIP_STORED)
 
     def test_and_plain_scores_keep_to_their_names(self):
         plain = self.write("a.musicxml", score())
