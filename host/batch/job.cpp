@@ -71,7 +71,7 @@ void CheckTarget(const Job& job, const ScoreFile& file) {
 }
 
 int RunToTheEnd(const Job& job, const JobSettings& settings, const Extension& extension, const Channel& channel) {
-  ScoreFile file(job.score, settings.maxSize);
+  ScoreFile file(job.score, settings.maxSize, settings.readers);
   SendWarnings(file, channel);
   CheckTarget(job, file);
   if (InterruptCount() > 0) return kInterrupted;

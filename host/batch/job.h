@@ -19,6 +19,7 @@ struct JobSettings {
   std::vector<int> shownLayers;  // from 0; all when empty
   bool agree = false;            // to every question
   std::uint64_t maxSize = kDefaultMaxSize;
+  int readers = 1;  // threads that read one score
 };
 
 struct Job {

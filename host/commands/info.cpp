@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/batch/exitstatus.h"
+#include "host/batch/processors.h"
 #include "host/commands/commands.h"
 #include "host/files/scorefile.h"
 #include "host/score/inputerror.h"
@@ -22,7 +23,8 @@ void Print(const ScoreFile& file) {
   fmt::print("{}\n", file.Path());
   fmt::print("  parts     {}\n", score.parts.size());
   for (const ScorePart& part : score.parts) {
-    fmt::print("            {}  {}{}\n", part.id, StavesOf(part), part.names.name.empty() ? "" : "  " + part.names.name);
+    fmt::print("            {}  {}{}\n", part.id, StavesOf(part),
+               part.names.name.empty() ? "" : "  " + part.names.name);
   }
   fmt::print("  staves    {}\n  measures  {}\n  layers    {}\n", score.staves, score.measures, score.layers);
   fmt::print("  entries   {}, {} of them rests\n", score.entries.size(), rests);
@@ -36,7 +38,7 @@ int ShowInfo(const Options& options) {
   int status = kDone;
   for (const std::string& path : options.scores) {
     try {
-      const ScoreFile file(path, options.maxSize);
+      const ScoreFile file(path, options.maxSize, Processors());
       Print(file);
       for (const ScoreWarning& warning : file.GetScore().warnings) {
         fmt::print(stderr, "brvhost: {}\n", Located(path, {warning.line, warning.column}, "warning: " + warning.text));

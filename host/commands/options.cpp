@@ -145,7 +145,7 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   AddTargets(run, options);
   AddRegion(run, options);
   run.add_flag("--yes", options.yes, "Agree to every question");
-  run.add_option("--jobs", options.jobs, "Work on so many scores at a time")
+  run.add_option("--jobs", options.jobs, "Work on so many scores at a time; one score alone has all processors")
       ->type_name("N")
       ->check(CLI::Range(1, 256).description(""));
   run.footer(kRunFooter);

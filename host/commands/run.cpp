@@ -4,6 +4,7 @@
 #include <set>
 
 #include "host/batch/pool.h"
+#include "host/batch/processors.h"
 #include "host/commands/commands.h"
 
 namespace brvhost {
@@ -104,6 +105,8 @@ int Run(const Options& options) {
   settings.maxSize = options.maxSize;
   CheckTargets(options);
   const std::vector<Job> jobs = JobsOf(options);
+  // Several scores share the processors as --jobs says.
+  if (jobs.size() == 1) settings.readers = Processors();
 
   const Extension extension(options.bundle);
   CheckItem(extension, options);

@@ -11,7 +11,7 @@
 
 namespace brvhost {
 
-ScoreFile::ScoreFile(const std::string& path, std::uint64_t maxSize)
+ScoreFile::ScoreFile(const std::string& path, std::uint64_t maxSize, int readers)
     : path_(path), document_(ReadFile(path)) {
   if (document_.IsEmpty()) throw InputError("the file is empty");
   if (IsArchive(document_.View())) {
@@ -20,7 +20,7 @@ ScoreFile::ScoreFile(const std::string& path, std::uint64_t maxSize)
     member_ = std::move(score.member);
     document_ = std::move(score.content);
   }
-  score_ = ReadMusicXml(document_.View());
+  score_ = ReadMusicXml(document_.View(), readers);
 }
 
 std::size_t ScoreFile::ChangedEntries() const {

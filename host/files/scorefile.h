@@ -13,8 +13,9 @@ inline constexpr std::uint64_t kDefaultMaxSize = std::uint64_t{1} << 30;
 
 class ScoreFile {
  public:
-  // Reads the file whole. `maxSize` limits what the score in an archive may unpack to. Throws InputError.
-  explicit ScoreFile(const std::string& path, std::uint64_t maxSize = kDefaultMaxSize);
+  // Reads the file whole. `maxSize` limits what the score in an archive may unpack to; `readers` is the number of
+  // threads that may read parts at the same time. Throws InputError.
+  explicit ScoreFile(const std::string& path, std::uint64_t maxSize = kDefaultMaxSize, int readers = 1);
 
   Score& GetScore() { return score_; }
   const Score& GetScore() const { return score_; }

@@ -36,7 +36,9 @@ TextPlace PlaceOf(std::string_view document, std::uint64_t offset) {
 
 ByteEdit EditOf(const StartTag& tag, const NoteChange& change) {
   if (change.hide == change.note.IsHiddenByDefault()) return tag.Remove(kAttribute);
-  return tag.Set(kAttribute, change.hide ? "no" : "yes");
+  const std::string_view value = change.hide ? "no" : "yes";
+  const bool present = change.note.Attribute() != LegerAttribute::kAbsent;
+  return present ? tag.Change(kAttribute, value) : tag.Add(kAttribute, value);
 }
 
 void CheckTags(std::string_view document, CodeUnits units, const std::vector<NoteChange>& changes) {

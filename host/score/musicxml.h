@@ -11,6 +11,9 @@ namespace brvhost {
 //
 // What a document may leave out, it gets as its readers expect: one division to the quarter, voice "1", staff 1. A
 // backup that leads before the barline leads to the barline, with a warning.
-Score ReadMusicXml(std::string_view document);
+//
+// With more than one reader, the parts of a partwise score may be read at the same time, each by a thread of its own.
+// The result is the same.
+Score ReadMusicXml(std::string_view document, int readers = 1);
 
 }  // namespace brvhost

@@ -26,11 +26,16 @@ std::optional<StartTag> StartTag::At(std::string_view document, CodeUnits units,
   return tag;
 }
 
-ByteEdit StartTag::Set(std::string_view attribute, std::string_view value) const {
-  if (const auto found = Find(attribute)) return Edit(found->value, found->quote, value);
+ByteEdit StartTag::Add(std::string_view attribute, std::string_view value) const {
   std::string added(" ");
   added.append(attribute).append("=\"").append(value).append("\"");
-  return Edit(AfterName(), AfterName(), added);
+  const std::uint64_t place = AfterName();
+  return Edit(place, place, added);
+}
+
+ByteEdit StartTag::Change(std::string_view attribute, std::string_view value) const {
+  const auto found = Find(attribute);
+  return found ? Edit(found->value, found->quote, value) : Edit(start_, start_, "");
 }
 
 ByteEdit StartTag::Remove(std::string_view attribute) const {

@@ -27,11 +27,12 @@ class StartTag {
   // entity brings in has its tag elsewhere.
   static std::optional<StartTag> At(std::string_view document, CodeUnits units, std::uint64_t offset);
 
-  // Sets the attribute, or adds it directly after the tag's name. `value` is ASCII and needs no escape.
-  ByteEdit Set(std::string_view attribute, std::string_view value) const;
+  // Adds an attribute that the tag does not have, directly after its name. `value` is ASCII and needs no escape.
+  ByteEdit Add(std::string_view attribute, std::string_view value) const;
 
-  // Takes the attribute away with the blanks before it, so that Remove undoes Set. An edit of nothing where there is
-  // none.
+  // Gives another value to an attribute that the tag has, or takes it away with the blanks before it, so that Remove
+  // undoes Add. An edit of nothing where there is none.
+  ByteEdit Change(std::string_view attribute, std::string_view value) const;
   ByteEdit Remove(std::string_view attribute) const;
 
  private:

@@ -2,11 +2,15 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 #include "host/score/inputerror.h"
 
 namespace brvhost {
+
+// Most names that are compared differ in their first character, and there are millions of them.
+inline bool SameName(const char* a, const char* b) { return *a == *b && std::strcmp(a, b) == 0; }
 
 // The attributes that stand in a start tag, without those that a document type adds.
 class XmlAttributes {
@@ -14,9 +18,9 @@ class XmlAttributes {
   XmlAttributes(const char** namesAndValues, int count) : namesAndValues_(namesAndValues), count_(count) {}
 
   // The value with its references resolved, in UTF-8, or null.
-  const char* Find(std::string_view name) const {
+  const char* Find(const char* name) const {
     for (int i = 0; i < count_; i += 2) {
-      if (name == namesAndValues_[i]) return namesAndValues_[i + 1];
+      if (SameName(namesAndValues_[i], name)) return namesAndValues_[i + 1];
     }
     return nullptr;
   }
@@ -55,5 +59,18 @@ class XmlHandler {
 // Reads a whole document in any encoding that its declaration may name. Throws InputError, with the place, where it is
 // not well formed.
 void ReadXml(std::string_view document, XmlHandler& handler);
+
+// A stretch of a document in UTF-8 that is well formed once tags are put around it.
+struct XmlSection {
+  std::string_view opening;
+  std::string_view content;
+  std::string_view closing;
+  std::uint64_t offset = 0;  // of the content in the document
+};
+
+// Reads a section as a document. Offsets are the whole document's; places are within the section. Throws InputError
+// where it is not well formed, and where it declares what would hold for the other sections too: another encoding than
+// UTF-8, entities, attributes.
+void ReadXmlSection(const XmlSection& section, XmlHandler& handler);
 
 }  // namespace brvhost

@@ -1,0 +1,86 @@
+// Makes a score of MusicXML's elements as they come.
+#pragma once
+
+#include <deque>
+#include <string>
+#include <unordered_map>
+
+#include "host/score/attributesreader.h"
+#include "host/score/fraction.h"
+#include "host/score/musicxmlelements.h"
+#include "host/score/partbuilder.h"
+#include "host/score/partlistreader.h"
+#include "host/score/score.h"
+#include "host/xml/xmlreader.h"
+
+namespace brvhost {
+
+class MusicXmlHandler : public XmlHandler {
+ public:
+  void Begin(XmlPosition& position) override { position_ = &position; }
+  void StartElement(const char* name, const XmlAttributes& attributes) override;
+  void EndElement() override;
+  void Text(std::string_view piece) override { text_ += piece; }
+
+  // Whether `next`, which read what follows in the document, saw parts and nothing else, and neither of the two had to
+  // warn: then the two together say what one would that had read both.
+  bool GoesOnWith(const MusicXmlHandler& next) const;
+
+  // Takes over the parts of `next`, behind its own.
+  void Append(MusicXmlHandler&& next);
+
+  // What was read, once all is. Throws InputError where it is more than a score can have.
+  Score TakeScore();
+
+ private:
+  struct Part {
+    std::string id;
+    PartBuilder builder;
+    AttributesReader attributes;
+  };
+
+  void StartRoot(const char* name);
+  // <part> of a partwise score, <measure> of a timewise one, or what stands before them.
+  void StartOuter(const char* name, const XmlAttributes& attributes);
+  // The measure of one part, whichever of the two elements stands within the other.
+  void StartInner(const char* name, const XmlAttributes& attributes);
+  void StartMeasureChild(const char* name, const XmlAttributes& attributes);
+  void StartMeasureLeaf(const char* name);
+  void StartPrint(const XmlAttributes& attributes);
+  void StartSubtree(SubtreeReader& reader);
+  void EndSubtree();
+  void StartLeaf(Leaf leaf);
+  void EndLeaf();
+  void EndMeasureChild();
+  void EndMeasure();
+  Part* NewPart(const char* id);
+  // The part of a timewise score; parts count in the order in which they first appear.
+  Part* PartWithId(const char* id);
+
+  XmlPosition* position_ = nullptr;
+  Score score_;
+  std::deque<Part> parts_;
+  std::unordered_map<std::string, Part*> partsById_;
+  PartListReader partList_;
+
+  int depth_ = 0;
+  bool timewise_ = false;
+  bool inBody_ = false;
+  bool sawOthers_ = false;  // than parts, or measures of a timewise score
+  bool inMeasure_ = false;
+  Part* part_ = nullptr;
+
+  Child child_ = Child::kOther;
+  NoteElement note_;
+  std::string voice_;
+  bool isChord_ = false;
+  Fraction duration_;  // a grace note has none, and leaves the clock where it is
+
+  SubtreeReader* subtree_ = nullptr;
+  int subtreeDepth_ = 0;
+  Leaf leaf_ = Leaf::kNone;
+  int leafDepth_ = 0;
+  std::string text_;
+};
+
+}  // namespace brvhost

@@ -1,0 +1,92 @@
+#include "host/score/partsections.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <deque>
+#include <future>
+#include <system_error>
+
+#include "host/score/inputerror.h"
+#include "host/score/musicxmlhandler.h"
+
+namespace brvhost {
+namespace {
+
+constexpr std::string_view kRoot = "<score-partwise";
+constexpr std::string_view kOpening = "<score-partwise>";
+constexpr std::string_view kClosing = "</score-partwise>";
+constexpr std::string_view kPart = "<part ";
+
+// A section costs a parser; and small ones keep its copy of the text small.
+constexpr std::size_t kLeastSection = std::size_t{1} << 16;
+constexpr std::size_t kLargestLeast = std::size_t{1} << 22;
+constexpr std::size_t kSectionsPerReader = 4;
+
+std::size_t NextCut(std::string_view document, std::size_t from) {
+  if (from >= document.size()) return document.size();
+  const void* const found = memmem(document.data() + from, document.size() - from, kPart.data(), kPart.size());
+  return found == nullptr ? document.size()
+                          : static_cast<std::size_t>(static_cast<const char*>(found) - document.data());
+}
+
+// The handlers of the sections, in order, or none where a section is not well formed.
+std::deque<MusicXmlHandler> Handled(const std::vector<XmlSection>& sections, int readers) {
+  std::deque<MusicXmlHandler> handlers(sections.size());
+  std::atomic<std::size_t> next = 0;
+  const auto readSome = [&] {
+    try {
+      for (std::size_t i; (i = next++) < sections.size();) ReadXmlSection(sections[i], handlers[i]);
+      return true;
+    } catch (const InputError&) {
+      next = sections.size();
+      return false;
+    }
+  };
+  std::vector<std::future<bool>> others;
+  for (int i = 1; i < readers; ++i) others.push_back(std::async(std::launch::async, readSome));
+  bool good = readSome();
+  for (std::future<bool>& other : others) good &= other.get();
+  if (!good) handlers.clear();
+  return handlers;
+}
+
+}  // namespace
+
+std::vector<XmlSection> PartSections(std::string_view document, std::size_t least) {
+  const std::size_t firstPart = NextCut(document, 0);
+  if (document.substr(0, firstPart).find(kRoot) == std::string_view::npos) return {};
+  std::vector<XmlSection> sections;
+  std::size_t start = 0;
+  while (start < document.size()) {
+    const std::size_t end = NextCut(document, std::max(firstPart + kPart.size(), start + least));
+    sections.push_back({start == 0 ? "" : kOpening, document.substr(start, end - start),
+                        end == document.size() ? "" : kClosing, start});
+    start = end;
+  }
+  return sections;
+}
+
+std::optional<Score> ReadSections(const std::vector<XmlSection>& sections, int readers) {
+  try {
+    auto handlers = Handled(sections, readers);
+    if (handlers.empty()) return std::nullopt;
+    MusicXmlHandler& first = handlers.front();
+    for (std::size_t i = 1; i < handlers.size(); ++i) {
+      if (!first.GoesOnWith(handlers[i])) return std::nullopt;
+      first.Append(std::move(handlers[i]));
+    }
+    return first.TakeScore();
+  } catch (const std::system_error&) {
+    return std::nullopt;  // there are no more threads to be had
+  }
+}
+
+std::optional<Score> ReadPartsApart(std::string_view document, int readers) {
+  const std::size_t share = document.size() / (static_cast<std::size_t>(readers) * kSectionsPerReader);
+  const auto sections = PartSections(document, std::clamp(share, kLeastSection, kLargestLeast));
+  if (sections.size() < 2) return std::nullopt;
+  return ReadSections(sections, std::min(readers, static_cast<int>(sections.size())));
+}
+
+}  // namespace brvhost

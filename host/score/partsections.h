@@ -1,0 +1,28 @@
+// Reads the parts of a large partwise score at the same time.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "host/score/score.h"
+#include "host/xml/xmlreader.h"
+
+namespace brvhost {
+
+// Cuts a partwise score before some of the tags that start its parts, so that each section, between tags of the root
+// element, is a document by itself. A section has `least` bytes or more where that can be.
+//
+// What looks like a tag may stand in a comment: then the section that ends there is not well formed, as nothing closes
+// the comment. One section or none: there is nothing to cut.
+std::vector<XmlSection> PartSections(std::string_view document, std::size_t least);
+
+// Reads sections of a score, so many at a time. Null where one reader of the whole could find something else, or more
+// to say: an error, a warning, a declaration that holds for all sections.
+std::optional<Score> ReadSections(const std::vector<XmlSection>& sections, int readers);
+
+// Cuts a score into sections of a size that is worth it, and reads them. Null where there are none, too.
+std::optional<Score> ReadPartsApart(std::string_view document, int readers);
+
+}  // namespace brvhost

@@ -1,0 +1,187 @@
+#include "host/score/partsections.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "host/score/inputerror.h"
+#include "scores.h"
+
+namespace brvhost {
+namespace {
+
+std::string Part(const std::string& id, const std::string& measures) {
+  return "<part id=\"" + id + "\">" + measures + "</part>\n";
+}
+
+std::string Score2(const std::string& firstPart, const std::string& secondPart, const std::string& head = "") {
+  return head + "<score-partwise>\n" + Part("A", firstPart) + Part("B", secondPart) + "</score-partwise>\n";
+}
+
+// Everything that a score says, to compare two.
+std::string Everything(const Score& score) {
+  std::ostringstream text;
+  text << score.staves << ' ' << score.measures << ' ' << score.layers << '\n';
+  for (const ScorePart& part : score.parts) {
+    text << "part " << part.id << ' ' << part.names.name << ' ' << part.staves << ' ' << part.firstStaff << ' '
+         << part.instruments << ':';
+    for (const MeasureState& state : part.details.measures) {
+      text << ' ' << state.key.sharps << ',' << state.meter.beats << '/' << state.meter.beatUnit;
+    }
+    for (const int measure : part.details.newPages) text << " page " << measure;
+    text << '\n';
+  }
+  for (const ScoreFrame& frame : score.frames) {
+    text << "frame " << frame.staff << ' ' << frame.measure << ' ' << frame.layer << ':';
+    for (std::uint32_t i = 0; i < frame.entryCount; ++i) {
+      const ScoreEntry& entry = score.entries.at(frame.firstEntry + i);
+      text << ' ' << entry.position << (entry.isRest ? "r" : "") << (entry.hidden ? "h" : "");
+      for (const ScoreNote& note : score.NotesOf(entry)) {
+        text << '@' << note.offset << ',' << note.attribute << ',' << note.invisible;
+      }
+    }
+    text << '\n';
+  }
+  return text.str();
+}
+
+TEST(PartSections, CutBeforeEachPartButTheFirst) {
+  const std::string document = Score2(Measure(Note()), Measure(Note()));
+  const auto sections = PartSections(document, 1);
+  ASSERT_EQ(sections.size(), 2u);
+  EXPECT_EQ(sections[0].opening, "");
+  EXPECT_EQ(sections[0].closing, "</score-partwise>");
+  EXPECT_EQ(sections[1].opening, "<score-partwise>");
+  EXPECT_EQ(sections[1].closing, "");
+  EXPECT_EQ(sections[1].offset, document.find("<part id=\"B\""));
+  EXPECT_EQ(std::string(sections[0].content).append(sections[1].content), document);
+}
+
+TEST(PartSections, AreNotSmallerThanAsked) {
+  const std::string document = Score2(Measure(Note()), Measure(Note()));
+  EXPECT_EQ(PartSections(document, document.size() - 1).size(), 1u);
+}
+
+TEST(PartSections, AreNoneOfATimewiseScoreOrOfNone) {
+  EXPECT_TRUE(
+      PartSections("<score-timewise><measure><part id='A'/><part id='B'/></measure></score-timewise>", 1).empty());
+  EXPECT_TRUE(PartSections("", 1).empty());
+}
+
+std::optional<Score> Apart(const std::string& document) { return ReadSections(PartSections(document, 1), 2); }
+
+TEST(ReadSections, FindsWhatOneReaderFinds) {
+  const std::string document = Score2(
+      "<measure><attributes><key><fifths>3</fifths></key><staves>2</staves></attributes>" + Note() + Note("<chord/>") +
+          Note("<staff>2</staff>", " print-leger='no'") + "</measure>" + Measure(Note("<rest/>")),
+      "<measure><print new-page='yes'/><attributes><time><beats>3</beats><beat-type>8</beat-type></time></attributes>" +
+          Note("<voice>2</voice>") + Note("<voice>1</voice>", " print-object='no'") + "</measure>",
+      "<?xml version='1.0' encoding='utf-8'?><!DOCTYPE score-partwise PUBLIC 'x' 'y'>");
+  const auto score = Apart(document);
+  ASSERT_TRUE(score.has_value());
+  EXPECT_EQ(Everything(*score), Everything(ReadMusicXml(document)));
+}
+
+struct UnusualScore {
+  const char* name;
+  std::string document;
+};
+
+void PrintTo(const UnusualScore& score, std::ostream* out) { *out << score.name; }
+
+class ReadSectionsLeaves : public testing::TestWithParam<UnusualScore> {};
+
+TEST_P(ReadSectionsLeaves, ToOneReaderWhatTwoWouldSeeOtherwise) {
+  ASSERT_GT(PartSections(GetParam().document, 1).size(), 1u) << "there was nothing to cut";
+  EXPECT_FALSE(Apart(GetParam().document).has_value());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Scores, ReadSectionsLeaves,
+    testing::Values(
+        UnusualScore{"CommentWithATag", Score2("<!-- <part id='C'> -->" + Measure(Note()), "")},
+        UnusualScore{"TextWithATag", Score2("<measure><words><![CDATA[<part id='C'>]]></words></measure>", "")},
+        UnusualScore{"PartWithinAPart", Score2("<part id='C'></part>", "")},
+        UnusualScore{"ErrorInTheFirst", Score2("<measure>", "")},
+        UnusualScore{"ErrorInTheSecond", Score2("", "<measure><note><staff>0</staff></note></measure>")},
+        UnusualScore{"RootClosedTwice", Score2("", "") + "</score-partwise>"},
+        UnusualScore{"SomethingBehindTheEnd", Score2("", "") + "<score-partwise/>"},
+        UnusualScore{"WarningInTheFirst", Score2(Measure("<backup><duration>1</duration></backup>"), "")},
+        UnusualScore{"WarningInTheSecond", Score2("", Measure("<backup><duration>1</duration></backup>"))},
+        UnusualScore{"OtherEncoding", Score2("", "<!-- \xC3\xA9 -->", "<?xml version='1.0' encoding='ISO-8859-1'?>")},
+        UnusualScore{"EntityOfTheDocument",
+                     Score2("", Measure("&n;"), "<!DOCTYPE score-partwise [<!ENTITY n '<note/>'>]>")},
+        UnusualScore{"AttributesTrimmedByDeclaration",
+                     Score2("", Measure(Note("", " print-leger=' no '")),
+                            "<!DOCTYPE score-partwise [<!ATTLIST note print-leger NMTOKEN #IMPLIED>]>")},
+        UnusualScore{
+            "PartListBehindTheParts",
+            "<score-partwise>" + Part("A", "") + Part("B", "") +
+                "<part-list><score-part id='A'><part-name>late</part-name></score-part></part-list></score-partwise>"}),
+    [](const auto& scenario) { return scenario.param.name; });
+
+// Large enough to be cut.
+std::string LargePart(const std::string& id, const std::string& lastMeasure) {
+  std::string measures;
+  while (measures.size() < (1 << 16)) measures += Measure(Note() + Note("<chord/>")) + "\n";
+  return Part(id, measures + lastMeasure);
+}
+
+TEST(ReadMusicXml, SaysTheSamePlaceOfAnErrorHoweverManyReadersThereAre) {
+  const std::string document = "<score-partwise>\n" + LargePart("A", "") + LargePart("B", "<measure>\n<bad></measure>");
+  ASSERT_GT(PartSections(document, 1 << 16).size(), 1u);
+  const auto lines = static_cast<std::uint64_t>(std::ranges::count(document, '\n'));
+  for (const int readers : {1, 2, 7}) {
+    try {
+      ReadMusicXml(document, readers);
+      FAIL() << "it was read";
+    } catch (const InputError& error) {
+      EXPECT_EQ(error.place.line, lines) << readers;
+    }
+  }
+}
+
+TEST(ReadMusicXml, ReadsALargeScoreInPartsAsOneReaderDoes) {
+  std::string document = "<score-partwise>";
+  for (const char* const id : {"A", "B", "C", "D", "E"}) document += LargePart(id, "");
+  document += "</score-partwise>";
+  ASSERT_TRUE(ReadPartsApart(document, 3).has_value());
+  EXPECT_EQ(Everything(ReadMusicXml(document, 3)), Everything(ReadMusicXml(document)));
+}
+
+// Pieces of scores, well formed and not.
+RC_GTEST_PROP(ReadSections, NeverSaysOtherThanOneReader, ()) {
+  const std::vector<std::string> pieces = {"<part id=\"A\">",
+                                           "</part>",
+                                           "<part id='B'>",
+                                           "</part>",
+                                           "<measure>",
+                                           "</measure>",
+                                           Measure(Note()),
+                                           Measure(Note("<voice>2</voice>") + Note("<chord/>")),
+                                           "<!-- <part -->",
+                                           "<!--",
+                                           "-->",
+                                           "<![CDATA[",
+                                           "]]>",
+                                           "<part-list/>",
+                                           "</score-partwise>",
+                                           "<backup><duration>1</duration></backup>",
+                                           Note(),
+                                           "\n"};
+  std::string document = "<score-partwise>";
+  const auto chosen = *rc::gen::container<std::vector<std::size_t>>(rc::gen::inRange<std::size_t>(0, pieces.size()));
+  // Mostly whole parts, so that many documents are well formed.
+  for (const std::size_t index : chosen) {
+    document += *rc::gen::inRange(0, 40) == 0 ? pieces[index] : Part("P", Measure(Note()) + Measure(Note("<rest/>")));
+  }
+  document += "</score-partwise>";
+  const auto apart = Apart(document);
+  RC_CLASSIFY(apart.has_value(), "read apart");
+  if (apart) RC_ASSERT(Everything(*apart) == Everything(ReadMusicXml(document)));
+}
+
+}  // namespace
+}  // namespace brvhost
