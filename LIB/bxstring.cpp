@@ -98,42 +98,45 @@ int Compare(const UniChar* a, const UniChar* b, std::size_t limit) {
   return 0;
 }
 
-// Copies four blocks unless the text ends in them; says whether it did. All are loaded before the first is stored, so
-// that dst may overlap src from before.
-bool CopyFourBlocks(UniChar* dst, const UniChar* src) {
-  const UnitBlock blocks[] = {LoadBlock(src), LoadBlock(src + kBlockUnits), LoadBlock(src + 2 * kBlockUnits),
-                              LoadBlock(src + 3 * kBlockUnits)};
-  const UnitBlock first = Either(MarkZero(blocks[0]), MarkZero(blocks[1]));
-  const UnitBlock second = Either(MarkZero(blocks[2]), MarkZero(blocks[3]));
-  if (AnyMarked(Either(first, second))) return false;
-  for (std::size_t i = 0; i < 4; ++i) StoreBlock(dst + i * kBlockUnits, blocks[i]);
-  return true;
+// Copies four blocks at a time, so many as there are before the end of the text; says how many blocks. Each four are
+// loaded before the first is stored, so that dst may overlap src from before. Apart, so that short texts do not pay.
+[[gnu::noinline]] std::size_t CopyLongText(UniChar* dst, const UniChar* src, std::size_t blocks) {
+  std::size_t copied = 0;
+  for (; blocks - copied >= 4; copied += 4) {
+    const UniChar* const from = src + copied * kBlockUnits;
+    const UnitBlock four[] = {LoadBlock(from), LoadBlock(from + kBlockUnits), LoadBlock(from + 2 * kBlockUnits),
+                              LoadBlock(from + 3 * kBlockUnits)};
+    const UnitBlock first = Either(MarkZero(four[0]), MarkZero(four[1]));
+    const UnitBlock second = Either(MarkZero(four[2]), MarkZero(four[3]));
+    if (AnyMarked(Either(first, second))) break;
+    for (std::size_t i = 0; i < 4; ++i) StoreBlock(dst + (copied + i) * kBlockUnits, four[i]);
+  }
+  return copied;
 }
 
 // Copies up to the 0 unit, which is copied too, and no more than limit units; returns how many were copied. What is
 // loaded of src is stored before more is loaded, and never beyond it, so that dst may overlap src from before.
 std::size_t CopyUpTo(UniChar* dst, const UniChar* src, std::size_t limit) {
   std::size_t at = 0;
-  const auto copyToEnd = [&](std::size_t blocks) {
-    for (; blocks != 0; --blocks, at += kBlockUnits) {
+  while (at < limit) {
+    std::size_t oneByOne = kShortTextBlocks;
+    for (std::size_t blocks = std::min(BlocksInPage(src + at), (limit - at) / kBlockUnits); blocks != 0; --blocks) {
+      if (oneByOne-- == 0) {
+        const std::size_t copied = CopyLongText(dst + at, src + at, blocks);
+        at += copied * kBlockUnits;
+        blocks -= copied;
+        if (blocks == 0) break;
+      }
       const UnitBlock block = LoadBlock(src + at);
       const UnitBlock ends = MarkZero(block);
       if (AnyMarked(ends)) {
         const std::size_t last = FirstMarked(ends) + 1;
         StoreFirstUnits(dst + at, block, last);
-        at += last;
-        return true;
+        return at + last;
       }
       StoreBlock(dst + at, block);
+      at += kBlockUnits;
     }
-    return false;
-  };
-  while (at < limit) {
-    std::size_t blocks = std::min(BlocksInPage(src + at), (limit - at) / kBlockUnits);
-    const std::size_t shortText = std::min(blocks, kShortTextBlocks);
-    if (copyToEnd(shortText)) return at;
-    for (blocks -= shortText; blocks >= 4 && CopyFourBlocks(dst + at, src + at); blocks -= 4) at += 4 * kBlockUnits;
-    if (copyToEnd(blocks)) return at;
     for (; at < limit && (BlocksInPage(src + at) == 0 || limit - at < kBlockUnits); ++at) {
       const UniChar unit = LoadUnit(src + at);
       StoreUnit(dst + at, unit);
@@ -152,9 +155,7 @@ bool StartsWith(const UniChar* text, const UniChar* beginning) {
 
 }  // namespace
 
-std::size_t bx_strlen(const UniChar* s) {
-  return static_cast<std::size_t>(Scan(s, IsEnd()) - s);
-}
+std::size_t bx_strlen(const UniChar* s) { return static_cast<std::size_t>(Scan(s, IsEnd()) - s); }
 
 UniChar* bx_strchr(const UniChar* s, ushort16 unit) {
   const UniChar wanted = static_cast<UniChar>(unit);
@@ -188,27 +189,17 @@ UniChar* bx_strstr(const UniChar* haystack, const UniChar* needle) {
   }
 }
 
-int32 bx_strcmp(const UniChar* a, const UniChar* b) {
-  return Compare(a, b, kNoLimit);
-}
+int32 bx_strcmp(const UniChar* a, const UniChar* b) { return Compare(a, b, kNoLimit); }
 
-int32 bx_strncmp(const UniChar* a, const UniChar* b, std::size_t n) {
-  return Compare(a, b, n);
-}
+int32 bx_strncmp(const UniChar* a, const UniChar* b, std::size_t n) { return Compare(a, b, n); }
 
 void bx_strncpy(UniChar* dst, const UniChar* src, std::size_t n) {
   const std::size_t copied = CopyUpTo(dst, src, n);
   if (copied < n) std::memset(dst + copied, 0, (n - copied) * sizeof(UniChar));
 }
 
-void bx_strcpy(UniChar* dst, const UniChar* src) {
-  CopyUpTo(dst, src, kNoLimit);
-}
+void bx_strcpy(UniChar* dst, const UniChar* src) { CopyUpTo(dst, src, kNoLimit); }
 
-void bx_strcpy(UniChar* dst, std::size_t, const UniChar* src) {
-  bx_strcpy(dst, src);
-}
+void bx_strcpy(UniChar* dst, std::size_t, const UniChar* src) { bx_strcpy(dst, src); }
 
-void bx_strcat(UniChar* dst, std::size_t, const UniChar* src) {
-  bx_strcpy(dst + bx_strlen(dst), src);
-}
+void bx_strcat(UniChar* dst, std::size_t, const UniChar* src) { bx_strcpy(dst + bx_strlen(dst), src); }

@@ -11,7 +11,7 @@ case "${1-}" in
 esac
 
 scripts/install-dependencies.sh
-scripts/install-dependencies.sh xsltproc python3-lxml libpugixml-dev gnuplot-nox
+scripts/install-dependencies.sh xsltproc python3-lxml libpugixml-dev gnuplot-nox time
 cmake --preset release -DBRV_BUILD_TESTS=ON -DBRV_BUILD_BENCHMARKS=ON >/dev/null
 cmake --build --preset release -j "$(nproc)"
 mkdir -p build/bench

@@ -4,6 +4,7 @@ import dataclasses
 import os
 import statistics
 import sys
+import tempfile
 import time
 
 
@@ -11,7 +12,6 @@ import time
 class Cost:
     wall: float  # seconds
     processor: float  # seconds, of the command and its children
-    memory: int  # bytes, the greatest of any of its processes
 
 
 def run(command):
@@ -23,17 +23,19 @@ def run(command):
     wall = time.monotonic() - start
     if status != 0:
         raise RuntimeError(f"failed: {' '.join(command)}")
-    return Cost(wall, usage.ru_utime + usage.ru_stime, usage.ru_maxrss * 1024)
+    return Cost(wall, usage.ru_utime + usage.ru_stime)
 
 
-def apart(work):
-    """Does work in a process of its own: what this one holds would count as the memory of the commands that it starts."""
-    process = os.fork()
-    if process == 0:
-        work()
-        os._exit(0)
-    if os.waitpid(process, 0)[1] != 0:
-        raise RuntimeError("the work failed")
+def memory_of(command):
+    """The bytes that the largest process of a command holds at its peak, or None when the command fails.
+
+    Another program starts it: what this one holds would count as the command's."""
+    with tempfile.NamedTemporaryFile("r") as result:
+        try:
+            run(["/usr/bin/time", "-o", result.name, "-f", "%M", *command])
+        except RuntimeError:
+            return None
+        return int(result.read()) * 1024
 
 
 def speed_of_two():
@@ -48,17 +50,6 @@ def speed_of_two():
         return time.monotonic() - start
 
     return statistics.median(2 * seconds(1) / seconds(2) for _ in range(5))
-
-
-def first_round(commands):
-    """One round; what fails, for want of memory say, is left out."""
-    costs = {}
-    for name, command in commands.items():
-        try:
-            costs[name] = [run(command)]
-        except RuntimeError:
-            continue
-    return costs
 
 
 def side_by_side(commands, rounds):

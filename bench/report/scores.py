@@ -1,5 +1,6 @@
 """Scores to measure with: a quartet, and larger ones made of it by stacking its parts."""
 
+import itertools
 import pathlib
 import re
 import xml.etree.ElementTree as ElementTree
@@ -20,11 +21,17 @@ def unpacked(path):
 
 
 def stacked(text, size, target):
-    """Writes a score of at most `size` bytes, or of one copy: the parts of `text`, over and over, under new names."""
+    """Writes a score of nearly `size` bytes: `text`, and behind its parts the same parts again, under new names."""
     start, end = text.index("<part id="), text.rindex("</score-partwise>")
-    head, parts, tail = text[:start], text[start:end], text[end:]
-    with open(target, "w", encoding="utf-8", newline="") as file:
-        file.write(head)
-        for number in range(max(1, size // len(parts.encode()))):
-            file.write(re.sub(r'<part id="([^"]*)"', rf'<part id="\g<1>x{number}"', parts))
-        file.write(tail)
+    head, body, tail = text[:start], text[start:end], text[end:]
+    parts = [part.encode() for part in re.split(r"(?=<part id=)", body) if part]
+    written = len(text.encode())
+    with open(target, "wb") as file:
+        file.write(head.encode() + body.encode())
+        for number in itertools.count(1):
+            part = parts[number % len(parts)]
+            written += len(part)
+            if written > size:
+                break
+            file.write(re.sub(rb'<part id="([^"]*)"', rb'<part id="\g<1>x%d"' % number, part, count=1))
+        file.write(tail.encode())
