@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what building and testing need and what is not there yet, from the distribution's packages; with arguments, the
 # packages that they name instead.
-# Debian 12, Ubuntu 22.04 or later; as root, or with sudo.
+# For Debian 12; as root, or with sudo.
 set -euo pipefail
 
 packages=(
