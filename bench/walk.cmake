@@ -12,10 +12,7 @@ target_link_libraries(bench-walk PRIVATE SilentCommand BrvEDK benchmark::benchma
 
 add_library(WalkHost SHARED walkhost.cpp)
 target_link_libraries(WalkHost PRIVATE brvhostcore)
-set(host_name WalkHost)
-set(contents ${CMAKE_BINARY_DIR}/bench/WalkHost.bundle/Contents)
-configure_file(${PROJECT_SOURCE_DIR}/tests/support/recordinghost/Info.plist.in ${contents}/Info.plist @ONLY)
-set_target_properties(WalkHost PROPERTIES PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${contents}/Linux-x86-64)
+make_host_bundle(WalkHost)
 target_compile_definitions(bench-walk PRIVATE BRV_HOST_BUNDLE="${CMAKE_BINARY_DIR}/bench/WalkHost.bundle"
                                               BRV_SAMPLE="${PROJECT_SOURCE_DIR}/samples/piano.musicxml")
 add_dependencies(bench-walk WalkHost)

@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# Measures every figure, beside the tools that a user would pick instead, and writes build/bench/report.md and its plots.
-# With --quick a small version, in a few minutes. Real scores are looked for in ../shared (or $BRV_SHARED_DIR); without them a
-# sample stands in.
+# Measures every figure, beside the tools that a user would pick instead, and writes build/bench/report.md and its
+# plots. With --quick a small version, in a minute; with --figures only some, which bench/report/report.py names. Real
+# scores are looked for in ../shared (or $BRV_SHARED_DIR); without them a sample stands in.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 case "${1-}" in
-  "" | --quick) ;;
-  *) echo "usage: scripts/bench.sh [--quick]" >&2; exit 2 ;;
+  "" | --quick | --figures) ;;
+  *) echo "usage: scripts/bench.sh [--quick | --figures NAME,...]" >&2; exit 2 ;;
 esac
 
 scripts/install-dependencies.sh
