@@ -1,10 +1,14 @@
 #include <fmt/format.h>
 
+#include <cstdio>
 #include <exception>
+#include <iostream>
+#include <string_view>
 
 #include "host/batch/exitstatus.h"
 #include "host/bundle/extension.h"
 #include "host/commands/commands.h"
+#include "host/text/streams.h"
 
 namespace {
 
@@ -17,9 +21,16 @@ int Perform(const CLI::App& app, const Options& options) {
   return Check(options);
 }
 
-int Explain(int status, const char* message) {
-  fmt::print(stderr, "brvhost: {}\n", message);
+int Explain(int status, std::string_view message) {
+  Say(stderr, "brvhost: {}\n", message);
   return status;
+}
+
+// Whoever reads a result in a file must know when it is not all there.
+int Finished(int status) {
+  std::cout.flush();
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && std::cout.good()) return status;
+  return Explain(status == kDone ? kFailed : status, "the standard output cannot be written");
 }
 
 }  // namespace
@@ -29,9 +40,9 @@ int main(int argc, char** argv) {
   const auto app = DescribeCommandLine(options);
   try {
     app->parse(argc, argv);
-    return Perform(*app, options);
+    return Finished(Perform(*app, options));
   } catch (const CLI::Success& success) {
-    return app->exit(success);
+    return Finished(app->exit(success));
   } catch (const CLI::ParseError& error) {
     return Explain(kBadInput, error.what());
   } catch (const UsageError& error) {

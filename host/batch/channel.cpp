@@ -17,9 +17,9 @@ constexpr std::size_t kHead = 1 + sizeof(std::uint32_t);
 
 void WriteAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
-    const ssize_t count = write(descriptor, bytes.data(), bytes.size());
+    const ssize_t count = send(descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return;  // whoever listened is gone
+    if (count < 0) return;  // whoever listened is gone, which must not end this process too
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }
 }

@@ -34,13 +34,14 @@ void Handle(int signal, void (*handler)(int)) {
 }  // namespace
 
 void NoteInterrupts() {
-  for (const int signal : {SIGINT, SIGHUP, SIGTERM}) Handle(signal, OnInterrupt);
+  for (const int signal : {SIGINT, SIGHUP, SIGTERM, SIGQUIT}) Handle(signal, OnInterrupt);
 }
 
 void PressCancelKeysOnInterrupt() {
   Handle(SIGINT, OnInterruptOfExtension);
   Handle(SIGHUP, OnInterruptOfExtension);
   Handle(SIGTERM, OnEndOfExtension);
+  Handle(SIGQUIT, OnEndOfExtension);
   if (interrupts > 0) HoldCancelKeys();
 }
 

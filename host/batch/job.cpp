@@ -1,12 +1,13 @@
 #include "host/batch/job.h"
 
 #include <fmt/format.h>
+#include <strings.h>
 
 #include "host/batch/exitstatus.h"
 #include "host/batch/interrupt.h"
 #include "host/files/outputerror.h"
-#include "host/score/inputerror.h"
 #include "host/services/session.h"
+#include "host/text/inputerror.h"
 
 namespace brvhost {
 namespace {
@@ -61,10 +62,15 @@ void Invoke(ScoreFile& file, const JobSettings& settings, const Extension& exten
   extension.Terminate();
 }
 
+bool IsNamedMxl(const std::string& path) {
+  constexpr std::size_t kLength = 4;
+  return path.size() >= kLength && strcasecmp(path.c_str() + path.size() - kLength, ".mxl") == 0;
+}
+
 // Compressed and plain scores keep to the names that their readers know them by.
 void CheckTarget(const Job& job, const ScoreFile& file) {
-  if (!job.target || *job.target == job.score || job.target->ends_with(".mxl") == file.IsCompressed()) return;
-  if (job.score.ends_with(".mxl") != file.IsCompressed()) return;  // the name was misleading to begin with
+  if (!job.target || *job.target == job.score || IsNamedMxl(*job.target) == file.IsCompressed()) return;
+  if (IsNamedMxl(job.score) != file.IsCompressed()) return;  // the name was misleading to begin with
   throw OutputError(*job.target + (file.IsCompressed() ? ": the score is compressed, and so is the result: name it .mxl"
                                                        : ": the score is not compressed, nor is the result: name it "
                                                          ".musicxml"));
@@ -78,6 +84,7 @@ int RunToTheEnd(const Job& job, const JobSettings& settings, const Extension& ex
   Invoke(file, settings, extension, channel);
   if (InterruptCount() > 0) return kInterrupted;
   const std::size_t changed = file.ChangedEntries();
+  if (!job.target) file.CheckChanges();
   if (job.target && (changed > 0 || !job.onlyIfChanged)) file.Save(*job.target);
   channel.Send(MessageKind::kDone, fmt::format("{} {}", changed, file.GetScore().entries.size()));
   return kDone;
@@ -95,6 +102,8 @@ int RunJob(const Job& job, const JobSettings& settings, const Extension& extensi
     channel.Send(MessageKind::kFailOutput, error.what());
   } catch (const std::bad_alloc&) {
     channel.Send(MessageKind::kFailOutput, job.score + ": there is not enough memory for this score");
+  } catch (const std::exception& error) {
+    channel.Send(MessageKind::kFailOutput, job.score + ": " + error.what());
   }
   return kFailed;
 }

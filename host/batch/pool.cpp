@@ -19,9 +19,6 @@
 namespace brvhost {
 namespace {
 
-// How soon an interrupt is seen that comes just before the wait.
-constexpr int kLongestWaitMs = 100;
-
 std::string SignalName(int signal) { return fmt::format("{} ({})", signal, strsignal(signal)); }
 
 }  // namespace
@@ -34,13 +31,29 @@ int Pool::Run(const std::vector<Job>& jobs, int parallel) {
   total_ = jobs.size();
   auto next = jobs.begin();
   for (;;) {
-    while (next != jobs.end() && std::ssize(running_) < parallel && InterruptCount() == 0) Start(*next++);
+    while (next != jobs.end() && std::ssize(running_) < parallel && InterruptCount() == 0) {
+      if (TryToStart(*next)) {
+        ++next;
+      } else {
+        parallel = static_cast<int>(running_.size());
+      }
+    }
     if (running_.empty()) break;
     WaitForMessages();
   }
   terminal_.ClearBar();
   if (total_ > 1) PrintSummary();
   return Status();
+}
+
+bool Pool::TryToStart(const Job& job) {
+  try {
+    Start(job);
+    return true;
+  } catch (const std::system_error&) {
+    if (running_.empty()) throw;
+    return false;
+  }
 }
 
 void Pool::Start(const Job& job) {
@@ -50,6 +63,7 @@ void Pool::Start(const Job& job) {
   if (process < 0) throw std::system_error(errno, std::generic_category(), "fork");
   if (process == 0) {
     PressCancelKeysOnInterrupt();
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that gets too large is told like any that cannot be written
     for (Running& other : running_) other.channel = {};
     here = {};
     const int status = RunJob(job, settings_, extension_, there);

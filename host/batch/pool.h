@@ -2,7 +2,6 @@
 // left behind at another.
 #pragma once
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -33,6 +32,8 @@ class Pool {
     int Finished() const { return changed + unchanged + badInput + failed; }
   };
 
+  // False when the system lets no more processes run at the same time than there are.
+  bool TryToStart(const Job& job);
   void Start(const Job& job);
   void WaitForMessages();
   void Receive(Running& running);

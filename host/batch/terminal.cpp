@@ -1,11 +1,14 @@
 #include "host/batch/terminal.h"
 
 #include <fmt/format.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <iostream>
+
+#include "host/batch/interrupt.h"
+#include "host/text/streams.h"
 
 namespace brvhost {
 namespace {
@@ -18,6 +21,21 @@ std::string BarOf(std::int64_t done, std::int64_t total) {
   return fmt::format("[{}{}] {}/{}", std::string(filled, '#'), std::string(kBarWidth - filled, ' '), done, total);
 }
 
+// What is typed up to the end of the line, that included; nothing at the end of the input or after an interrupt, which
+// answers every question. The terminal hands out whole lines; they are read a byte at a time so that the next question
+// finds the next line.
+std::string TypedLine() {
+  std::string line;
+  while (!line.ends_with('\n') && InterruptCount() == 0) {
+    pollfd input = {STDIN_FILENO, POLLIN, 0};
+    if (poll(&input, 1, kLongestWaitMs) <= 0) continue;
+    char byte;
+    if (read(STDIN_FILENO, &byte, 1) != 1) return "";
+    line += byte;
+  }
+  return InterruptCount() == 0 ? line : "";
+}
+
 }  // namespace
 
 Terminal::Terminal() : showsBar_(isatty(STDERR_FILENO) != 0), canAsk_(showsBar_ && isatty(STDIN_FILENO) != 0) {}
@@ -27,17 +45,17 @@ Terminal::~Terminal() { ClearBar(); }
 void Terminal::Print(const std::string& line) {
   const std::string bar = bar_;
   ClearBar();
-  fmt::print("{}\n", line);
+  Say(stdout, "{}\n", line);
   std::fflush(stdout);
   if (bar.empty()) return;
-  fmt::print(stderr, "{}", bar);
+  Say(stderr, "{}", bar);
   bar_ = bar;
 }
 
 void Terminal::PrintError(const std::string& line) {
   const std::string bar = bar_;
   ClearBar();
-  fmt::print(stderr, "brvhost: {}\n{}", line, bar);
+  Say(stderr, "brvhost: {}\n{}", line, bar);
   bar_ = bar;
 }
 
@@ -45,24 +63,21 @@ void Terminal::SetBar(std::int64_t done, std::int64_t total) {
   if (!showsBar_) return;
   ClearBar();
   bar_ = BarOf(done, total);
-  fmt::print(stderr, "{}", bar_);
+  Say(stderr, "{}", bar_);
 }
 
 void Terminal::ClearBar() {
   if (bar_.empty()) return;
-  fmt::print(stderr, "\r{}\r", std::string(bar_.size(), ' '));
+  Say(stderr, "\r{}\r", std::string(bar_.size(), ' '));
   bar_.clear();
 }
 
 bool Terminal::Ask(const std::string& question) {
   if (!canAsk_) return false;
   ClearBar();
-  fmt::print(stderr, "{} [y/N] ", question);
-  std::string answer;
-  if (!std::getline(std::cin, answer)) {
-    fmt::print(stderr, "\n");
-    std::cin.clear();
-  }
+  Say(stderr, "{} [y/N] ", question);
+  const std::string answer = TypedLine();
+  if (answer.empty()) Say(stderr, "\n");
   return answer.starts_with('y') || answer.starts_with('Y');
 }
 

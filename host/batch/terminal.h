@@ -19,7 +19,7 @@ class Terminal {
   void SetBar(std::int64_t done, std::int64_t total);
   void ClearBar();
 
-  // Without a terminal the answer is no.
+  // Without a terminal, and after an interrupt, the answer is no.
   bool Ask(const std::string& question);
 
  private:

@@ -8,6 +8,7 @@
 #include "host/check/facts.h"
 #include "host/check/isolated.h"
 #include "host/commands/commands.h"
+#include "host/text/streams.h"
 
 namespace brvhost {
 namespace {
@@ -21,12 +22,12 @@ int Check(const Options& options) {
   int status = kDone;
   for (const Fact& fact : FactsAbout(options.bundle)) {
     const std::string wrong = RunIsolated(fact.check, kSecondsPerFact);
-    fmt::print("{}  {}{}\n", wrong.empty() ? "ok    " : "FAILED", fact.name, wrong.empty() ? "" : ": " + wrong);
+    Say(stdout, "{}  {}{}\n", wrong.empty() ? "ok    " : "FAILED", fact.name, wrong.empty() ? "" : ": " + wrong);
     std::fflush(stdout);
     if (wrong.empty()) continue;
     status = kFailed;
     if (!fact.othersNeedIt) continue;
-    fmt::print("        the other facts need this one\n");
+    Say(stdout, "        the other facts need this one\n");
     break;
   }
   return status;

@@ -6,7 +6,8 @@
 #include "host/batch/processors.h"
 #include "host/commands/commands.h"
 #include "host/files/scorefile.h"
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
+#include "host/text/streams.h"
 
 namespace brvhost {
 namespace {
@@ -20,16 +21,16 @@ void Print(const ScoreFile& file) {
   const Score& score = file.GetScore();
   const auto hidden = std::ranges::count_if(score.entries, &ScoreEntry::hidden);
   const auto rests = std::ranges::count_if(score.entries, &ScoreEntry::isRest);
-  fmt::print("{}\n", file.Path());
-  fmt::print("  parts     {}\n", score.parts.size());
+  Say(stdout, "{}\n", file.Path());
+  Say(stdout, "  parts     {}\n", score.parts.size());
   for (const ScorePart& part : score.parts) {
-    fmt::print("            {}  {}{}\n", part.id, StavesOf(part),
-               part.names.name.empty() ? "" : "  " + part.names.name);
+    Say(stdout, "            {}  {}{}\n", part.id, StavesOf(part),
+        part.names.name.empty() ? "" : "  " + part.names.name);
   }
-  fmt::print("  staves    {}\n  measures  {}\n  layers    {}\n", score.staves, score.measures, score.layers);
-  fmt::print("  entries   {}, {} of them rests\n", score.entries.size(), rests);
-  fmt::print("  notes     {}\n", score.notes.size() - static_cast<std::size_t>(rests));
-  fmt::print("  hidden    {} entries without ledger lines\n", hidden);
+  Say(stdout, "  staves    {}\n  measures  {}\n  layers    {}\n", score.staves, score.measures, score.layers);
+  Say(stdout, "  entries   {}, {} of them rests\n", score.entries.size(), rests);
+  Say(stdout, "  notes     {}\n", score.notes.size() - static_cast<std::size_t>(rests));
+  Say(stdout, "  hidden    {} entries without ledger lines\n", hidden);
 }
 
 }  // namespace
@@ -41,11 +42,14 @@ int ShowInfo(const Options& options) {
       const ScoreFile file(path, options.maxSize, Processors());
       Print(file);
       for (const ScoreWarning& warning : file.GetScore().warnings) {
-        fmt::print(stderr, "brvhost: {}\n", Located(path, {warning.line, warning.column}, "warning: " + warning.text));
+        Say(stderr, "brvhost: {}\n", Located(path, {warning.line, warning.column}, "warning: " + warning.text));
       }
     } catch (const InputError& error) {
-      fmt::print(stderr, "brvhost: {}\n", Located(path, error.place, error.what()));
+      Say(stderr, "brvhost: {}\n", Located(path, error.place, error.what()));
       status = kBadInput;
+    } catch (const std::bad_alloc&) {
+      Say(stderr, "brvhost: {}: there is not enough memory for this score\n", path);
+      status = std::max<int>(status, kFailed);
     }
   }
   return status;

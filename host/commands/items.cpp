@@ -3,6 +3,7 @@
 #include "host/batch/exitstatus.h"
 #include "host/bundle/extension.h"
 #include "host/commands/commands.h"
+#include "host/text/streams.h"
 
 namespace brvhost {
 
@@ -10,7 +11,7 @@ int ListItems(const Options& options) {
   const Extension extension(options.bundle);
   int number = 0;
   for (const MenuItem& item : extension.Items()) {
-    fmt::print("{}\t{}\t{}\t{}\n", number++, item.name, item.undoName, item.explanation);
+    Say(stdout, "{}\t{}\t{}\t{}\n", number++, item.name, item.undoName, item.explanation);
   }
   extension.Terminate();
   return kDone;

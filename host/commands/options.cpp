@@ -30,18 +30,15 @@ constexpr const char* kInfoFooter = R"(EXIT STATUS
 
 constexpr const char* kItemsAbout =
     "Lists the menu items of an extension, one a line: its number, its name in the menu, its name in the Undo command, "
-    "and its "
-    "explanation, with tabs between them.";
+    "and its explanation, with tabs between them.";
 
 constexpr const char* kInfoAbout =
     "Says what each score holds: its parts with their staves, the number of measures and layers, its entries (notes, "
-    "chords and "
-    "rests), and how many of them show no ledger lines.";
+    "chords and rests), and how many of them show no ledger lines.";
 
 constexpr const char* kRunAbout =
     "Runs one menu item of an extension on each score, and writes the result. A result differs from its score in the "
-    "attribute "
-    "print-leger of those notes that the extension changed, and in nothing else.";
+    "attribute print-leger of those notes that the extension changed, and in nothing else.";
 
 constexpr const char* kRunFooter = R"(THE REGION
   With any of --staves, --measures, --start-at and --end-at, the extension works on that region; what is not named
@@ -75,8 +72,7 @@ EXAMPLES
 
 constexpr const char* kCheckAbout =
     "Holds an extension against the calling convention, in a process of its own: what it exports, its version, its "
-    "menu items, and "
-    "how it answers right and wrong calls. Prints one line a fact: ok, or what went wrong.";
+    "menu items, and how it answers right and wrong calls. Prints one line a fact: ok, or what went wrong.";
 
 constexpr const char* kCheckFooter = R"(EXIT STATUS
   0    every fact holds
@@ -87,18 +83,25 @@ void AddBundle(CLI::App& command, Options& options) {
   command.add_option("BUNDLE", options.bundle, "The extension's bundle, a folder")->required()->type_name("");
 }
 
+// An empty value is mostly a variable of the shell that was never set, and not "all".
+CLI::Validator NotEmpty() {
+  return CLI::Validator(
+      [](const std::string& value) { return value.empty() ? std::string("is empty") : std::string(); }, "");
+}
+
 void AddScores(CLI::App& command, Options& options) {
   command.add_option("SCORE", options.scores, "MusicXML: .musicxml, .xml or .mxl")->required()->type_name("");
   command
       .add_option("--max-size", options.maxSize,
                   "The most that a compressed score may unpack to: a number of bytes, or with KB, MB, GB (1 GB)")
       ->transform(CLI::AsSizeValue(false).description(""))
+      ->check(CLI::Range(std::uint64_t{1}, kLargestMaxSize).description(""))
       ->type_name("SIZE");
 }
 
 void AddRegion(CLI::App& run, Options& options) {
   const auto add = [&run](const char* name, std::string& value, const char* type, const char* about) {
-    return run.add_option(name, value, about)->type_name(type)->group("Region");
+    return run.add_option(name, value, about)->check(NotEmpty())->type_name(type)->group("Region");
   };
   add("--staves", options.staves, "A-B", "Only these staves");
   add("--measures", options.measures, "A-B", "Only these measures");
@@ -111,10 +114,12 @@ void AddRegion(CLI::App& run, Options& options) {
 void AddTargets(CLI::App& run, Options& options) {
   constexpr const char* kGroup = "Result (exactly one of these)";
   run.add_option("-o,--output", options.output, "Write to this file; for a single score")
+      ->check(NotEmpty())
       ->type_name("FILE")
       ->group(kGroup);
   run.add_flag("--in-place", options.inPlace, "Write to the score itself, if anything changed")->group(kGroup);
   run.add_option("--out-dir", options.outputFolder, "Write to this folder, under the score's name")
+      ->check(NotEmpty())
       ->type_name("DIR")
       ->group(kGroup);
   run.add_flag("--dry-run", options.dryRun, "Write nothing; say what would change")->group(kGroup);
@@ -141,7 +146,10 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   CLI::App& run = *app->add_subcommand("run", kRunAbout);
   AddBundle(run, options);
   AddScores(run, options);
-  run.add_option("--item", options.item, "The menu item, as `brvhost items` numbers them")->required()->type_name("N");
+  run.add_option("--item", options.item, "The menu item, as `brvhost items` numbers them")
+      ->required()
+      ->check(NotEmpty())
+      ->type_name("N");
   AddTargets(run, options);
   AddRegion(run, options);
   run.add_flag("--yes", options.yes, "Agree to every question");

@@ -1,6 +1,8 @@
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <map>
 #include <set>
 
 #include "host/batch/pool.h"
@@ -29,14 +31,16 @@ std::optional<Fraction> QuartersOption(const char* name, const std::string& text
 }
 
 std::vector<int> LayersOption(const std::string& text) {
+  if (text.empty()) return {};
   std::vector<int> layers;
-  for (const std::string& number : CLI::detail::split(text, ',')) {
-    if (text.empty()) break;
-    const auto range = ParseNumberRange(number);
+  for (std::size_t start = 0; start <= text.size();) {
+    const std::size_t comma = std::min(text.find(',', start), text.size());
+    const auto range = ParseNumberRange(text.substr(start, comma - start));
     if (!range || range->last != range->first) {
       throw UsageError(fmt::format("--layers {}: is not a list of layers such as 1,3", text));
     }
     layers.push_back(range->first - 1);
+    start = comma + 1;
   }
   return layers;
 }
@@ -66,15 +70,29 @@ void CheckTargets(const Options& options) {
   }
 }
 
+// What two names of one file have in common; the name itself where the system does not tell.
+fs::path FileNamed(const std::string& name) {
+  std::error_code error;
+  const fs::path file = fs::weakly_canonical(name, error);
+  return error ? fs::path(name) : file;
+}
+
 std::vector<Job> JobsOf(const Options& options) {
+  std::map<fs::path, std::string> scores;
+  for (const std::string& score : options.scores) scores.emplace(FileNamed(score), score);
   std::vector<Job> jobs;
   std::set<fs::path> targets;
   for (const std::string& score : options.scores) {
     jobs.push_back(JobFor(score, options));
-    std::error_code error;
     const auto& target = jobs.back().target;
-    if (target && !targets.insert(fs::weakly_canonical(*target, error)).second) {
+    if (!target) continue;
+    const fs::path file = FileNamed(*target);
+    if (!targets.insert(file).second) {
       throw UsageError(fmt::format("{}: two of the results would have this name", *target));
+    }
+    const auto replaced = scores.find(file);
+    if (replaced != scores.end() && replaced->second != score) {
+      throw UsageError(fmt::format("{}: the result for {} would replace another of the scores", *target, score));
     }
   }
   return jobs;

@@ -2,20 +2,18 @@
 
 #include <zip.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <stdexcept>
 
 #include "host/files/deflate.h"
 #include "host/files/deflatedsource.h"
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 #include "host/xml/xmlreader.h"
 
 namespace brvhost {
 namespace {
-
-constexpr std::uint64_t kLargestContainer = 1 << 20;
 
 struct Discard {
   void operator()(zip_t* archive) const { zip_discard(archive); }
@@ -26,18 +24,26 @@ using Member = std::unique_ptr<zip_file_t, Discard>;
 
 [[noreturn]] void ThrowBroken(const std::string& reason) { throw InputError("not a readable .mxl archive: " + reason); }
 
+[[noreturn]] void ThrowUnwritable(const char* reason) {
+  throw std::runtime_error(std::string("the archive cannot be written: ").append(reason));
+}
+[[noreturn]] void ThrowUnwritable(zip_source_t* source) {
+  ThrowUnwritable(zip_error_strerror(zip_source_error(source)));
+}
+
 [[noreturn]] void ThrowLarger(const std::string& name) { ThrowBroken(name + " is larger than the archive says"); }
 
 // Owns the memory that an archive is read from and written to: a copy, as the library frees what it replaces.
 class Source {
  public:
   explicit Source(std::string_view bytes) {
-    zip_error_t error;
-    zip_error_init(&error);
     void* const copy = std::malloc(bytes.size());
-    if (copy != nullptr)
-      source_ = zip_source_buffer_create(std::memcpy(copy, bytes.data(), bytes.size()), bytes.size(), 1, &error);
-    if (source_ == nullptr) throw std::bad_alloc();
+    if (copy == nullptr) throw std::bad_alloc();
+    std::memcpy(copy, bytes.data(), bytes.size());
+    source_ = zip_source_buffer_create(copy, bytes.size(), 1, nullptr);
+    if (source_ != nullptr) return;
+    std::free(copy);
+    throw std::bad_alloc();
   }
   ~Source() { zip_source_free(source_); }
   Source(const Source&) = delete;
@@ -56,13 +62,13 @@ class Source {
   }
 
   // What the archive was written to when it was closed.
-  std::string Bytes() {
+  std::string Written() {
     zip_stat_t status;
-    if (zip_source_stat(source_, &status) != 0 || zip_source_open(source_) != 0) ThrowBroken("it cannot be written");
+    if (zip_source_stat(source_, &status) != 0 || zip_source_open(source_) != 0) ThrowUnwritable(source_);
     std::string bytes(status.size, '\0');
     const zip_int64_t count = zip_source_read(source_, bytes.data(), bytes.size());
     zip_source_close(source_);
-    if (count != static_cast<zip_int64_t>(bytes.size())) ThrowBroken("it cannot be written");
+    if (count != static_cast<zip_int64_t>(bytes.size())) ThrowUnwritable(source_);
     return bytes;
   }
 
@@ -70,15 +76,17 @@ class Source {
   zip_source_t* source_ = nullptr;
 };
 
-// Reads so much of a member, and finds its end there.
+// Reads as many bytes of a member as the content has room for. Refuses a member of another length.
 void ReadToTheEnd(zip_t* archive, const std::string& name, zip_flags_t flags, Bytes& content) {
   const Member file(zip_fopen(archive, name.c_str(), flags));
   if (file == nullptr) ThrowBroken(zip_strerror(archive));
   const zip_int64_t count = zip_fread(file.get(), content.Data(), content.Size());
-  if (count != static_cast<zip_int64_t>(content.Size())) ThrowBroken(name + ": " + zip_file_strerror(file.get()));
-  // A directory may lie about the size.
+  // A directory may lie about the size; the checksum is compared where the end is found.
   char beyond;
-  if (zip_fread(file.get(), &beyond, 1) != 0) ThrowLarger(name);
+  const zip_int64_t more = count < 0 ? -1 : zip_fread(file.get(), &beyond, 1);
+  if (more < 0) ThrowBroken(name + ": " + zip_file_strerror(file.get()));
+  if (more > 0) ThrowLarger(name);
+  if (count < static_cast<zip_int64_t>(content.Size())) ThrowBroken(name + " is smaller than the archive says");
 }
 
 void ReadDeflated(zip_t* archive, const zip_stat_t& status, Bytes& content) {
@@ -90,11 +98,17 @@ void ReadDeflated(zip_t* archive, const zip_stat_t& status, Bytes& content) {
   if (Crc32(content.View()) != status.crc) ThrowBroken(std::string(status.name) + ": its checksum does not agree");
 }
 
-Bytes ReadMember(zip_t* archive, const std::string& name, std::uint64_t maxSize) {
+// What a member may unpack to, and what to say of one that unpacks to more.
+struct Limit {
+  std::uint64_t size;
+  const char* advice;
+};
+
+Bytes ReadMember(zip_t* archive, const std::string& name, Limit limit) {
   zip_stat_t status;
   if (zip_stat(archive, name.c_str(), 0, &status) != 0) throw InputError("the archive has no member " + name);
-  if (status.size > maxSize) {
-    throw InputError(name + " unpacks to more than " + std::to_string(maxSize) + " bytes; --max-size allows more");
+  if (status.size > limit.size) {
+    throw InputError(name + " unpacks to more than " + std::to_string(limit.size) + " bytes" + limit.advice);
   }
   Bytes content(status.size);
   if (status.comp_method == ZIP_CM_DEFLATE && status.encryption_method == ZIP_EM_NONE) {
@@ -122,7 +136,8 @@ class ContainerHandler : public XmlHandler {
 
 std::string RootFile(zip_t* archive) {
   constexpr const char* kContainer = "META-INF/container.xml";
-  const Bytes container = ReadMember(archive, kContainer, kLargestContainer);
+  constexpr std::uint64_t kLargestContainer = 1 << 20;
+  const Bytes container = ReadMember(archive, kContainer, {kLargestContainer, ""});
   ContainerHandler handler;
   try {
     ReadXml(container.View(), handler);
@@ -141,7 +156,7 @@ ArchivedScore ReadArchivedScore(std::string_view bytes, std::uint64_t maxSize) {
   Source source(bytes);
   const Archive archive = source.Open();
   std::string member = RootFile(archive.get());
-  Bytes content = ReadMember(archive.get(), member, maxSize);
+  Bytes content = ReadMember(archive.get(), member, {maxSize, "; --max-size allows more"});
   return {std::move(member), std::move(content)};
 }
 
@@ -159,14 +174,15 @@ std::string ReplaceMember(std::string_view bytes, const std::string& member, std
   zip_source_t* const replacement = stored ? zip_source_buffer(archive.get(), content.data(), content.size(), 0)
                                            : DeflatedSource(archive.get(), content);
   if (replacement == nullptr || zip_file_replace(archive.get(), index, replacement, 0) != 0) {
-    ThrowBroken(zip_strerror(archive.get()));
+    zip_source_free(replacement);  // which the archive owns only once it has it
+    ThrowUnwritable(zip_strerror(archive.get()));
   }
   zip_set_file_compression(archive.get(), index, stored ? ZIP_CM_STORE : ZIP_CM_DEFAULT, 0);
   // The same score gives the same bytes, whenever it is written.
   if ((status.valid & ZIP_STAT_MTIME) != 0) zip_file_set_mtime(archive.get(), index, status.mtime, 0);
-  if (zip_close(archive.get()) != 0) ThrowBroken(zip_strerror(archive.get()));
+  if (zip_close(archive.get()) != 0) ThrowUnwritable(zip_strerror(archive.get()));
   archive.release();
-  return source.Bytes();
+  return source.Written();
 }
 
 }  // namespace brvhost

@@ -23,7 +23,8 @@ struct ArchivedScore {
 ArchivedScore ReadArchivedScore(std::string_view archive, std::uint64_t maxSize);
 
 // The archive with another content of one member. All other members keep their compressed bytes, their order and their
-// dates.
+// dates, as far as the local time zone has them. Throws std::runtime_error when it cannot be made, for want of memory
+// say.
 std::string ReplaceMember(std::string_view archive, const std::string& member, std::string_view content);
 
 }  // namespace brvhost

@@ -12,7 +12,11 @@ namespace {
 // stops the program when it is first touched.
 constexpr std::size_t kLargePage = std::size_t{1} << 21;
 
+// More than any memory has, and little enough for sums of sizes.
+constexpr std::size_t kMostBytes = std::size_t{1} << 60;
+
 char* Allocate(std::size_t size) {
+  if (size > kMostBytes) return nullptr;
   if (size < kLargePage) return static_cast<char*>(std::malloc(size));
   const std::size_t rounded = (size + kLargePage - 1) / kLargePage * kLargePage;
   void* const memory = std::aligned_alloc(kLargePage, rounded);

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace brvhost {
 
@@ -12,6 +13,12 @@ namespace brvhost {
 class Bytes {
  public:
   Bytes() = default;
+  Bytes(Bytes&& other) noexcept : memory_(std::move(other.memory_)), size_(std::exchange(other.size_, 0)) {}
+  Bytes& operator=(Bytes&& other) noexcept {
+    memory_ = std::move(other.memory_);
+    size_ = std::exchange(other.size_, 0);
+    return *this;
+  }
   // Throws std::bad_alloc.
   explicit Bytes(std::size_t size);
 

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "host/files/descriptor.h"
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 
 namespace brvhost {
 

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -24,13 +25,15 @@ mode_t CreationMask() {
   return mask;
 }
 
-// The name of the file itself, behind symbolic links; the given one where nothing is there yet.
+// The name of the file itself, behind symbolic links, whether or not it is there yet.
 std::string Resolved(const std::string& path) {
-  char* const resolved = realpath(path.c_str(), nullptr);
-  if (resolved == nullptr) return path;
-  std::string result(resolved);
-  std::free(resolved);
-  return result;
+  constexpr int kMostLinks = 40;  // as the system's own limit
+  std::filesystem::path file(path);
+  std::error_code error;
+  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(file, error); ++i) {
+    file = file.parent_path() / std::filesystem::read_symlink(file, error);
+  }
+  return file.string();
 }
 
 std::string FolderOf(const std::string& path) {
@@ -43,9 +46,10 @@ std::string FolderOf(const std::string& path) {
 SafeFile::SafeFile(const std::string& target) : target_(target), path_(Resolved(target)) {
   struct stat status;
   const bool replaces = stat(path_.c_str(), &status) == 0;
+  if (!replaces && errno != ENOENT) Fail("write");
   if (replaces && !S_ISREG(status.st_mode)) throw OutputError(target_ + ": is not a regular file");
   if (replaces && access(path_.c_str(), W_OK) != 0) Fail("write");
-  std::string pattern = FolderOf(path_).append("/.").append(std::filesystem::path(path_).filename()).append(".XXXXXX");
+  std::string pattern = FolderOf(path_) + "/.brvhost-XXXXXX";
   file_ = Descriptor(mkostemp(pattern.data(), O_CLOEXEC));
   if (!file_) Fail("write");
   unfinished_ = pattern;

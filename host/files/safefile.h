@@ -16,7 +16,7 @@ namespace brvhost {
 //   file.Commit();
 //
 // One that is not committed leaves nothing behind. All throw OutputError. Where the target is a symbolic link, the file
-// that it leads to is replaced; a file that was there passes its permissions, and its owner where that is allowed, on.
+// that it leads to is replaced; a file that was there passes its permissions and its owner on, where that is allowed.
 class SafeFile {
  public:
   explicit SafeFile(const std::string& target);

@@ -5,9 +5,9 @@
 #include "host/files/archive.h"
 #include "host/files/content.h"
 #include "host/files/safefile.h"
-#include "host/score/inputerror.h"
 #include "host/score/ledgeredits.h"
 #include "host/score/musicxml.h"
+#include "host/text/inputerror.h"
 
 namespace brvhost {
 
@@ -26,6 +26,10 @@ ScoreFile::ScoreFile(const std::string& path, std::uint64_t maxSize, int readers
 std::size_t ScoreFile::ChangedEntries() const {
   return static_cast<std::size_t>(std::ranges::count_if(
       score_.entries, [this](const ScoreEntry& entry) { return entry.hidden != score_.IsHiddenInDocument(entry); }));
+}
+
+void ScoreFile::CheckChanges() const {
+  WriteEdited(document_.View(), score_, [](std::string_view) {});
 }
 
 void ScoreFile::Save(const std::string& target) const {

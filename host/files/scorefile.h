@@ -10,6 +10,7 @@
 namespace brvhost {
 
 inline constexpr std::uint64_t kDefaultMaxSize = std::uint64_t{1} << 30;
+inline constexpr std::uint64_t kLargestMaxSize = std::uint64_t{1} << 50;
 
 class ScoreFile {
  public:
@@ -24,8 +25,11 @@ class ScoreFile {
   // The entries whose ledger lines are no longer as the file has them.
   std::size_t ChangedEntries() const;
 
-  // Writes the file with the ledger lines as they are now; `target` may be the file itself. Throws OutputError, and
-  // InputError where a note cannot be changed; the target is then as it was.
+  // Throws what Save would throw of the notes.
+  void CheckChanges() const;
+
+  // Writes the file with the ledger lines as they are now; `target` may be the file itself. Throws OutputError,
+  // InputError where a note cannot be changed, and what ReplaceMember throws; the target is then as it was.
   void Save(const std::string& target) const;
 
  private:

@@ -1,6 +1,7 @@
 #include "host/score/attributesreader.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <numeric>
 
@@ -10,7 +11,8 @@
 namespace brvhost {
 namespace {
 
-constexpr int kLargest = 1000;  // beyond what music has; keeps sums and products small
+constexpr int kLargest = 1000;     // beyond what music has
+constexpr int kMostBeats = 32767;  // of a meter, and units of a whole note: what a record has room for
 
 // A number as far as it makes sense; 0 for anything else.
 int SmallNumber(std::string_view text) {
@@ -19,22 +21,24 @@ int SmallNumber(std::string_view text) {
   return static_cast<int>(number->numerator);
 }
 
-// "3+2" is 5.
+// "3+2" is 5; 0 for more than a meter can have.
 int SumOf(std::string_view text) {
-  int sum = 0;
+  std::int64_t sum = 0;
   while (!text.empty()) {
     const std::size_t plus = std::min(text.find('+'), text.size());
     sum += SmallNumber(text.substr(0, plus));
     text.remove_prefix(std::min(plus + 1, text.size()));
   }
-  return sum;
+  return sum < 0 || sum > kMostBeats ? 0 : static_cast<int>(sum);
 }
 
-// 2/4 and 3/8 are 7/8.
-Meter Sum(const Meter& a, const Meter& b) {
-  if (a.beats == 0 || a.beatUnit == b.beatUnit) return {a.beats + b.beats, b.beatUnit};
-  const int unit = std::lcm(a.beatUnit, b.beatUnit);
-  return {a.beats * (unit / a.beatUnit) + b.beats * (unit / b.beatUnit), unit};
+// 2/4 and 3/8 are 7/8. Null for more beats, or smaller ones, than a meter can have.
+std::optional<Meter> Sum(const Meter& a, const Meter& b) {
+  if (a.beats == 0) return b;
+  const std::int64_t unit = std::lcm<std::int64_t>(a.beatUnit, b.beatUnit);
+  const std::int64_t beats = a.beats * (unit / a.beatUnit) + b.beats * (unit / b.beatUnit);
+  if (unit > kMostBeats || beats > kMostBeats) return std::nullopt;
+  return Meter{static_cast<int>(beats), static_cast<int>(unit)};
 }
 
 // The steps that go with an interval of so many semitones when nothing says otherwise.
@@ -53,7 +57,7 @@ void AttributesReader::StartElement(const char* name, const XmlAttributes& attri
   const char* const staff = attributes.Find("number");
   staff_ = staff == nullptr ? 0 : SmallNumber(staff);
   key_ = {};
-  meter_ = {};
+  meter_ = Meter();
   transposition_ = {};
   hasSteps_ = false;
   octaves_ = 0;
@@ -68,7 +72,7 @@ void AttributesReader::EndElement(std::string_view text) {
   if (name == "mode") key_.isMinor = text == "minor";
   if (name == "key-step") key_.isStandard = false;
   if (name == "beats") beats_ = SumOf(text);
-  if (name == "beat-type" && SmallNumber(text) > 0) meter_ = Sum(meter_, {beats_, SmallNumber(text)});
+  if (name == "beat-type" && SmallNumber(text) > 0 && meter_) meter_ = Sum(*meter_, {beats_, SmallNumber(text)});
   if (name == "chromatic") transposition_.semitones = SmallNumber(text);
   if (name == "octave-change") octaves_ = SmallNumber(text);
   if (name == "diatonic") {
@@ -91,8 +95,8 @@ void AttributesReader::EndKey() {
 void AttributesReader::EndMeter() {
   if (staff_ > 1) return;
   details_.statesMeter = true;
-  state_.meter = meter_;
-  if (atBarline_ && !details_.measures.empty()) details_.measures.back().meter = meter_;
+  state_.meter = meter_.value_or(Meter());
+  if (atBarline_ && !details_.measures.empty()) details_.measures.back().meter = state_.meter;
 }
 
 void AttributesReader::EndTransposition() {

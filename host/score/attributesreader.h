@@ -1,6 +1,7 @@
 // Reads what stands in <attributes>: the key, the meter, the transposition of a part.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,8 +32,8 @@ class AttributesReader : public SubtreeReader {
   std::vector<std::string> open_;  // the elements under way
   int staff_ = 0;                  // that the element under way is for; 0: all
   WrittenKey key_;
-  Meter meter_;
-  int beats_ = 0;  // of the part of a meter under way
+  std::optional<Meter> meter_;  // of the element under way; null: too large for one
+  int beats_ = 0;               // of the part of a meter under way
   Transposition transposition_;
   bool hasSteps_ = false;
   int octaves_ = 0;

@@ -4,8 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 #include "host/xml/starttag.h"
+#include "host/xml/xmlreader.h"
 
 namespace brvhost {
 namespace {
@@ -28,11 +29,22 @@ std::vector<NoteChange> ChangesOf(const Score& score) {
   return changes;
 }
 
-TextPlace PlaceOf(std::string_view document, std::uint64_t offset) {
-  const std::string_view before = document.substr(0, offset);
-  const auto lines = static_cast<std::uint64_t>(std::ranges::count(before, '\n'));
-  return {lines + 1, offset - (before.find_last_of('\n') + 1) + 1};
-}
+// Refuses the element that is reported at an offset. Reading the document again says in which line that is.
+class Refusal : public XmlHandler {
+ public:
+  explicit Refusal(std::uint64_t offset) : offset_(offset) {}
+
+  void Begin(XmlPosition& position) override { position_ = &position; }
+  void StartElement(const char*, const XmlAttributes&) override {
+    if (position_->Offset() == offset_) throw InputError("a note that an entity brings in cannot be changed");
+  }
+  void EndElement() override {}
+  void Text(std::string_view) override {}
+
+ private:
+  const std::uint64_t offset_;
+  XmlPosition* position_ = nullptr;
+};
 
 ByteEdit EditOf(const StartTag& tag, const NoteChange& change) {
   if (change.hide == change.note.IsHiddenByDefault()) return tag.Remove(kAttribute);
@@ -44,7 +56,8 @@ ByteEdit EditOf(const StartTag& tag, const NoteChange& change) {
 void CheckTags(std::string_view document, CodeUnits units, const std::vector<NoteChange>& changes) {
   for (const NoteChange& change : changes) {
     if (StartTag::At(document, units, change.note.offset)) continue;
-    throw InputError("a note that an entity brings in cannot be changed", PlaceOf(document, change.note.offset));
+    Refusal refusal(change.note.offset);
+    ReadXml(document, refusal);
   }
 }
 

@@ -4,7 +4,7 @@
 #include <tuple>
 
 #include "BrvEDK/Source/hostrecords.h"
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 
 namespace brvhost {
 

@@ -12,8 +12,8 @@ namespace brvhost {
 // What a document may leave out, it gets as its readers expect: one division to the quarter, voice "1", staff 1. A
 // backup that leads before the barline leads to the barline, with a warning.
 //
-// With more than one reader, the parts of a partwise score may be read at the same time, each by a thread of its own.
-// The result is the same.
+// `readers`, 1 or more, is the number of threads that may read parts of a large partwise score at the same time. The
+// result does not depend on it.
 Score ReadMusicXml(std::string_view document, int readers = 1);
 
 }  // namespace brvhost

@@ -1,8 +1,8 @@
 #include "host/score/musicxmlelements.h"
 
-#include "host/score/inputerror.h"
 #include "host/score/score.h"
 #include "host/text/blanks.h"
+#include "host/text/inputerror.h"
 #include "host/xml/xmlreader.h"
 
 namespace brvhost {

@@ -4,8 +4,8 @@
 #include <iterator>
 #include <tuple>
 
-#include "host/score/inputerror.h"
 #include "host/text/blanks.h"
+#include "host/text/inputerror.h"
 
 namespace brvhost {
 namespace {
@@ -153,9 +153,8 @@ void MusicXmlHandler::EndMeasureChild() {
     score_.warnings.push_back(
         {place.line, place.column, "a backup leads before the barline; it is taken to lead to it"});
   }
-  if (child_ == Child::kNote) {
-    isChord_ ? part.AddToChord(note_, voice_, duration_) : part.AddNote(note_, voice_, duration_);
-  }
+  if (child_ == Child::kNote && isChord_) part.AddToChord(note_, voice_, duration_);
+  if (child_ == Child::kNote && !isChord_) part.AddNote(note_, voice_, duration_);
   child_ = Child::kOther;
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 
 namespace brvhost {
 namespace {
@@ -30,12 +30,11 @@ void PartBuilder::SetDivisions(const Fraction& divisions) { divisions_ = divisio
 
 void PartBuilder::SetStaves(int staves) { staves_ = std::max(staves_, staves); }
 
-bool PartBuilder::Advance(const Fraction& duration) {
+void PartBuilder::Advance(const Fraction& duration) {
   const auto quarters = Quotient(duration, divisions_);
   const auto sum = quarters ? clock_.Plus(*quarters) : std::nullopt;
   if (!sum) ThrowTooLong();
   clock_ = *sum;
-  return true;
 }
 
 bool PartBuilder::GoBack(const Fraction& duration) {

@@ -21,8 +21,8 @@ class PartBuilder {
   void SetDivisions(const Fraction& divisions);
   void SetStaves(int staves);
 
-  // Moves the clock; false when it would stand before the barline, where it is put instead.
-  bool Advance(const Fraction& duration);
+  void Advance(const Fraction& duration);
+  // False when the clock would stand before the barline, where it is put instead.
   bool GoBack(const Fraction& duration);
 
   // Places a note at the clock, or in the chord of the note before, and moves the clock past it.

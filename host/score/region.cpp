@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 
 namespace brvhost {
 namespace {

@@ -48,7 +48,6 @@ struct ScoreFrame {
   std::uint16_t staff = 0;    // from 1, through all parts
   std::uint16_t measure = 0;  // from 1, by order
   std::uint16_t layer = 0;    // from 0
-  std::uint16_t unused = 0;
   std::uint32_t firstEntry = 0;
   std::uint32_t entryCount = 0;
 };

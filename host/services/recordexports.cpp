@@ -1,7 +1,6 @@
 // The document's tagged records, as extensions find them by name. They live as long as the document is open. All answer
 // 1 for success and 0 for failure. A record has at most kLargestRecord bytes.
 #include <algorithm>
-#include <cstring>
 
 #include "BrvEDK/Source/hosttypes.h"
 #include "host/services/session.h"

@@ -28,7 +28,7 @@ class Record {
     std::memcpy(bytes_.data() + offset, &value, sizeof(value));
     return *this;
   }
-  EDataStore::Bytes Bytes() const { return bytes_; }
+  EDataStore::Bytes Content() const { return bytes_; }
 
  private:
   EDataStore::Bytes bytes_;
@@ -80,7 +80,7 @@ void StoreMeasures(const Score& score, EDataStore& records) {
     if (const MeasureState* const state = StateOf(meterPart, measure)) {
       record.Put(8, state->meter.beats).Put(10, state->meter.beatUnit);
     }
-    records.Save(Tag("SOMS"), Key(measure), record.Bytes());
+    records.Save(Tag("SOMS"), Key(measure), record.Content());
   }
 }
 
@@ -110,7 +110,7 @@ class Texts {
     EDataStore::Bytes bytes(units.size() * sizeof(char16_t));
     std::memcpy(bytes.data(), units.data(), bytes.size());
     ++last_;
-    records_.Save(Tag("SOTX"), Key(last_), Record(30).Put(0, last_).Bytes());
+    records_.Save(Tag("SOTX"), Key(last_), Record(30).Put(0, last_).Content());
     records_.Save(Tag("txbl"), Key(last_), std::move(bytes));
     return last_;
   }
@@ -127,7 +127,7 @@ void StoreStaves(const Score& score, Texts& texts, EDataStore& records) {
     for (int staff = 1; staff <= part.staves; ++staff) {
       Record record(136);
       record.Put(20, TranspositionCode(part.details.TranspositionOf(staff))).Put(30, name).Put(32, shortName);
-      records.Save(Tag("SOIS"), Key(part.firstStaff + staff - 1), record.Bytes());
+      records.Save(Tag("SOIS"), Key(part.firstStaff + staff - 1), record.Content());
     }
   }
 }
@@ -148,7 +148,7 @@ void StoreGroups(const Score& score, Texts& texts, EDataStore& records) {
     Record record(36);
     record.Put(0, first.firstStaff).Put(2, lastPart.firstStaff + lastPart.staves - 1);
     record.Put(4, texts.Store(group.name)).Put(6, SymbolNumber(group.symbol));
-    records.Save(Tag("SDNG"), Key(++number), record.Bytes());
+    records.Save(Tag("SDNG"), Key(++number), record.Content());
   }
 }
 
@@ -161,7 +161,7 @@ void StorePages(const Score& score, EDataStore& records) {
   const auto repeated = std::ranges::unique(firstMeasures);
   firstMeasures.erase(repeated.begin(), repeated.end());
   int page = 0;
-  for (const int measure : firstMeasures) records.Save(Tag("SOPS"), Key(++page), Record(22).Put(0, measure).Bytes());
+  for (const int measure : firstMeasures) records.Save(Tag("SOPS"), Key(++page), Record(22).Put(0, measure).Content());
 }
 
 }  // namespace
@@ -173,7 +173,7 @@ void StoreScoreRecords(const Score& score, EDataStore& records) {
   StoreGroups(score, texts, records);
   StorePages(score, records);
   // Pitches by name, with middle C as C4.
-  records.Save(Tag("pfgp"), Key(0), Record(66).Put(38, 1).Bytes());
+  records.Save(Tag("pfgp"), Key(0), Record(66).Put(38, 1).Content());
 }
 
 }  // namespace brvhost

@@ -39,7 +39,6 @@ class Session {
 
   OpenDocument& Document() { return document_; }
   const OpenDocument& Document() const { return document_; }
-  User& GetUser() { return user_; }
 
   // The selection, if the user made one.
   std::optional<EREGION> region;

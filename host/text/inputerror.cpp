@@ -1,4 +1,4 @@
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 
 #include <fmt/format.h>
 

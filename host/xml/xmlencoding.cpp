@@ -3,6 +3,7 @@
 #include <unicode/ucnv.h>
 
 #include <memory>
+#include <optional>
 
 namespace brvhost {
 namespace {
@@ -24,28 +25,39 @@ int CharacterOf(UConverter* converter, const char* bytes, int count) {
   return U_FAILURE(error) || source != bytes + count ? -1 : character;
 }
 
-// The number of bytes of the characters that start with `lead`, or 0 when there are none.
-int LengthAfter(UConverter* converter, char lead) {
-  char bytes[kLongest] = {lead};
-  for (int second = 0x30; second < 0x100; ++second) {
-    bytes[1] = static_cast<char>(second);
-    const int character = CharacterOf(converter, bytes, 2);
-    if (character >= 0) return 2;
-    if (character != -2) continue;
-    for (int third = 0x30; third < 0x100; ++third) {
-      bytes[2] = static_cast<char>(third);
-      if (CharacterOf(converter, bytes, 3) >= 0) return 3;
-    }
-    return kLongest;
+// Whether any character starts with these bytes and has `length` in all.
+bool StartsCharacterOf(UConverter* converter, char (&bytes)[kLongest], int count, int length) {
+  for (int next = 0x30; next < 0x100; ++next) {
+    bytes[count] = static_cast<char>(next);
+    const int character = CharacterOf(converter, bytes, count + 1);
+    if (count + 1 == length && character >= 0) return true;
+    if (count + 1 < length && character == -2 && StartsCharacterOf(converter, bytes, count + 1, length)) return true;
   }
-  return 0;
+  return false;
 }
 
-int TableEntry(UConverter* converter, int byte) {
+// The number of bytes of the characters that start with `lead`: 0 when there are none, -1 when they are of different
+// lengths, which the parser has no way to know.
+int LengthAfter(UConverter* converter, char lead) {
+  int found = 0;
+  for (int length = 2; length <= kLongest; ++length) {
+    char bytes[kLongest] = {lead};
+    if (!StartsCharacterOf(converter, bytes, 1, length)) continue;
+    if (found != 0) return -1;
+    found = length;
+  }
+  return found;
+}
+
+// What the parser is to know of a byte: its character, or the length of those that start with it, negative; -1 for
+// none. Null when it cannot be said.
+std::optional<int> TableEntry(UConverter* converter, int byte) {
   const char lead = static_cast<char>(byte);
   const int character = CharacterOf(converter, &lead, 1);
   if (character != -2) return character;
+  if (byte < 0x80) return std::nullopt;  // it switches to other characters, as long as nothing switches back
   const int length = LengthAfter(converter, lead);
+  if (length < 0) return std::nullopt;
   return length == 0 ? -1 : -length;
 }
 
@@ -69,7 +81,9 @@ int DescribeEncoding(void*, const char* name, XML_Encoding* description) {
   ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
   bool severalBytes = false;
   for (int byte = 0; byte < 256; ++byte) {
-    description->map[byte] = TableEntry(converter.get(), byte);
+    const auto entry = TableEntry(converter.get(), byte);
+    if (!entry) return XML_STATUS_ERROR;
+    description->map[byte] = *entry;
     severalBytes |= description->map[byte] < -1;
   }
   if (U_FAILURE(error)) return XML_STATUS_ERROR;

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 
 namespace brvhost {
 

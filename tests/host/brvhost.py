@@ -54,6 +54,7 @@ class Case(unittest.TestCase):
 
 
 NOTE = "<note><duration>1</duration></note>"
+HIDDEN_NOTE = NOTE.replace("<note", '<note print-leger="no"')
 
 
 def score(measure_content=NOTE):

@@ -4,7 +4,7 @@
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 #include "scores.h"
 
 namespace brvhost {
@@ -127,7 +127,7 @@ INSTANTIATE_TEST_SUITE_P(Dresses, WriteEditedKeeps,
 
 TEST(WriteEdited, RefusesToChangeANoteThatAnEntityBringsIn) {
   const std::string document = "<!DOCTYPE score-partwise [<!ENTITY n \"<note><duration>1</duration></note>\">]>\n" +
-                               Partwise("\n" + Measure(" &n;" + Note()));
+                               Partwise("\n" + Measure("\u00E9&n;" + Note()));
   Score score = ReadMusicXml(document);
   ASSERT_EQ(score.entries.size(), 2u);
   score.entries[1].hidden = true;
@@ -138,7 +138,7 @@ TEST(WriteEdited, RefusesToChangeANoteThatAnEntityBringsIn) {
     FAIL() << "it was written";
   } catch (const InputError& error) {
     EXPECT_EQ(error.place.line, 3u);
-    EXPECT_EQ(error.place.column, 22u);
+    EXPECT_EQ(error.place.column, 22u) << "in characters";
   }
 }
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 #include "scores.h"
 
 namespace brvhost {
@@ -123,7 +123,7 @@ TEST(ReadMusicXml, TakesDecimalDurations) {
 TEST(ReadMusicXml, DoesNotAddUpRoundingErrors) {
   std::string notes = "<attributes><divisions>11</divisions></attributes>";
   for (int i = 0; i < 111; ++i) notes += Note();
-  EXPECT_EQ(EntriesOf(ScoreOf(notes)).back().position, 100800 - 0) << "110 elevenths of a quarter are 10 quarters";
+  EXPECT_EQ(EntriesOf(ScoreOf(notes)).back().position, 100800) << "110 elevenths of a quarter are 10 quarters";
 }
 
 TEST(ReadMusicXml, TakesOnlyItsOwnChildrenForANotes) {
@@ -173,6 +173,7 @@ TEST(ReadMusicXml, ReadsEveryEncodingThatTheDeclarationNames) {
                            "A\x83m")),
             "\u30D4\u30A2\u30CE");
   EXPECT_EQ(nameIn(scoreIn("EUC-JP", "\xA5\xD4\xA5\xA2\xA5\xCE")), "\u30D4\u30A2\u30CE");
+  EXPECT_EQ(nameIn(scoreIn("EUC-JP", "\x8F\xB0\xA1\xA5\xA2")), "\u4E02\u30A2") << "three bytes and two";
   std::string wide("\xFF\xFE");
   for (const char character : scoreIn("UTF-16", "Oboe")) wide.append(1, character).append(1, '\0');
   EXPECT_EQ(nameIn(wide), "Oboe");
@@ -223,7 +224,11 @@ INSTANTIATE_TEST_SUITE_P(
         BadScore{InMeasure("<note><staff>32768</staff></note>"), "more than 32767 staves", 2},
         BadScore{InMeasure("<note><duration>900000000</duration></note>\n<note/>"), "too large a number", 3},
         BadScore{Partwise(Measures(32768)), "more than 32767 measures", 32768},
-        BadScore{"<?xml version='1.0' encoding='UTF-32'?><score-partwise/>", "encoding", 1}));
+        BadScore{"<?xml version='1.0' encoding='UTF-32'?><score-partwise/>", "encoding", 1},
+        // Characters of two bytes and of four start alike.
+        BadScore{"<?xml version='1.0' encoding='GB18030'?><score-partwise/>", "unknown encoding", 1},
+        // "~" switches to other characters.
+        BadScore{"<?xml version='1.0' encoding='HZ-GB-2312'?><score-partwise/>", "unknown encoding", 1}));
 
 TEST(ReadMusicXml, TakesThirtyTwoThousandSevenHundredAndSixtySevenMeasures) {
   EXPECT_EQ(ReadMusicXml(Partwise(Measures(32767))).measures, 32767);

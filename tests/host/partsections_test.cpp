@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 #include "scores.h"
 
 namespace brvhost {
@@ -16,22 +16,39 @@ std::string Part(const std::string& id, const std::string& measures) {
   return "<part id=\"" + id + "\">" + measures + "</part>\n";
 }
 
-std::string Score2(const std::string& firstPart, const std::string& secondPart, const std::string& head = "") {
-  return head + "<score-partwise>\n" + Part("A", firstPart) + Part("B", secondPart) + "</score-partwise>\n";
+// A score of two parts, and what stands before it and them.
+std::string TwoParts(const std::string& first, const std::string& second, const std::string& prolog = "",
+                     const std::string& partList = "") {
+  return prolog + "<score-partwise>\n" + partList + Part("A", first) + Part("B", second) + "</score-partwise>\n";
+}
+
+void Describe(const PartDetails& details, std::ostream& text) {
+  text << details.statesKey << details.statesMeter;
+  for (const auto& [key, meter] : details.measures) {
+    text << ' ' << key.sharps << (key.isMinor ? "minor" : "major") << key.isStandard << ',' << meter.beats << '/'
+         << meter.beatUnit;
+  }
+  for (const auto& [staff, transposition] : details.transpositions) {
+    text << " transposition " << staff << ' ' << transposition.steps << ' ' << transposition.semitones;
+  }
+  for (const int measure : details.newPages) text << " page " << measure;
+  text << '\n';
 }
 
 // Everything that a score says, to compare two.
 std::string Everything(const Score& score) {
   std::ostringstream text;
   text << score.staves << ' ' << score.measures << ' ' << score.layers << '\n';
+  for (const ScoreWarning& warning : score.warnings)
+    text << warning.line << ':' << warning.column << warning.text << '\n';
+  for (const PartGroup& group : score.groups) {
+    text << "group " << group.name << ' ' << group.symbol << ' ' << group.firstPart << '-' << group.lastPart << '\n';
+  }
   for (const ScorePart& part : score.parts) {
-    text << "part " << part.id << ' ' << part.names.name << ' ' << part.staves << ' ' << part.firstStaff << ' '
-         << part.instruments << ':';
-    for (const MeasureState& state : part.details.measures) {
-      text << ' ' << state.key.sharps << ',' << state.meter.beats << '/' << state.meter.beatUnit;
-    }
-    for (const int measure : part.details.newPages) text << " page " << measure;
-    text << '\n';
+    text << "part " << part.id << ' ' << part.staves << ' ' << part.firstStaff << ' ' << part.instruments << '\n';
+    const PartNames& names = part.names;
+    text << names.name << '|' << names.nameFont << '|' << names.abbreviation << '|' << names.abbreviationFont << '\n';
+    Describe(part.details, text);
   }
   for (const ScoreFrame& frame : score.frames) {
     text << "frame " << frame.staff << ' ' << frame.measure << ' ' << frame.layer << ':';
@@ -48,7 +65,7 @@ std::string Everything(const Score& score) {
 }
 
 TEST(PartSections, CutBeforeEachPartButTheFirst) {
-  const std::string document = Score2(Measure(Note()), Measure(Note()));
+  const std::string document = TwoParts(Measure(Note()), Measure(Note()));
   const auto sections = PartSections(document, 1);
   ASSERT_EQ(sections.size(), 2u);
   EXPECT_EQ(sections[0].opening, "");
@@ -60,7 +77,7 @@ TEST(PartSections, CutBeforeEachPartButTheFirst) {
 }
 
 TEST(PartSections, AreNotSmallerThanAsked) {
-  const std::string document = Score2(Measure(Note()), Measure(Note()));
+  const std::string document = TwoParts(Measure(Note()), Measure(Note()));
   EXPECT_EQ(PartSections(document, document.size() - 1).size(), 1u);
 }
 
@@ -73,12 +90,19 @@ TEST(PartSections, AreNoneOfATimewiseScoreOrOfNone) {
 std::optional<Score> Apart(const std::string& document) { return ReadSections(PartSections(document, 1), 2); }
 
 TEST(ReadSections, FindsWhatOneReaderFinds) {
-  const std::string document = Score2(
-      "<measure><attributes><key><fifths>3</fifths></key><staves>2</staves></attributes>" + Note() + Note("<chord/>") +
-          Note("<staff>2</staff>", " print-leger='no'") + "</measure>" + Measure(Note("<rest/>")),
+  const std::string partList =
+      "<part-list>"
+      "<part-group number='1' type='start'><group-name>All</group-name><group-symbol>brace</group-symbol></part-group>"
+      "<score-part id='A'><part-name font-family='Serif'>First</part-name><part-abbreviation>1st</part-abbreviation>"
+      "<score-instrument id='I'/></score-part><score-part id='B'><part-name>Second</part-name></score-part>"
+      "<part-group number='1' type='stop'/></part-list>";
+  const std::string document = TwoParts(
+      "<measure><attributes><key><fifths>3</fifths><mode>minor</mode></key><staves>2</staves></attributes>" + Note() +
+          Note("<chord/>") + Note("<staff>2</staff>", " print-leger='no'") + "</measure>" + Measure(Note("<rest/>")),
       "<measure><print new-page='yes'/><attributes><time><beats>3</beats><beat-type>8</beat-type></time></attributes>" +
-          Note("<voice>2</voice>") + Note("<voice>1</voice>", " print-object='no'") + "</measure>",
-      "<?xml version='1.0' encoding='utf-8'?><!DOCTYPE score-partwise PUBLIC 'x' 'y'>");
+          Note("<voice>2</voice>") + Note("<voice>1</voice>", " print-object='no'") +
+          "<attributes><transpose><diatonic>-1</diatonic><chromatic>-2</chromatic></transpose></attributes></measure>",
+      "<?xml version='1.0' encoding='utf-8'?><!DOCTYPE score-partwise PUBLIC 'x' 'y'>", partList);
   const auto score = Apart(document);
   ASSERT_TRUE(score.has_value());
   EXPECT_EQ(Everything(*score), Everything(ReadMusicXml(document)));
@@ -101,21 +125,21 @@ TEST_P(ReadSectionsLeaves, ToOneReaderWhatTwoWouldSeeOtherwise) {
 INSTANTIATE_TEST_SUITE_P(
     Scores, ReadSectionsLeaves,
     testing::Values(
-        UnusualScore{"CommentWithATag", Score2("<!-- <part id='C'> -->" + Measure(Note()), "")},
-        UnusualScore{"TextWithATag", Score2("<measure><words><![CDATA[<part id='C'>]]></words></measure>", "")},
-        UnusualScore{"PartWithinAPart", Score2("<part id='C'></part>", "")},
-        UnusualScore{"ErrorInTheFirst", Score2("<measure>", "")},
-        UnusualScore{"ErrorInTheSecond", Score2("", "<measure><note><staff>0</staff></note></measure>")},
-        UnusualScore{"RootClosedTwice", Score2("", "") + "</score-partwise>"},
-        UnusualScore{"SomethingBehindTheEnd", Score2("", "") + "<score-partwise/>"},
-        UnusualScore{"WarningInTheFirst", Score2(Measure("<backup><duration>1</duration></backup>"), "")},
-        UnusualScore{"WarningInTheSecond", Score2("", Measure("<backup><duration>1</duration></backup>"))},
-        UnusualScore{"OtherEncoding", Score2("", "<!-- \xC3\xA9 -->", "<?xml version='1.0' encoding='ISO-8859-1'?>")},
+        UnusualScore{"CommentWithATag", TwoParts("<!-- <part id='C'> -->" + Measure(Note()), "")},
+        UnusualScore{"TextWithATag", TwoParts("<measure><words><![CDATA[<part id='C'>]]></words></measure>", "")},
+        UnusualScore{"PartWithinAPart", TwoParts("<part id='C'></part>", "")},
+        UnusualScore{"ErrorInTheFirst", TwoParts("<measure>", "")},
+        UnusualScore{"ErrorInTheSecond", TwoParts("", "<measure><note><staff>0</staff></note></measure>")},
+        UnusualScore{"RootClosedTwice", TwoParts("", "") + "</score-partwise>"},
+        UnusualScore{"SomethingBehindTheEnd", TwoParts("", "") + "<score-partwise/>"},
+        UnusualScore{"WarningInTheFirst", TwoParts(Measure("<backup><duration>1</duration></backup>"), "")},
+        UnusualScore{"WarningInTheSecond", TwoParts("", Measure("<backup><duration>1</duration></backup>"))},
+        UnusualScore{"OtherEncoding", TwoParts("", "<!-- \xC3\xA9 -->", "<?xml version='1.0' encoding='ISO-8859-1'?>")},
         UnusualScore{"EntityOfTheDocument",
-                     Score2("", Measure("&n;"), "<!DOCTYPE score-partwise [<!ENTITY n '<note/>'>]>")},
+                     TwoParts("", Measure("&n;"), "<!DOCTYPE score-partwise [<!ENTITY n '<note/>'>]>")},
         UnusualScore{"AttributesTrimmedByDeclaration",
-                     Score2("", Measure(Note("", " print-leger=' no '")),
-                            "<!DOCTYPE score-partwise [<!ATTLIST note print-leger NMTOKEN #IMPLIED>]>")},
+                     TwoParts("", Measure(Note("", " print-leger=' no '")),
+                              "<!DOCTYPE score-partwise [<!ATTLIST note print-leger NMTOKEN #IMPLIED>]>")},
         UnusualScore{
             "PartListBehindTheParts",
             "<score-partwise>" + Part("A", "") + Part("B", "") +
@@ -139,6 +163,7 @@ TEST(ReadMusicXml, SaysTheSamePlaceOfAnErrorHoweverManyReadersThereAre) {
       FAIL() << "it was read";
     } catch (const InputError& error) {
       EXPECT_EQ(error.place.line, lines) << readers;
+      EXPECT_EQ(error.place.column, 8u) << readers;
     }
   }
 }
@@ -156,7 +181,7 @@ RC_GTEST_PROP(ReadSections, NeverSaysOtherThanOneReader, ()) {
   const std::vector<std::string> pieces = {"<part id=\"A\">",
                                            "</part>",
                                            "<part id='B'>",
-                                           "</part>",
+
                                            "<measure>",
                                            "</measure>",
                                            Measure(Note()),

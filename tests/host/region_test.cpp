@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "host/score/inputerror.h"
+#include "host/text/inputerror.h"
 
 namespace brvhost {
 namespace {

@@ -89,6 +89,19 @@ TEST_F(ScoreRecords, OfMeasuresSumMeters) {
   EXPECT_EQ(Word(kMeasure, 4, 8), 5);
 }
 
+TEST_F(ScoreRecords, OfMeasuresHaveNoMeterThatIsTooLargeForOne) {
+  std::string many = "1000";
+  for (int i = 0; i < 3'000'000; ++i) many += "+1000";
+  std::string tiny;
+  for (const char* const unit : {"997", "991", "983", "977"}) {
+    tiny.append("<beats>1</beats><beat-type>").append(unit).append("</beat-type>");
+  }
+  ReadMeasures({Attributes("<time><beats>" + many + "</beats><beat-type>4</beat-type></time>"),
+                Attributes("<time>" + tiny + "</time>")});
+  EXPECT_EQ(Word(kMeasure, 1, 8), 0);
+  EXPECT_EQ(Word(kMeasure, 2, 8), 0);
+}
+
 TEST_F(ScoreRecords, OfStavesHaveTheTranspositionFromSoundToWriting) {
   ReadMeasures({Attributes("<transpose><diatonic>-1</diatonic><chromatic>-2</chromatic></transpose>")});
   EXPECT_EQ(Word(kStaff, 1, 20), 0x0042) << "in B flat: a step and two fifths up";

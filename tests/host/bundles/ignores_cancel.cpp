@@ -1,0 +1,9 @@
+#include <unistd.h>
+
+#include "extension.h"
+
+int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION*) {
+  if (index != 0 || region == nullptr) return 0;
+  BX_AlertMessage(nullptr, 64, 0, "working", kBrvVersion);
+  for (;;) pause();
+}
