@@ -2,9 +2,8 @@
 //
 // What all of them share:
 //
-// - Lengths, counts and positions are in units, never in bytes. A surrogate pair is two units; nothing is interpreted,
-// and
-//   units are compared as unsigned numbers.
+// - Lengths, counts and positions are in units, never in bytes. A surrogate pair is two units; nothing is interpreted.
+//   Units are compared as unsigned numbers.
 // - No pointer may be null. Text may stand at any address, an odd one too.
 // - None reads a byte of a page that its text does not reach, and none but bx_sprintf allocates.
 // - Nothing fails. [any-thread]

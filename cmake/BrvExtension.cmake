@@ -1,8 +1,9 @@
 # brv_add_extension(NAME <name> IDENTIFIER <identifier> SOURCES <file>... HEADERS <header>... [INFO_PLIST <template>]
 #                   [LOCALIZATIONS <folder>.lproj...])
 #
-# Makes the bundle of an extension, <build>/<name>.bundle, with the whole kit inside: its executable, its Info.plist from the
-# template (one that will do for most stands beside this file), and its localized texts. What the headers of the extension and of the kit declare with BRV_EXPORT is exported.
+# Makes the bundle of an extension, <build>/<name>.bundle, with the whole kit inside: its executable, its Info.plist
+# from the template (one that will do for most stands beside this file), and its localized texts. What the headers of
+# the extension and of the kit declare with BRV_EXPORT is exported.
 include(${CMAKE_CURRENT_LIST_DIR}/BrvExports.cmake)
 set(_brv_info_plist ${CMAKE_CURRENT_LIST_DIR}/Info.plist.in)
 

@@ -31,7 +31,8 @@ log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 export DEBIAN_FRONTEND=noninteractive
 if ! { "${as_root[@]}" apt-get update -q &&
-       "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+       "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+         apt-get install -y -q --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
   cat "$log" >&2
   echo "install-dependencies: could not install: ${missing[*]}" >&2
   exit 1

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
 #include <cstring>
 
 #include "integerclasses.h"

@@ -5,6 +5,7 @@
 namespace {
 
 const char* OrdinalEnding(int number) {
+  if (number % 10 == 1 && number != 11) return "st";
   if (number % 10 == 2 && number != 12) return "nd";
   if (number % 10 == 3 && number != 13) return "rd";
   return "th";

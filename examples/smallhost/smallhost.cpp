@@ -5,7 +5,6 @@
 #include <CoreFoundation/CoreFoundation.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 #include <string>

@@ -2,7 +2,6 @@
 
 #include <plist/plist.h>
 
-#include <cstring>
 #include <memory>
 
 #include "cfstring.h"

@@ -3,11 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <bit>
-#include <cmath>
 #include <deque>
 #include <sstream>
-#include <utility>
 
 #include "knowndifferences.h"
 #include "tests/support/shared.h"
