@@ -21,6 +21,13 @@ int Perform(const CLI::App& app, const Options& options) {
   return Check(options);
 }
 
+void CheckCommand(const CLI::App& app, int argc, char** argv) {
+  if (argc < 2 || *argv[1] == '-') return;
+  const auto isThis = [argv](const CLI::App* command) { return command->check_name(argv[1]); };
+  if (!app.get_subcommands(isThis).empty()) return;
+  throw UsageError(fmt::format("there is no command {}; --help lists them", argv[1]));
+}
+
 int Explain(int status, std::string_view message) {
   Say(stderr, "brvhost: {}\n", message);
   return status;
@@ -39,6 +46,7 @@ int main(int argc, char** argv) {
   Options options;
   const auto app = DescribeCommandLine(options);
   try {
+    CheckCommand(*app, argc, argv);
     app->parse(argc, argv);
     return Finished(Perform(*app, options));
   } catch (const CLI::Success& success) {

@@ -85,7 +85,8 @@ int RunToTheEnd(const Job& job, const JobSettings& settings, const Extension& ex
   if (InterruptCount() > 0) return kInterrupted;
   const std::size_t changed = file.ChangedEntries();
   if (!job.target) file.CheckChanges();
-  if (job.target && (changed > 0 || !job.onlyIfChanged)) file.Save(*job.target);
+  const bool writes = job.target && (changed > 0 || !job.onlyIfChanged);
+  if (writes && !file.Save(*job.target, [] { return InterruptCount() > 0; })) return kInterrupted;
   channel.Send(MessageKind::kDone, fmt::format("{} {}", changed, file.GetScore().entries.size()));
   return kDone;
 }

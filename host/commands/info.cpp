@@ -17,6 +17,13 @@ std::string StavesOf(const ScorePart& part) {
   return part.staves == 1 ? fmt::format("staff {}", last) : fmt::format("staves {}-{}", part.firstStaff, last);
 }
 
+// A name may have line breaks, and anything else that would garble the screen.
+std::string OnOneLine(std::string text) {
+  std::ranges::replace_if(
+      text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; }, ' ');
+  return text;
+}
+
 void Print(const ScoreFile& file) {
   const Score& score = file.GetScore();
   const auto hidden = std::ranges::count_if(score.entries, &ScoreEntry::hidden);
@@ -24,8 +31,8 @@ void Print(const ScoreFile& file) {
   Say(stdout, "{}\n", file.Path());
   Say(stdout, "  parts     {}\n", score.parts.size());
   for (const ScorePart& part : score.parts) {
-    Say(stdout, "            {}  {}{}\n", part.id, StavesOf(part),
-        part.names.name.empty() ? "" : "  " + part.names.name);
+    const std::string name = part.names.name.empty() ? "" : "  " + part.names.name;
+    Say(stdout, "            {}\n", OnOneLine(part.id + "  " + StavesOf(part) + name));
   }
   Say(stdout, "  staves    {}\n  measures  {}\n  layers    {}\n", score.staves, score.measures, score.layers);
   Say(stdout, "  entries   {}, {} of them rests\n", score.entries.size(), rests);

@@ -4,7 +4,6 @@
 
 #include "host/files/archive.h"
 #include "host/files/content.h"
-#include "host/files/safefile.h"
 #include "host/score/ledgeredits.h"
 #include "host/score/musicxml.h"
 #include "host/text/inputerror.h"
@@ -32,24 +31,22 @@ void ScoreFile::CheckChanges() const {
   WriteEdited(document_.View(), score_, [](std::string_view) {});
 }
 
-void ScoreFile::Save(const std::string& target) const {
-  if (!IsCompressed()) {
-    SafeFile file(target);
-    WriteEdited(document_.View(), score_, [&file](std::string_view piece) { file.Write(piece); });
-    return file.Commit();
-  }
-  if (ChangedEntries() == 0) {
-    SafeFile file(target);
-    file.Write(archive_.View());
-    return file.Commit();
-  }
+bool ScoreFile::Save(const std::string& target, const std::function<bool()>& isCancelled) const {
+  SafeFile file(target);
+  WriteTo(file);
+  if (isCancelled()) return false;
+  file.Commit();
+  return true;
+}
+
+void ScoreFile::WriteTo(SafeFile& file) const {
+  const auto writePiece = [&file](std::string_view piece) { file.Write(piece); };
+  if (!IsCompressed()) return WriteEdited(document_.View(), score_, writePiece);
+  if (ChangedEntries() == 0) return file.Write(archive_.View());
   std::string edited;
   edited.reserve(document_.Size());
   WriteEdited(document_.View(), score_, [&edited](std::string_view piece) { edited.append(piece); });
-  const std::string archive = ReplaceMember(archive_.View(), member_, edited);
-  SafeFile file(target);
-  file.Write(archive);
-  file.Commit();
+  file.Write(ReplaceMember(archive_.View(), member_, edited));
 }
 
 }  // namespace brvhost

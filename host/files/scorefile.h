@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "host/files/bytes.h"
+#include "host/files/safefile.h"
 #include "host/score/score.h"
 
 namespace brvhost {
@@ -28,11 +30,14 @@ class ScoreFile {
   // Throws what Save would throw of the notes.
   void CheckChanges() const;
 
-  // Writes the file with the ledger lines as they are now; `target` may be the file itself. Throws OutputError,
-  // InputError where a note cannot be changed, and what ReplaceMember throws; the target is then as it was.
-  void Save(const std::string& target) const;
+  // Writes the file with the ledger lines as they are now; `target` may be the file itself. False when `isCancelled`
+  // said so before the result took the target's name. Throws OutputError, InputError where a note cannot be changed,
+  // and what ReplaceMember throws. Unless it returns true, the target is as it was.
+  bool Save(const std::string& target, const std::function<bool()>& isCancelled) const;
 
  private:
+  void WriteTo(SafeFile& file) const;
+
   std::string path_;
   Bytes archive_;  // the whole file, if it is compressed
   std::string member_;

@@ -10,6 +10,8 @@
 #include "host/files/bytes.h"
 #include "host/files/outputerror.h"
 #include "host/files/safefile.h"
+#include "host/files/scorefile.h"
+#include "scores.h"
 
 namespace brvhost {
 namespace {
@@ -100,6 +102,19 @@ TEST_F(SafeFiles, LeaveNothingWhenASignalRemovesTheUnfinishedOne) {
   EXPECT_EQ(FileCount(), 2u);
   RemoveUnfinishedFile();
   EXPECT_EQ(FileCount(), 1u);
+}
+
+TEST_F(SafeFiles, AreNotCommittedOfAScoreWhenTheUserCancelsLast) {
+  const fs::path path = folder / "score.musicxml";
+  const std::string document = Partwise(Measure(Note()));
+  std::ofstream(path) << document;
+  ScoreFile file(path.string());
+  file.GetScore().entries[0].hidden = true;
+  EXPECT_FALSE(file.Save(path.string(), [] { return true; }));
+  EXPECT_EQ(ContentOf(path), document);
+  EXPECT_EQ(FileCount(), 1u);
+  EXPECT_TRUE(file.Save(path.string(), [] { return false; }));
+  EXPECT_NE(ContentOf(path), document);
 }
 
 TEST(Bytes, AreNotMoreThanMemoryHas) {

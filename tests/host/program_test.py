@@ -45,6 +45,12 @@ class Info(Case):
         self.assertIn("Horn in F", process.stdout)
 
 
+    def test_keeps_each_part_on_one_line(self):
+        content = score().replace('<score-part id="P1"/>', '<score-part id="P1"><part-name>Viola&#10;da&#9;gamba</part-name></score-part>')
+        process = self.succeeds(brvhost("info", self.write("a.xml", content)))
+        self.assertIn("P1  staff 1  Viola da gamba\n", process.stdout)
+
+
 class Run(Case):
     def setUp(self):
         super().setUp()
@@ -187,6 +193,7 @@ class BadUsage(Case):
         self.refuses("starts at staff 7, and there are 1", HIDE, "--staves", "7", *score_and_in_place)
 
     def test_of_a_command_gets_one_line(self):
+        self.fails(brvhost("fly"), 2, "there is no command fly; --help lists them")
         for arguments in ([], ["fly"], ["items"], ["info"], ["run", LEGER_LINES], ["items", "a", "b"]):
             process = brvhost(*arguments)
             self.fails(process, 2, "brvhost: ")
