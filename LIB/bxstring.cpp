@@ -170,10 +170,11 @@ UniChar* bx_strstr(const UniChar* haystack, const UniChar* needle) {
   if (second == 0) return bx_strchr(haystack, first);
   for (const UniChar* at = haystack;;) {
     for (std::size_t blocks = BlocksInPage(at); blocks != 0; --blocks, at += kBlockUnits) {
-      // Where the first unit is frequent, most of its places are ruled out here, and none costs a scan of its own.
+      // Most blocks do not have the first unit. Where it is frequent, the second rules out most of its places, and none
+      // costs a scan of its own.
       const UnitBlock block = LoadBlock(at);
+      if (!AnyMarked(Either(MarkEqual(block, Filled(first)), MarkZero(block)))) continue;
       const UnitBlock pairs = MarkPair(block, first, second);
-      if (!AnyMarked(Either(pairs, MarkZero(block)))) continue;
       const unsigned ends = MarkedUnits(MarkZero(block));
       const unsigned upToEnd = ends ^ (ends - 1);
       for (unsigned places = MarkedUnits(pairs) & upToEnd; places != 0; places &= places - 1) {
