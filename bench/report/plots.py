@@ -9,9 +9,15 @@ def draw(path, commands):
 
 
 def cleaning(path, ratios):
-    points = "\n".join(f"{notes} {value}" for notes, value in enumerate(ratios, 1))
-    draw(path, ["set xlabel 'notes a chord'", "set ylabel 'time / memcpy'", "set yrange [0:*]",
-                f"$points << EOD\n{points}\nEOD", "plot $points with linespoints title 'CleanTGF'"])
+    """Ratios by the number of notes, from 1, for each name of a curve."""
+    blocks = []
+    curves = []
+    for number, (name, values) in enumerate(ratios.items()):
+        points = "\n".join(f"{notes} {value}" for notes, value in enumerate(values, 1))
+        blocks.append(f"$ratios{number} << EOD\n{points}\nEOD")
+        curves.append(f"$ratios{number} with linespoints title '{name}'")
+    draw(path, ["set xlabel 'notes a chord'", "set ylabel 'CleanTGF / memcpy'", "set yrange [0:*]", *blocks,
+                "plot " + ", ".join(curves)])
 
 
 def growth(path, points, column, unit):

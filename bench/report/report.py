@@ -79,7 +79,10 @@ class Report:
     def cleaning(self):
         output = self.program("bench-cleantgf")
         self.small_figures("2. Cleaning frames", {"chords of 3:": "at most 6"}, output)
-        plots.cleaning(self.folder / "cleaning.svg", [float(row[3]) for row in FIGURE.findall(output)])
+        ratios = {}
+        for text, _, _, ratio, *_ in FIGURE.findall(output):
+            ratios.setdefault(f"{text.split()[0]} chords", []).append(ratio)
+        plots.cleaning(self.folder / "cleaning.svg", ratios)
         self.say("![Cleaning by notes a chord](cleaning.svg)", "")
 
     def walk(self):
