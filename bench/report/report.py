@@ -217,6 +217,7 @@ def main():
     report = Report(arguments)
     for figure in ("machine", *arguments.figures.split(",")):
         print(f"measuring: {figure.replace('_', ' ')}", file=sys.stderr, flush=True)
+        os.sync()  # what one figure wrote is not to be written to the disk while the next is measured
         getattr(report, figure)()
         report.write()
     shutil.rmtree(report.work)

@@ -39,14 +39,20 @@ bool ScoreFile::Save(const std::string& target, const std::function<bool()>& isC
   return true;
 }
 
+Bytes ScoreFile::EditedDocument() const {
+  std::size_t size = 0;
+  WriteEdited(document_.View(), score_, [&size](std::string_view piece) { size += piece.size(); });
+  Bytes edited(size);
+  char* end = edited.Data();
+  WriteEdited(document_.View(), score_, [&end](std::string_view piece) { end = std::ranges::copy(piece, end).out; });
+  return edited;
+}
+
 void ScoreFile::WriteTo(SafeFile& file) const {
   const auto writePiece = [&file](std::string_view piece) { file.Write(piece); };
   if (!IsCompressed()) return WriteEdited(document_.View(), score_, writePiece);
   if (ChangedEntries() == 0) return file.Write(archive_.View());
-  std::string edited;
-  edited.reserve(document_.Size());
-  WriteEdited(document_.View(), score_, [&edited](std::string_view piece) { edited.append(piece); });
-  file.Write(ReplaceMember(archive_.View(), member_, edited));
+  file.Write(ReplaceMember(archive_.View(), member_, EditedDocument().View()));
 }
 
 }  // namespace brvhost

@@ -36,6 +36,7 @@ class ScoreFile {
   bool Save(const std::string& target, const std::function<bool()>& isCancelled) const;
 
  private:
+  Bytes EditedDocument() const;
   void WriteTo(SafeFile& file) const;
 
   std::string path_;
