@@ -69,9 +69,12 @@ BRV_EXPORT short16 BX_DeleteEXENTRY(EXTGF2005a* frame, short16 argument2, short1
 
 // Writes a loaded frame back to the document. Returns non-zero for success.
 //
-// The frame is cleaned first, also where the host lacks the function, and so the caller's entries change: notes get
-// identifiers that are unique in their entry and not 0, unused note slots are zeroed, and a rest gets one placeholder
-// note unless CanAddNoteRecordToRests is 0. The frame still has to be freed, and is not saved once it was. [default 0]
+// The frame is cleaned first, also where the host lacks the function, and so the caller's entries change: notes that
+// have no identifier, or that of another note of their entry, get the next number after the greatest, unused note slots
+// are zeroed, and a rest gets one placeholder note unless CanAddNoteRecordToRests is 0. Identifiers are then unique in
+// their entry as long as numbers are left: those from 0x8000 up count as negative, and a number that is given beyond
+// 0x7FFF may be one that a note before it has. The frame still has to be freed, and is not saved once it was.
+// [default 0]
 BRV_EXPORT short16 BX_SaveTGF(EXTGF2005a* frame, BrvVersion version);
 
 // Releases a frame that BX_LoadTGF gave. LoadedTGFCounter goes down at every call. Returns what the host returns.

@@ -1,6 +1,7 @@
 #include "cleantgf.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstring>
 
 #include "brevixpdk.h"
@@ -14,42 +15,82 @@ constexpr std::uint16_t kPlaceholderNote = 0x8000;
 constexpr int kPlaceholderByte = 3;  // of the entry's flags
 constexpr std::uint8_t kHasPlaceholder = 0x01;
 
+// The notes in use of one entry, as they lie in memory.
+//
+// Compatibility: a count above twelve is followed as the host gives it. Note 12 then covers the entry's own position,
+// and note 14 the note count of the next entry, which is read only when its turn comes. The array EXENTRY::notes ends
+// with its twelfth element, and compilers count on that, so the notes are reached as bytes.
+class Notes {
+ public:
+  Notes(unsigned char* entry, int count) : first_(entry + offsetof(EXENTRY, notes)), count_(count) {}
+
+  int Count() const { return count_; }
+
+  std::uint16_t NoteID(int i) const { return Word(i, offsetof(EXNOTE, noteID)); }
+  void SetNoteID(int i, int noteID) const { SetWord(i, offsetof(EXNOTE, noteID), noteID); }
+
+  std::uint16_t NoteWord(int i) const { return Word(i, offsetof(EXNOTE, noteWord)); }
+  void SetNoteWord(int i, int noteWord) const { SetWord(i, offsetof(EXNOTE, noteWord), noteWord); }
+
+ private:
+  unsigned char* At(int i, std::size_t offset) const {
+    return first_ + static_cast<std::size_t>(i) * sizeof(EXNOTE) + offset;
+  }
+
+  std::uint16_t Word(int i, std::size_t offset) const {
+    std::uint16_t word;
+    std::memcpy(&word, At(i, offset), sizeof(word));
+    return word;
+  }
+
+  void SetWord(int i, std::size_t offset, int value) const {
+    const auto word = static_cast<std::uint16_t>(value);
+    std::memcpy(At(i, offset), &word, sizeof(word));
+  }
+
+  unsigned char* first_;
+  int count_;
+};
+
 // The greatest identifier, read as the host reads it: those from 0x8000 up count as negative.
-int GreatestNoteID(const EXENTRY& entry, int count) {
+int GreatestNoteID(const Notes& notes) {
   int greatest = 0;
-  for (int i = 0; i < count; ++i) greatest = std::max<int>(greatest, static_cast<std::int16_t>(entry.notes[i].noteID));
+  for (int i = 0; i < notes.Count(); ++i) {
+    greatest = std::max<int>(greatest, static_cast<std::int16_t>(notes.NoteID(i)));
+  }
   return greatest;
 }
 
-bool IsTaken(const EXENTRY& entry, int count, int slot) {
+// Whether one of the first `count` notes, other than the note itself, has the note's identifier.
+bool IsTaken(const Notes& notes, int count, int note) {
   for (int other = 0; other < count; ++other) {
-    if (other != slot && entry.notes[other].noteID == entry.notes[slot].noteID) return true;
+    if (other != note && notes.NoteID(other) == notes.NoteID(note)) return true;
   }
   return false;
 }
 
 // Whether each note has an identifier of its own, as almost all that come from a host have.
-bool AreNumbered(const EXENTRY& entry, int count) {
-  for (int i = 0; i < count; ++i) {
-    if (entry.notes[i].noteID == 0 || IsTaken(entry, i, i)) return false;
+bool AreNumbered(const Notes& notes) {
+  for (int i = 0; i < notes.Count(); ++i) {
+    if (notes.NoteID(i) == 0 || IsTaken(notes, i, i)) return false;
   }
   return true;
 }
 
 // Of two equal identifiers the earlier one gives way: once it has its new number, the later is alone.
-void RenumberNotes(EXENTRY& entry, int count) {
-  int greatest = GreatestNoteID(entry, count);
-  for (int i = 0; i < count; ++i) {
-    if (entry.notes[i].noteID == 0 || IsTaken(entry, count, i)) {
-      entry.notes[i].noteID = static_cast<std::uint16_t>(++greatest);
-    }
+//
+// Compatibility: numbers beyond 0x7FFF are given without asking whether a note before has them; a host reads those as
+// negative, and gives none itself.
+void RenumberNotes(const Notes& notes) {
+  int greatest = GreatestNoteID(notes);
+  for (int i = 0; i < notes.Count(); ++i) {
+    if (notes.NoteID(i) == 0 || IsTaken(notes, notes.Count(), i)) notes.SetNoteID(i, ++greatest);
   }
 }
 
-void MirrorNoteIDs(EXENTRY& entry, int count) {
-  for (int i = 0; i < count; ++i) {
-    EXNOTE& note = entry.notes[i];
-    note.noteWord = static_cast<std::uint16_t>((note.noteWord & ~kNoteIDBits) | (note.noteID & kNoteIDBits));
+void MirrorNoteIDs(const Notes& notes) {
+  for (int i = 0; i < notes.Count(); ++i) {
+    notes.SetNoteWord(i, (notes.NoteWord(i) & ~kNoteIDBits) | (notes.NoteID(i) & kNoteIDBits));
   }
 }
 
@@ -74,19 +115,22 @@ void AddPlaceholderNote(EXENTRY& entry) {
   entry.entryFlags[kPlaceholderByte] |= kHasPlaceholder;
 }
 
-void CleanEntry(EXENTRY& entry, bool fillRests) {
-  // A negative count does not come from a host; it is no reason to write before the first slot.
+void CleanEntry(unsigned char* bytes, bool fillRests) {
+  auto& entry = *reinterpret_cast<EXENTRY*>(bytes);
+  // A negative count does not come from a host; it is no reason to write before the first note.
   const int count = std::max<int>(entry.noteCount, 0);
-  if (!AreNumbered(entry, count)) RenumberNotes(entry, count);
-  MirrorNoteIDs(entry, count);
+  const Notes notes(bytes, count);
+  if (!AreNumbered(notes)) RenumberNotes(notes);
+  MirrorNoteIDs(notes);
   ClearUnusedNotes(entry, count);
-  if (entry.noteCount == 0 && fillRests) AddPlaceholderNote(entry);
+  if (count == 0 && fillRests) AddPlaceholderNote(entry);
 }
 
 }  // namespace
 
 void CleanTGF(const EXTGF2005a* frame, bool) {
-  if (frame->entryCount <= 0) return;
+  const int entryCount = frame->entryCount;
+  auto* entry = reinterpret_cast<unsigned char*>(frame->entries);
   const bool fillRests = CanAddNoteRecordToRests != 0;
-  for (int i = 0; i < frame->entryCount; ++i) CleanEntry(frame->entries[i], fillRests);
+  for (int i = 0; i < entryCount; ++i, entry += sizeof(EXENTRY)) CleanEntry(entry, fillRests);
 }

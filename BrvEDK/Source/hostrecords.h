@@ -48,7 +48,9 @@ static_assert(offsetof(MenuItemTexts, reserved) == 768);
 // One note of an entry.
 struct EXNOTE {
   std::uint8_t hostData[4];
-  std::uint16_t noteID;  // never 0, and unique within the entry
+  // Never 0, and unique within the entry up to 0x7FFF: a number that the kit gives beyond it may be that of a note
+  // before.
+  std::uint16_t noteID;
   std::uint16_t hostWord;
   std::uint16_t noteWord;  // bits 0 to 4: the low bits of noteID; bit 15: the placeholder that the kit gives a rest
 };
@@ -63,7 +65,7 @@ struct EXENTRY {
   std::uint8_t hostHead[8];
   std::uint8_t entryFlags[4];
   std::uint16_t flags;      // bit 0x40: no ledger lines
-  std::int16_t noteCount;   // 0 is a rest
+  std::int16_t noteCount;   // 0 to 12; 0 is a rest
   EXNOTE notes[kMaxNotes];  // those from noteCount on are unused
   std::int32_t position;    // within the measure
   std::uint8_t hostTail[6];

@@ -63,6 +63,11 @@ TEST_F(SaveTGF, CountsAnIdWithBit15AsNegative) {
   EXPECT_THAT(Renumbered({0xFFFF, 0xFFFF}), ElementsAre(1, 0xFFFF));
 }
 
+TEST_F(SaveTGF, GivesANumberBeyond0x7FFFTwiceWhereANoteBeforeHasIt) {
+  EXPECT_THAT(Renumbered({0x8000, 0x7FFF, 0}), ElementsAre(0x8000, 0x7FFF, 0x8000));
+  EXPECT_THAT(Renumbered({0, 0x7FFF, 0x8000}), ElementsAre(0x8000, 0x7FFF, 0x8001));
+}
+
 TEST_F(SaveTGF, KeepsIdsThatAreUniqueAlready) { EXPECT_THAT(Renumbered({3, 1, 2}), ElementsAre(3, 1, 2)); }
 
 TEST_F(SaveTGF, CopiesTheLowFiveBitsOfTheIdIntoTheNoteWord) {
@@ -96,6 +101,36 @@ TEST_F(SaveTGF, KeepsAllNotesOfAFullEntry) {
   EXPECT_EQ(entry.notes[11].hostWord, 0xA5A5);
 }
 
+// The thirteenth note covers the position and what follows it; its identifier stands at byte 140, its word at 144.
+TEST_F(SaveTGF, FollowsAThirteenthNoteOverTheEndOfItsEntry) {
+  EXENTRY entry = Entry({0, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12});
+  entry.noteCount = 13;
+  const std::uint8_t tail[] = {13, 0, 0xA5, 0xA5, 0xA5, 0xA5};
+  std::memcpy(entry.hostTail, tail, sizeof(tail));
+  EXENTRY expected = entry;
+  for (int i = 0; i < 12; ++i) {
+    const int id = i == 0 ? 14 : i + 1;
+    expected.notes[i].noteID = static_cast<std::uint16_t>(id);
+    expected.notes[i].noteWord = static_cast<std::uint16_t>(0xA5A0 | id);
+  }
+  expected.hostTail[4] = 0xA0 | 13;
+  Save(entry);
+  EXPECT_EQ(std::memcmp(&entry, &expected, sizeof(entry)), 0);
+}
+
+// The fifteenth note's identifier is the note count of the next entry.
+TEST_F(SaveTGF, ReadsTheCountThatAFifteenthNoteOfTheEntryBeforeWasGiven) {
+  EXENTRY entries[] = {
+      Entry({1, 0x8001, 0x8002, 0x8003, 0x8004, 0x8005, 0x8006, 0x8007, 0x8008, 0x8009, 0x800A, 0x800B}), Entry({})};
+  entries[0].noteCount = 15;
+  entries[1].hostHead[4] = 0xA6;  // with the byte after it the identifier of the fourteenth note
+  Save(entries[0], 2);
+  EXPECT_EQ(entries[1].noteCount, 2) << "a rest no longer";
+  EXPECT_EQ(entries[1].notes[0].noteID, 1);
+  EXPECT_EQ(entries[1].notes[1].noteID, 0xA5A5) << "equal to the first, which gave way";
+  EXPECT_TRUE(IsZero(entries[1].notes[2]));
+}
+
 TEST_F(SaveTGF, GivesARestAPlaceholderNote) {
   EXENTRY entry = Entry({});
   entry.entryFlags[3] = 0x40;
@@ -118,9 +153,23 @@ TEST_F(SaveTGF, LeavesARestWithoutNotesWherePlaceholdersAreSwitchedOff) {
   for (const EXNOTE& note : entry.notes) EXPECT_TRUE(IsZero(note));
 }
 
-TEST_F(SaveTGF, TakesANegativeNoteCountForNone) {
+TEST_F(SaveTGF, TakesANegativeNoteCountForARest) {
   EXENTRY entry = Entry({});
   entry.noteCount = -3;
+  entry.entryFlags[3] = 0x40;
+  EXENTRY expected = entry;
+  std::memset(expected.notes, 0, sizeof(expected.notes));
+  expected.noteCount = 1;
+  expected.notes[0].noteWord = 0x8000;
+  expected.entryFlags[3] = 0x41;
+  Save(entry);
+  EXPECT_EQ(std::memcmp(&entry, &expected, sizeof(entry)), 0);
+}
+
+TEST_F(SaveTGF, KeepsANegativeNoteCountWherePlaceholdersAreSwitchedOff) {
+  CanAddNoteRecordToRests = 0;
+  EXENTRY entry = Entry({});
+  entry.noteCount = -32768;
   EXENTRY expected = entry;
   std::memset(expected.notes, 0, sizeof(expected.notes));
   Save(entry);
