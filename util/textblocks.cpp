@@ -1,5 +1,6 @@
 #include "textblocks.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -34,14 +35,16 @@ UniChar* BXUtilLoadRawTextUTF16(short16 number) {
   EDataKey key = {static_cast<std::uint16_t>(number), 0};
   std::int32_t size = 0;
   if (BX_LoadEData(kRawText, &key, nullptr, &size, kBrvVersion) == 0 || size < 0) return nullptr;
-  const auto bytes = static_cast<std::size_t>(size);
-  auto* const text = static_cast<UniChar*>(std::malloc(bytes + sizeof(UniChar)));
+  const std::int32_t allocated = size;
+  auto* const text = static_cast<UniChar*>(std::malloc(static_cast<std::size_t>(allocated) + sizeof(UniChar)));
   if (text == nullptr) return nullptr;
   if (BX_LoadEData(kRawText, &key, text, &size, kBrvVersion) == 0) {
     std::free(text);
     return nullptr;
   }
-  text[bytes / sizeof(UniChar)] = 0;
+  // The second size may be another: what lies beyond it was not written, and what lies beyond the first does not fit.
+  const std::int32_t loaded = std::clamp(size, 0, allocated);
+  text[static_cast<std::size_t>(loaded) / sizeof(UniChar)] = 0;
   return text;
 }
 

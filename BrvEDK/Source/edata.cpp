@@ -18,12 +18,15 @@ constexpr std::uint32_t kFretInstrumentSize = 252;
 // load is the same either way.
 constexpr BrvVersion kFirstVersionWithPrefs = 0x08000000;
 
+HOST_LOOKUP(LoadLookup, BX_LoadEData);
+HOST_LOOKUP(SaveLookup, BX_SaveEData);
+
 short16 LoadFromHost(uint32 tag, EDataKey* key, void* data, std::int32_t* size, BrvVersion version) {
-  FORWARD_TO_HOST(BX_LoadEData, 0, tag, key, data, size, version);
+  FORWARD_WITH_LOOKUP(LoadLookup, BX_LoadEData, 0, tag, key, data, size, version);
 }
 
 short16 SaveToHost(uint32 tag, EDataKey* key, void* data, uint32 size, BrvVersion version) {
-  FORWARD_TO_HOST(BX_SaveEData, 0, tag, key, data, size, version);
+  FORWARD_WITH_LOOKUP(SaveLookup, BX_SaveEData, 0, tag, key, data, size, version);
 }
 
 short16 Flag(bool value) { return static_cast<short16>(value ? 1 : 0); }
@@ -90,26 +93,37 @@ bool mapPrefTag(std::uint32_t tag, int recordNumber, LegacyRecords& records) {
   return true;
 }
 
-void LoadLegacy(std::uint32_t tag, EDataKey key, void* data, BrvVersion version) {
-  std::int32_t size = sizeof(LegacyRecord);
-  BX_LoadEData(tag, &key, data, &size, version);
+// What the host has of a legacy record; zeros where it has none.
+LegacyRecord LoadLegacy(std::uint32_t tag, EDataKey key, BrvVersion version) {
+  LegacyRecord record{};
+  std::int32_t size = sizeof(record);
+  LoadFromHost(tag, &key, &record, &size, version);
+  return record;
 }
 
 void SaveLegacy(std::uint32_t tag, EDataKey key, void* data) {
-  BX_SaveEData(tag, &key, data, sizeof(LegacyRecord), kBrvVersion);
+  SaveToHost(tag, &key, data, sizeof(LegacyRecord), kBrvVersion);
 }
 
 EDataKey KeyOf(const LegacyRecords& records, int i) {
   return {kDocumentRecord, static_cast<std::uint16_t>(records.firstIndex + i)};
 }
 
+void LoadRowInto(void* data, const LegacyRecords& records, BrvVersion version) {
+  auto* bytes = static_cast<std::uint8_t*>(data);
+  for (int i = 0; i < records.count; ++i, bytes += sizeof(LegacyRecord)) {
+    const LegacyRecord record = LoadLegacy(records.tag, KeyOf(records, i), version);
+    std::memcpy(bytes, &record, sizeof(record));
+  }
+}
+
 bool LoadRow(const LegacyRecords& records, void* data, std::int32_t* size, BrvVersion version) {
   if (size == nullptr) return false;
-  if (data != nullptr && *size < static_cast<std::int32_t>(records.Size())) return false;
-  *size = static_cast<std::int32_t>(records.Size());
-  if (data == nullptr) return true;
-  auto* record = static_cast<LegacyRecord*>(data);
-  for (int i = 0; i < records.count; ++i) LoadLegacy(records.tag, KeyOf(records, i), record++, version);
+  const auto whole = static_cast<std::int32_t>(records.Size());
+  if (data != nullptr && *size < whole) return false;
+  if (data != nullptr) LoadRowInto(data, records, version);
+  // Last: until then the host sees the caller's size.
+  *size = whole;
   return true;
 }
 
@@ -146,8 +160,7 @@ void ForEachLegacyRecord(std::span<PrefFieldMap> map, BrvVersion version, ForFie
   for (std::size_t i = 0; i < map.size(); ++i) {
     if (map[i].done != 0) continue;
     const std::uint64_t wanted = StateOf(map[i]);
-    LegacyRecord legacy{};
-    LoadLegacy(LegacyTagOf(map[i]), KeyOf(map[i]), &legacy, version);
+    LegacyRecord legacy = LoadLegacy(LegacyTagOf(map[i]), KeyOf(map[i]), version);
     for (PrefFieldMap& field : map.subspan(i)) {
       if (StateOf(field) != wanted) continue;
       forField(field, legacy);
@@ -192,7 +205,11 @@ bool SaveByTable(std::span<PrefFieldMap> map, const void* data, std::uint32_t si
 
 }  // namespace
 
+// Both look their host function up before anything else, whether or not this call comes to it: what is called before
+// the host is bound stays without its host function for good, as every other call to the host does.
+
 short16 BX_LoadEData(uint32 tag, EDataKey* key, void* data, std::int32_t* size, BrvVersion version) {
+  LoadLookup::Address();
   if (tag == kFretInstrument && data != nullptr && !LoadFretInstrument(key, data, size, version)) {
     return Flag(IsAnyByteSet(data, kFretInstrumentSize));
   }
@@ -206,6 +223,7 @@ short16 BX_LoadEData(uint32 tag, EDataKey* key, void* data, std::int32_t* size, 
 }
 
 short16 BX_SaveEData(uint32 tag, EDataKey* key, void* data, uint32 size, BrvVersion version) {
+  SaveLookup::Address();
   if (version < kFirstVersionWithPrefs) return SaveToHost(tag, key, data, size, version);
   const std::span<PrefFieldMap> map = FindPrefFieldMap(tag, NumberOf(key));
   if (!map.empty()) return Flag(SaveByTable(map, data, size, version));

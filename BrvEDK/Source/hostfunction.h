@@ -84,14 +84,21 @@ using HostArgument = typename HostFunction<Signature>::template Argument<index>;
 template <class Signature>
 using HostReturn = typename HostFunction<Signature>::ResultType;
 
-// Passes a call on to the host function of that name. The lookup is done once for the life of the process, under the
-// guard of a static's initialisation, and its answer is kept, that of a missing function included.
-#define FORWARD_TO_HOST(name, defaultResult, ...)           \
-  struct Lookup {                                           \
+// Declares the lookup of a host function: done once for the life of the process, under the guard of a static's
+// initialisation, and its answer is kept, that of a missing function included.
+#define HOST_LOOKUP(lookup, name)                           \
+  struct lookup {                                           \
     static void* Address() {                                \
       static void* const address = FindHostFunction(#name); \
       return address;                                       \
     }                                                       \
-  };                                                        \
-  static constinit HostFunction<decltype(name)> host;       \
-  return host.Call<Lookup>(defaultResult, __VA_ARGS__)
+  }
+
+// Passes a call on to the host function of that name, which the lookup finds.
+#define FORWARD_WITH_LOOKUP(lookup, name, defaultResult, ...) \
+  static constinit HostFunction<decltype(name)> host;         \
+  return host.Call<lookup>(defaultResult, __VA_ARGS__)
+
+#define FORWARD_TO_HOST(name, defaultResult, ...) \
+  HOST_LOOKUP(Lookup, name);                      \
+  FORWARD_WITH_LOOKUP(Lookup, name, defaultResult, __VA_ARGS__)

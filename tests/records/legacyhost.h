@@ -4,6 +4,7 @@
 #include <array>
 #include <cstring>
 #include <map>
+#include <set>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -48,6 +49,7 @@ class LegacyHost {
   std::vector<std::uint32_t> loadVersions;
   std::vector<std::uint32_t> saveVersions;
   bool fails = false;
+  std::set<Address> lacking;  // records that cannot be loaded
 
  private:
   static Address AddressOf(const HostCall& call) {
@@ -58,7 +60,7 @@ class LegacyHost {
   std::uint64_t Load(const HostCall& call) {
     loads.push_back(AddressOf(call));
     loadVersions.push_back(static_cast<std::uint32_t>(call.arguments[4]));
-    if (fails || *call.Pointer<std::int32_t>(3) != 12) return 0;
+    if (fails || lacking.contains(AddressOf(call)) || *call.Pointer<std::int32_t>(3) != 12) return 0;
     std::memcpy(call.Pointer<void>(2), At(AddressOf(call)).data(), 12);
     return 1;
   }

@@ -108,6 +108,37 @@ TEST_P(MappedTag, CountsAsLoadedAndSavedWhenTheHostFails) {
   EXPECT_EQ(Save(1, whole), 1);
 }
 
+// The records that the host lacks leave zeros, not what the caller's buffer held, and each is loaded into a record of
+// the kit's: what a failed load writes does not last into the next.
+TEST_P(MappedTag, LeavesZerosForRecordsThatTheHostLacks) {
+  const std::vector<Address> addresses = Addresses(row.indexOfFirst);
+  const std::size_t missing = addresses.size() / 2;
+  host.lacking = {addresses[missing]};
+  std::vector<std::uint8_t> expected(whole + 4, 0xA5);
+  for (std::size_t i = 0; i < addresses.size(); ++i) {
+    std::memcpy(expected.data() + 12 * i, host.At(addresses[i]).data(), 12);
+  }
+  std::memset(expected.data() + 12 * missing, 0, 12);
+  EXPECT_EQ(Load(row.firstNumber, whole), 1);
+  EXPECT_EQ(bytes, expected);
+}
+
+TEST_P(MappedTag, WritesItsSizeLast) {
+  std::vector<std::int32_t> sizesMeanwhile;
+  std::vector<bool> recordsOfTheKit;
+  host.host.On("BX_LoadEData", [&](const HostCall& call) {
+    sizesMeanwhile.push_back(size);
+    const auto* const data = call.Pointer<std::uint8_t>(2);
+    recordsOfTheKit.push_back(data + 12 <= bytes.data() || data >= bytes.data() + bytes.size());
+    return 0u;
+  });
+  EXPECT_EQ(Load(row.firstNumber, whole + 3), 1);
+  EXPECT_EQ(size, static_cast<int>(whole));
+  EXPECT_THAT(sizesMeanwhile, testing::ElementsAreArray(std::vector<std::int32_t>(
+                                  static_cast<std::size_t>(row.records), static_cast<std::int32_t>(whole + 3))));
+  EXPECT_THAT(recordsOfTheKit, testing::Each(true));
+}
+
 INSTANTIATE_TEST_SUITE_P(All, MappedTag,
                          testing::Values(Row{"pfGD", "ot79", 1, 0, kAny, 0, 0}, Row{"pfGG", "ot88", 11, 0, kAny, 0, 0},
                                          Row{"pfGb", "ot98", 1, 1, 4, 0, 3}, Row{"pfGd", "ot80", 1, 0, kAny, 0, 0},

@@ -109,6 +109,30 @@ TEST_F(RawText, IsNullWhenEitherStepFails) {
   EXPECT_EQ(store.host.Count("BX_LoadEData"), 3);
 }
 
+// A host that tells one size without data and another with it.
+TEST_F(RawText, EndsAfterTheSmallerOfTheTwoSizes) {
+  struct Sizes {
+    std::int32_t first;
+    std::int32_t second;
+    std::u16string text;
+  };
+  const std::vector<Sizes> cases = {{10, 6, u"Flu"}, {10, 7, u"Flu"}, {6, 10, u"Flu"}, {7, 10, u"Flu"},
+                                    {10, 0, u""},    {0, 10, u""},    {10, -2, u""}};
+  for (const Sizes& sizes : cases) {
+    SCOPED_TRACE(std::to_string(sizes.first) + ", then " + std::to_string(sizes.second));
+    store.host.On("BX_LoadEData", [&sizes](const HostCall& call) {
+      auto* const data = call.Pointer<void>(2);
+      if (data != nullptr) std::memcpy(data, u"Flute", static_cast<std::size_t>(sizes.first));
+      *call.Pointer<std::int32_t>(3) = data == nullptr ? sizes.first : sizes.second;
+      return 1u;
+    });
+    UniChar* const text = BXUtilLoadRawTextUTF16(6);
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(TextOf(text), sizes.text);
+    BXUtilFreeRawText(text);
+  }
+}
+
 TEST_F(RawText, IsNullForASizeThatIsNone) {
   store.host.On("BX_LoadEData", [](const HostCall& call) {
     *call.Pointer<std::int32_t>(3) = -1;
