@@ -4,19 +4,16 @@
 #include <cstring>
 
 #include "brevixpdk.h"
+#include "convention.h"
 #include "integerclasses.h"
 #include "pluginbundle.h"
 #include "portable.h"
+#include "stringids.h"
 
 namespace {
 
-constexpr int kPlainAlert = 0;
-
 CFStringRef CreateKey(int id) {
-  const int table = SignExtend16(id >> 16);
-  const int index = SignExtend16(id);
-  if (table == 0) return CFStringCreateWithFormat(kCFAllocatorDefault, nullptr, CFSTR("%d"), index);
-  return CFStringCreateWithFormat(kCFAllocatorDefault, nullptr, CFSTR("%d,%d"), table, index);
+  return CFStringCreateWithCString(kCFAllocatorDefault, StringKey(id).c_str(), kCFStringEncodingUTF8);
 }
 
 bool HasStringTable(CFBundleRef bundle) {
@@ -45,7 +42,7 @@ CFStringRef CopyPlugInStringResource(int id) {
   const bool found = value != nullptr && CFStringCompare(value, key, 0) != kCFCompareEqualTo;
   CFRelease(key);
   if (!found && !HasStringTable(bundle)) {
-    BX_AlertMessage(nullptr, kPlainAlert, 0, "Missing Localizable.strings", kBrvVersion);
+    BX_AlertMessage(nullptr, kAlertPlain, 0, "Missing Localizable.strings", kBrvVersion);
   }
   return value;
 }
@@ -76,7 +73,6 @@ char* PlugIn_GetStringResource(int id, char* buffer, short size) {
 }
 
 short16 LoadIndString(short16 table, short16 index, char* buffer, short16 size) {
-  const auto id = static_cast<int>(static_cast<unsigned>(table) << 16 | static_cast<unsigned>(ZeroExtend16(index)));
-  if (PlugIn_GetStringResource(id, buffer, static_cast<short>(size)) == nullptr) return 0;
+  if (PlugIn_GetStringResource(StringID(table, index), buffer, static_cast<short>(size)) == nullptr) return 0;
   return SignExtend16(static_cast<int>(std::strlen(buffer)));
 }

@@ -36,9 +36,7 @@ inline UniChar LoadUnit(const UniChar* units) {
   return unit;
 }
 
-inline void StoreUnit(UniChar* units, UniChar unit) {
-  std::memcpy(units, &unit, sizeof(unit));
-}
+inline void StoreUnit(UniChar* units, UniChar unit) { std::memcpy(units, &unit, sizeof(unit)); }
 
 // Stores the first count units of the block, fewer than the whole or all of it.
 inline void StoreFirstUnits(UniChar* units, UnitBlock block, std::size_t count) {
@@ -57,40 +55,24 @@ inline void StoreFirstUnits(UniChar* units, UnitBlock block, std::size_t count) 
   if (count & 1) StoreUnit(units, static_cast<UniChar>(_mm_cvtsi128_si32(block)));
 }
 
-inline UnitBlock Filled(UniChar unit) {
-  return _mm_set1_epi16(static_cast<short>(unit));
-}
+inline UnitBlock Filled(UniChar unit) { return _mm_set1_epi16(static_cast<short>(unit)); }
 
 // The marks below are all ones at each unit that is marked, and 0 elsewhere.
-inline UnitBlock MarkEqual(UnitBlock a, UnitBlock b) {
-  return _mm_cmpeq_epi16(a, b);
-}
-inline UnitBlock MarkZero(UnitBlock block) {
-  return _mm_cmpeq_epi16(block, _mm_setzero_si128());
-}
+inline UnitBlock MarkEqual(UnitBlock a, UnitBlock b) { return _mm_cmpeq_epi16(a, b); }
+inline UnitBlock MarkZero(UnitBlock block) { return _mm_cmpeq_epi16(block, _mm_setzero_si128()); }
 // Marks first where second may follow it: what follows the last unit of the block is not known.
 inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
   const UnitBlock last = _mm_slli_si128(_mm_set1_epi8(-1), sizeof(UnitBlock) - sizeof(UniChar));
   const UnitBlock followed = MarkEqual(_mm_srli_si128(block, sizeof(UniChar)), Filled(second));
   return _mm_and_si128(MarkEqual(block, Filled(first)), _mm_or_si128(followed, last));
 }
-inline UnitBlock Either(UnitBlock a, UnitBlock b) {
-  return _mm_or_si128(a, b);
-}
-inline UnitBlock Both(UnitBlock a, UnitBlock b) {
-  return _mm_and_si128(a, b);
-}
+inline UnitBlock Either(UnitBlock a, UnitBlock b) { return _mm_or_si128(a, b); }
+inline UnitBlock Both(UnitBlock a, UnitBlock b) { return _mm_and_si128(a, b); }
 // Marked in a, and not in b.
-inline UnitBlock OnlyFirst(UnitBlock a, UnitBlock b) {
-  return _mm_andnot_si128(b, a);
-}
+inline UnitBlock OnlyFirst(UnitBlock a, UnitBlock b) { return _mm_andnot_si128(b, a); }
 
-inline bool AnyMarked(UnitBlock marks) {
-  return _mm_movemask_epi8(marks) != 0;
-}
-inline bool AllMarked(UnitBlock marks) {
-  return _mm_movemask_epi8(marks) == 0xFFFF;
-}
+inline bool AnyMarked(UnitBlock marks) { return _mm_movemask_epi8(marks) != 0; }
+inline bool AllMarked(UnitBlock marks) { return _mm_movemask_epi8(marks) == 0xFFFF; }
 // One bit for each unit, that of the first unit lowest.
 inline unsigned MarkedUnits(UnitBlock marks) {
   return static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(marks, _mm_setzero_si128())));

@@ -22,10 +22,7 @@ int LegacyRecordsOf(std::uint32_t tag) {
   int count = 0;
   for (std::size_t i = 0; i < map.size(); ++i) {
     bool isFirst = true;
-    for (std::size_t j = 0; j < i; ++j) {
-      isFirst &= std::memcmp(map[i].legacyTag, map[j].legacyTag, 2) != 0 || map[i].recordIndex != map[j].recordIndex ||
-                 map[i].recordNumber != map[j].recordNumber;
-    }
+    for (std::size_t j = 0; j < i; ++j) isFirst &= map[j].legacy != map[i].legacy;
     count += isFirst;
   }
   return count;

@@ -1,14 +1,19 @@
-# brv_add_extension(NAME <name> IDENTIFIER <identifier> SOURCES <file>... HEADERS <header>... [INFO_PLIST <template>]
+# brv_add_extension(NAME <name> IDENTIFIER <identifier> SOURCES <file>... [INFO_PLIST <template>]
 #                   [LOCALIZATIONS <folder>.lproj...])
 #
 # Makes the bundle of an extension, <build>/<name>.bundle, with the whole kit inside: its executable, its Info.plist
-# from the template (one that will do for most stands beside this file), and its localized texts. What the headers of
-# the extension and of the kit declare with BRV_EXPORT is exported.
-include(${CMAKE_CURRENT_LIST_DIR}/BrvExports.cmake)
+# from the template (one that will do for most stands beside this file), and its localized texts. What the source marks
+# with BRV_EXPORT is exported, and nothing else.
 set(_brv_info_plist ${CMAKE_CURRENT_LIST_DIR}/Info.plist.in)
+# The linker's part: what the C++ library would export besides stays inside.
+set(_brv_runtime_map ${CMAKE_CURRENT_LIST_DIR}/exports/runtime.map)
+set(_brv_runtime_unexported ${CMAKE_CURRENT_LIST_DIR}/exports/runtime.unexported)
 
 function(brv_add_extension)
-  cmake_parse_arguments(PARSE_ARGV 0 ARG "" "NAME;IDENTIFIER;INFO_PLIST" "SOURCES;HEADERS;LOCALIZATIONS")
+  cmake_parse_arguments(PARSE_ARGV 0 ARG "" "NAME;IDENTIFIER;INFO_PLIST" "SOURCES;LOCALIZATIONS")
+  foreach(unknown IN LISTS ARG_UNPARSED_ARGUMENTS)
+    message(FATAL_ERROR "brv_add_extension: unknown argument ${unknown}")
+  endforeach()
   set(contents ${CMAKE_BINARY_DIR}/${ARG_NAME}.bundle/Contents)
   set(BRV_EXTENSION_NAME ${ARG_NAME})
   set(BRV_EXTENSION_IDENTIFIER ${ARG_IDENTIFIER})
@@ -17,29 +22,27 @@ function(brv_add_extension)
   endif()
   configure_file(${ARG_INFO_PLIST} ${contents}/Info.plist @ONLY)
 
-  set(exports ${CMAKE_CURRENT_BINARY_DIR}/${ARG_NAME}.exports)
-  list(TRANSFORM ARG_HEADERS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
-  brv_write_export_list(OUTPUT ${exports} HEADERS ${BRV_KIT_HEADERS} ${ARG_HEADERS})
-
   if(APPLE)
     add_library(${ARG_NAME} MODULE ${ARG_SOURCES})
-    target_link_options(${ARG_NAME} PRIVATE LINKER:-exported_symbols_list,${exports}
+    set(runtime_symbols ${_brv_runtime_unexported})
+    target_link_options(${ARG_NAME} PRIVATE LINKER:-unexported_symbols_list,${runtime_symbols}
                         LINKER:-force_load,$<TARGET_FILE:BrvEDK>)
     target_link_libraries(${ARG_NAME} PRIVATE BrvEDK)
     set(executable_folder MacOS)
     set(suffix "")
   else()
     add_library(${ARG_NAME} SHARED ${ARG_SOURCES})
-    set_target_properties(${ARG_NAME} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+    set(runtime_symbols ${_brv_runtime_map})
     # -Bsymbolic: host and kit have functions of the same names, and each must find its own.
-    target_link_options(${ARG_NAME} PRIVATE -Wl,-Bsymbolic -Wl,--version-script=${exports})
+    target_link_options(${ARG_NAME} PRIVATE -Wl,-Bsymbolic -Wl,--version-script=${runtime_symbols})
     target_link_libraries(${ARG_NAME} PRIVATE -Wl,--whole-archive BrvEDK -Wl,--no-whole-archive)
     set(executable_folder Linux-x86-64)
     set(suffix .so)
   endif()
-  set_target_properties(${ARG_NAME} PROPERTIES PREFIX "" SUFFIX "${suffix}"
+  set_target_properties(${ARG_NAME} PROPERTIES C_VISIBILITY_PRESET hidden CXX_VISIBILITY_PRESET hidden
+                        VISIBILITY_INLINES_HIDDEN ON PREFIX "" SUFFIX "${suffix}"
                         LIBRARY_OUTPUT_DIRECTORY ${contents}/${executable_folder}
-                        LINK_DEPENDS "${exports};${BRV_LINK_STUBS}")
+                        LINK_DEPENDS "${runtime_symbols};${BRV_LINK_STUBS}")
 
   foreach(localization IN LISTS ARG_LOCALIZATIONS)
     get_filename_component(folder ${localization} NAME)

@@ -1,14 +1,13 @@
 #include "dialoghandlers.h"
 
 #include "brevixpdk.h"
+#include "convention.h"
 
 namespace {
 
-constexpr int kInternalError = 48;
-
 void CheckHostIsMachO() {
   if (BX_IsMachO(kBrvVersion) == 0) {
-    BX_AlertMessage(nullptr, kInternalError, 0, "Should not get here!", kBrvVersion);
+    BX_AlertMessage(nullptr, kAlertError, 0, "Should not get here!", kBrvVersion);
   }
 }
 

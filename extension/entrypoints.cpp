@@ -1,25 +1,22 @@
-#include "entrypoints.h"
-
+// The entry points of LegerLines: item 0 hides, item 1 shows the ledger lines of a region.
 #include "brevixpdk.h"
+#include "convention.h"
 #include "integerclasses.h"
 #include "legerlinescommand.h"
 #include "portable.h"
+#include "stringids.h"
 
 namespace {
 
 constexpr int kItems = 2;
 
-// Kinds of alert, and the answer that means yes.
-constexpr int kQuestion = 33;
-constexpr int kMessage = 64;
-constexpr int kYes = 1;
+// Texts: a table for each item, and one of messages.
+constexpr int kFirstItemTable = 20000;
+constexpr int kMessageTable = 20100;
+constexpr int32 kAskForWholeScore = StringID(kMessageTable, 1);
+constexpr int32 kNothingChanged = StringID(kMessageTable, 2);  // plus the item's index
 
-// String IDs: a table for each item, and one of messages.
-constexpr int kItemTable = 0x4E20;
-constexpr int kAskForWholeScore = 0x4E840001;
-constexpr int kNothingChanged = 0x4E840002;  // plus the item's index
-
-int Alert(void* parent, int kind, int stringID) {
+short16 Alert(void* parent, ushort16 kind, int32 stringID) {
   return BX_AlertMessage(parent, kind, stringID, nullptr, kBrvVersion);
 }
 
@@ -35,7 +32,7 @@ int BrevixExtensionInit(void*, std::uint32_t* word) {
 int BrevixExtensionEnumerate_UTF16(void*, ushort16 itemIndex, MenuItemTexts* texts) {
   const int item = ZeroExtend16(itemIndex);
   if (item >= kItems) return 0;
-  const int firstText = (kItemTable + item) << 16 | 1;
+  const int32 firstText = StringID(kFirstItemTable + item, 1);
   PlugIn_GetStringResource(firstText, texts->text1, MenuItemTexts::kUnits);
   PlugIn_GetStringResource(firstText + 1, texts->text2, MenuItemTexts::kUnits);
   PlugIn_GetStringResource(firstText + 2, texts->text3, MenuItemTexts::kUnits);
@@ -43,15 +40,17 @@ int BrevixExtensionEnumerate_UTF16(void*, ushort16 itemIndex, MenuItemTexts* tex
   return 1;
 }
 
+// Returns non-zero if a frame was changed. Else the user is told so, unless the question was declined or there is no
+// such item.
 int BrevixExtensionInvoke(void* context, ushort16 itemIndex, EREGION* region, EREGION* fallback) {
   const int item = ZeroExtend16(itemIndex);
   if (item >= kItems) return 0;
   if (region == nullptr) {
-    if (Alert(context, kQuestion, kAskForWholeScore) != kYes) return 0;
+    if (Alert(context, kAlertQuestion, kAskForWholeScore) != kAlertYes) return 0;
     region = fallback;
   }
   if (const int changed = DoShowLegerLines(region, item)) return changed;
-  Alert(context, kMessage, kNothingChanged + item);
+  Alert(context, kAlertMessage, kNothingChanged + item);
   return 0;
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "brevixpdk.h"
+#include "convention.h"
 #include "integerclasses.h"
 #include "progress.h"
 
@@ -69,7 +70,7 @@ class Walk {
 
   bool WalkLayer(int staff, int layer) {
     for (int measure = region_.startMeasure; measure <= region_.endMeasure; ++measure) {
-      EXTGF2005a* frame = BX_LoadTGF(region_.regionScope, staff, measure, layer, 1, kBrvVersion);
+      EXTGF2005a* frame = BX_LoadTGF(region_.regionScope, staff, measure, layer, kLoadFlag, kBrvVersion);
       if (frame != nullptr && !VisitFrame(frame, measure)) return false;
     }
     return true;

@@ -4,21 +4,21 @@
 
 short16 BXUtilGetKeySig(short16 measure, short* keySignature) {
   EDTMeasureSpec2014 record = {};
-  if (LoadRecord(RecordTag("SOMS"), measure, &record) == 0) return 0;
+  if (LoadRecord(kMeasureSpecTag, measure, &record) == 0) return 0;
   *keySignature = record.keySignature;
   return 1;
 }
 
 short16 BXUtilGetTimeSig(short16 measure, tTimeSig* timeSignature) {
   EDTMeasureSpec2014 record = {};
-  if (LoadRecord(RecordTag("SOMS"), measure, &record) == 0) return 0;
+  if (LoadRecord(kMeasureSpecTag, measure, &record) == 0) return 0;
   *timeSignature = {record.beats, record.beatUnit};
   return 1;
 }
 
 short16 BXUtilGetStaffTrans(short16 staff, short* code) {
   EDTStaffSpec2014 record = {};
-  if (LoadRecord(RecordTag("SOIS"), staff, &record) == 0) return 0;
+  if (LoadRecord(kStaffSpecTag, staff, &record) == 0) return 0;
   *code = record.transposition;
   return 1;
 }

@@ -13,25 +13,25 @@ struct GroupKey {
 }  // namespace
 
 short16 BXUtilGetMeasureSpec(short16 measure, EDTMeasureSpec2014* spec) {
-  return LoadRecord(RecordTag("SOMS"), measure, spec);
+  return LoadRecord(kMeasureSpecTag, measure, spec);
 }
 
 short16 BXUtilPutMeasureSpec(short16 measure, EDTMeasureSpec2014* spec) {
   EDataKey key = {static_cast<std::uint16_t>(measure), 0};
-  return BX_SaveEData(RecordTag("SOMS"), &key, spec, sizeof(*spec), kBrvVersion);
+  return BX_SaveEData(kMeasureSpecTag, &key, spec, sizeof(*spec), kBrvVersion);
 }
 
-short16 BXUtilGetStaffSpec(short16 staff, EDTStaffSpec2014* spec) { return LoadRecord(RecordTag("SOIS"), staff, spec); }
+short16 BXUtilGetStaffSpec(short16 staff, EDTStaffSpec2014* spec) { return LoadRecord(kStaffSpecTag, staff, spec); }
 
 short16 BXUtilGetGroupSpec(short16 first, short16 second, EDTGroupSpec* spec) {
   GroupKey key = {{static_cast<std::uint16_t>(first), static_cast<std::uint16_t>(second)}, 0};
   std::int32_t size = sizeof(*spec);
-  return BX_LoadEData(RecordTag("SDNG"), &key.key, spec, &size, kBrvVersion);
+  return BX_LoadEData(kGroupSpecTag, &key.key, spec, &size, kBrvVersion);
 }
 
-short16 BXUtilGetPageSpec(short16 page, EDTPageSpec* spec) { return LoadRecord(RecordTag("SOPS"), page, spec); }
+short16 BXUtilGetPageSpec(short16 page, EDTPageSpec* spec) { return LoadRecord(kPageSpecTag, page, spec); }
 
-short16 BXUtilGetGeneralPrefs(EDTGeneralPrefs2008* prefs) { return LoadRecord(RecordTag("pfgp"), 0, prefs); }
+short16 BXUtilGetGeneralPrefs(EDTGeneralPrefs2008* prefs) { return LoadRecord(kGeneralPrefsTag, 0, prefs); }
 
 short16 BXUtilCountIUSlots(short16 id) {
   int slot = 1;

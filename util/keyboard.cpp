@@ -2,12 +2,10 @@
 
 #include <Carbon/Carbon.h>
 
+#include "convention.h"
 #include "modifierflags.h"
 
 namespace {
-
-constexpr unsigned kPeriodKey = 47;
-constexpr unsigned long kCommandFlag = 0x100000;
 
 bool IsDown(unsigned keyCode) {
   KeyMap keys;
@@ -23,4 +21,4 @@ int KbdUtilKeyIsDown(char keyCode) {
   return code >= 0 && IsDown(static_cast<unsigned>(code)) ? 1 : 0;
 }
 
-bool EventUtilCancelInQueue() { return (CurrentModifierFlags() & kCommandFlag) != 0 && IsDown(kPeriodKey); }
+bool EventUtilCancelInQueue() { return (CurrentModifierFlags() & kCommandModifier) != 0 && IsDown(kPeriodKey); }

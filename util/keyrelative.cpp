@@ -14,8 +14,6 @@ struct tKeySigOffsets {
   std::int16_t modeOffset;       // steps from the major to the minor tonic, 0 in major
 };
 
-enum Mode { kMajor = 0, kMinor = 1 };
-
 // Up or down to the minor tonic, so that it stays within the octave above C.
 int MinorTonicOffset(int sharps) {
   const int remainder = sharps % 7;
@@ -23,15 +21,15 @@ int MinorTonicOffset(int sharps) {
 }
 
 short16 KeySigToOffsets(short16 keySignature, tKeySigOffsets* offsets) {
-  const int mode = keySignature >> 8 & 0xFF;
-  if (!IsStandardKey(keySignature) || mode > kMinor) return kNoTonic;
+  const int mode = keySignature & 0xFF00;
+  if (!IsStandardKey(keySignature) || mode > kMinorKey) return kNoTonic;
   const int sharps = SharpsOfKey(keySignature);
   short step;
   short octave;
   UtilModDiv(4 * sharps, 7, &step, &octave);
   offsets->tonicStep = step;
   offsets->tonicAlteration = static_cast<std::int16_t>(AlterationOfFifths(sharps));
-  offsets->modeOffset = static_cast<std::int16_t>(mode == kMinor ? MinorTonicOffset(sharps) : 0);
+  offsets->modeOffset = static_cast<std::int16_t>(mode == kMinorKey ? MinorTonicOffset(sharps) : 0);
   return 0;
 }
 

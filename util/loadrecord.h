@@ -2,8 +2,6 @@
 #pragma once
 
 #include "brevixpdk.h"
-#include "integerclasses.h"
-#include "recordtag.h"
 
 // What the host answers: non-zero for success. It fills as much of the record as it has; the rest stays.
 template <class Record>

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr std::uint32_t kRawText = RecordTag("txbl");
-
 constexpr UniChar kFlatTag[] = {'^', 'f', 'l', 'a', 't', '(', ')', 0};
 constexpr int kFlatTagLength = 7;
 
@@ -28,17 +26,17 @@ void Remove(UniChar* first, const UniChar* last) {
 
 short16 BXUtilGetTextBlock(short16 block, EDTTextBlock25_4* textBlock) {
   *textBlock = {};
-  return LoadRecord(RecordTag("SOTX"), block, textBlock);
+  return LoadRecord(kTextBlockTag, block, textBlock);
 }
 
 UniChar* BXUtilLoadRawTextUTF16(short16 number) {
   EDataKey key = {static_cast<std::uint16_t>(number), 0};
   std::int32_t size = 0;
-  if (BX_LoadEData(kRawText, &key, nullptr, &size, kBrvVersion) == 0 || size < 0) return nullptr;
+  if (BX_LoadEData(kRawTextTag, &key, nullptr, &size, kBrvVersion) == 0 || size < 0) return nullptr;
   const std::int32_t allocated = size;
   auto* const text = static_cast<UniChar*>(std::malloc(static_cast<std::size_t>(allocated) + sizeof(UniChar)));
   if (text == nullptr) return nullptr;
-  if (BX_LoadEData(kRawText, &key, text, &size, kBrvVersion) == 0) {
+  if (BX_LoadEData(kRawTextTag, &key, text, &size, kBrvVersion) == 0) {
     std::free(text);
     return nullptr;
   }

@@ -1,8 +1,10 @@
-// Key signatures, staff transpositions and intervals.
+// Key signatures, staff transpositions and intervals. documentrecords.h says what the numbers of keys and the codes of
+// transpositions mean.
 #pragma once
 
 #include <cstdint>
 
+#include "documentrecords.h"
 #include "hosttypes.h"
 #include "pitch.h"
 
@@ -19,12 +21,6 @@ struct tInterval {
 };
 static_assert(sizeof(tInterval) == 4);
 
-// A key signature is a 16-bit number: its low byte is the number of sharps (positive) or flats (negative), its high
-// byte the mode, 0 major, 1 minor. From 0x4000 on it is a non-standard key.
-//
-// Examples: 0 is C major, 2 D major, 0x00FF F major, 0x0100 A minor, 0x0104 C sharp minor.
-inline constexpr short16 kNonStandardKey = 0x4000;
-
 // What BXUtilRelToAbsTCD and BXUtilAbsToRelTCD answer for a key that has no tonic: non-standard, or of an unknown mode.
 inline constexpr short16 kNoTonic = -101;
 
@@ -34,17 +30,6 @@ struct tTimeSig {
   std::int16_t beatUnit;
 };
 static_assert(sizeof(tTimeSig) == 4);
-
-// A staff's transposition is a 16-bit code that leads from sounding to written pitch, in one of two forms.
-//
-//   diatonic, bit 13 set     bits 0 to 7 the steps, bits 8 to 11 the alteration, both signed: the key stays as it is
-//   chromatic, bit 13 clear  bits 0 to 5 the change of the key in fifths, bits 6 to 11 the steps, both signed; with
-//                            bit 14 set a key of more than six sharps or flats is taken as it comes, else respelt
-//
-// Examples: 0x2007 is written an octave above its sound (a double bass); 0x0042 a major second above it, two fifths up
-// (a clarinet in B flat).
-inline constexpr int kDiatonicTransposition = 0x2000;
-inline constexpr int kKeepKey = 0x4000;
 
 extern "C" {
 

@@ -1,9 +1,8 @@
 // Document records, and the newer preference records on hosts that keep them as legacy records.
-#define BRV_DISTINCT_INTEGER_CLASSES
-
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <iterator>
 
 #include "brvassert.h"
 #include "hostfunction.h"
@@ -14,8 +13,9 @@ namespace {
 
 constexpr std::uint32_t kFretInstrument = 0x4F156649;
 constexpr std::uint32_t kFretInstrumentSize = 252;
-// Extensions built for hosts before this version save legacy records themselves. Loading has no such test: what they
-// load is the same either way.
+// Extensions built for hosts before this version save legacy records themselves.
+//
+// Compatibility: loading has no such test. What they load is the same either way.
 constexpr BrvVersion kFirstVersionWithPrefs = 0x08000000;
 
 HOST_LOOKUP(LoadLookup, BX_LoadEData);
@@ -50,12 +50,28 @@ bool IsAnyByteSet(const void* data, std::uint32_t size) {
 
 // Legacy records ----------------------------------------------------------------------------------------------------
 
-// What a preference tag without a table stands for: a row of legacy records, one after the other.
-struct LegacyRecords {
-  std::uint32_t tag = 0;  // 0: the tag needs no mapping
-  int count = 0;
-  int firstIndex = 0;
+// What the host has of a legacy record; zeros where it has none.
+LegacyRecord LoadLegacy(const LegacyAddress& address, BrvVersion version) {
+  LegacyRecord record{};
+  EDataKey key = address.Key();
+  std::int32_t size = sizeof(record);
+  LoadFromHost(address.tag, &key, &record, &size, version);
+  return record;
+}
 
+void SaveLegacy(const LegacyAddress& address, LegacyRecord record) {
+  EDataKey key = address.Key();
+  SaveToHost(address.tag, &key, &record, sizeof(record), kBrvVersion);
+}
+
+// What a preference tag without a table stands for: a row of legacy records, one after the other.
+struct LegacyRow {
+  LegacyAddress first;
+  int count = 0;  // 0: the tag needs no mapping
+
+  LegacyAddress At(int i) const {
+    return {first.tag, first.recordNumber, static_cast<std::uint16_t>(first.recordIndex + i)};
+  }
   std::uint32_t Size() const { return static_cast<std::uint32_t>(count) * sizeof(LegacyRecord); }
 };
 
@@ -81,92 +97,66 @@ constexpr PrefTag kPrefTags[] = {
 };
 
 // False when the record number is not one that the tag allows.
-bool mapPrefTag(std::uint32_t tag, int recordNumber, LegacyRecords& records) {
-  records = {};
-  if (tag >> 16 != RecordTag("pf\0\0") >> 16) return true;
+bool mapPrefTag(std::uint32_t tag, int recordNumber, LegacyRow& row) {
+  row = {};
   const auto* const found = std::find_if(std::begin(kPrefTags), std::end(kPrefTags),
                                          [tag](const PrefTag& known) { return known.tag == tag; });
   if (found == std::end(kPrefTags)) return true;
   const int index = ZeroExtend16(recordNumber - 1);
   if (found->lastNumber != 0 && index >= found->lastNumber) return false;
-  records = {found->legacyTag, found->count, found->isIndexed ? index : 0};
+  row.first = {found->legacyTag, kDocumentRecord, static_cast<std::uint16_t>(found->isIndexed ? index : 0)};
+  row.count = found->count;
   return true;
 }
 
-// What the host has of a legacy record; zeros where it has none.
-LegacyRecord LoadLegacy(std::uint32_t tag, EDataKey key, BrvVersion version) {
-  LegacyRecord record{};
-  std::int32_t size = sizeof(record);
-  LoadFromHost(tag, &key, &record, &size, version);
-  return record;
-}
-
-void SaveLegacy(std::uint32_t tag, EDataKey key, void* data) {
-  SaveToHost(tag, &key, data, sizeof(LegacyRecord), kBrvVersion);
-}
-
-EDataKey KeyOf(const LegacyRecords& records, int i) {
-  return {kDocumentRecord, static_cast<std::uint16_t>(records.firstIndex + i)};
-}
-
-void LoadRowInto(void* data, const LegacyRecords& records, BrvVersion version) {
+void LoadRowInto(void* data, const LegacyRow& row, BrvVersion version) {
   auto* bytes = static_cast<std::uint8_t*>(data);
-  for (int i = 0; i < records.count; ++i, bytes += sizeof(LegacyRecord)) {
-    const LegacyRecord record = LoadLegacy(records.tag, KeyOf(records, i), version);
+  for (int i = 0; i < row.count; ++i, bytes += sizeof(LegacyRecord)) {
+    const LegacyRecord record = LoadLegacy(row.At(i), version);
     std::memcpy(bytes, &record, sizeof(record));
   }
 }
 
-bool LoadRow(const LegacyRecords& records, void* data, std::int32_t* size, BrvVersion version) {
+bool LoadRow(const LegacyRow& row, void* data, std::int32_t* size, BrvVersion version) {
   if (size == nullptr) return false;
-  const auto whole = static_cast<std::int32_t>(records.Size());
+  const auto whole = static_cast<std::int32_t>(row.Size());
   if (data != nullptr && *size < whole) return false;
-  if (data != nullptr) LoadRowInto(data, records, version);
+  if (data != nullptr) LoadRowInto(data, row, version);
   // Last: until then the host sees the caller's size.
   *size = whole;
   return true;
 }
 
-bool SaveRow(const LegacyRecords& records, void* data, std::uint32_t size) {
-  if (data == nullptr || records.Size() > size) return false;
-  auto* record = static_cast<LegacyRecord*>(data);
-  for (int i = 0; i < records.count; ++i) SaveLegacy(records.tag, KeyOf(records, i), record++);
+bool SaveRow(const LegacyRow& row, const void* data, std::uint32_t size) {
+  if (data == nullptr || row.Size() > size) return false;
+  const auto* bytes = static_cast<const std::uint8_t*>(data);
+  for (int i = 0; i < row.count; ++i, bytes += sizeof(LegacyRecord)) {
+    LegacyRecord record;
+    std::memcpy(&record, bytes, sizeof(record));
+    SaveLegacy(row.At(i), record);
+  }
   return true;
 }
 
 // Preference records with a table -----------------------------------------------------------------------------------
 
-std::uint32_t LegacyTagOf(const PrefFieldMap& field) {
-  return RecordTag({'o', 't', field.legacyTag[0], field.legacyTag[1], '\0'});
-}
-
-EDataKey KeyOf(const PrefFieldMap& field) {
-  return {field.recordNumber == 0 ? kDocumentRecord : field.recordNumber, field.recordIndex};
-}
-
-// The work flag and the legacy record's address as one number: fields that still want the same record are alike in it.
-std::uint64_t StateOf(const PrefFieldMap& field) {
-  static_assert(offsetof(PrefFieldMap, fieldOffset) == sizeof(std::uint64_t));
-  std::uint64_t state;
-  std::memcpy(&state, &field, sizeof(state));
-  return state;
-}
-
 // Goes through the legacy records that a table needs, each once, in the order in which they first appear: loads each,
-// hands each of its fields to `forField(field, record)`, and then the record to `afterRecord(first field, record)`.
+// hands each of its fields to `forField(field, record)`, and then the record to `afterRecord(address, record)`.
 template <class ForField, class AfterRecord>
-void ForEachLegacyRecord(std::span<PrefFieldMap> map, BrvVersion version, ForField forField, AfterRecord afterRecord) {
-  for (PrefFieldMap& field : map) field.done = 0;
+void ForEachLegacyRecord(std::span<const PrefFieldMap> map, BrvVersion version, ForField forField,
+                         AfterRecord afterRecord) {
+  std::uint64_t done = 0;  // a bit a field
+  static_assert(std::size(EDTMiscDocPrefs_MAP_ARRAY) <= 64, "the longest table");
   for (std::size_t i = 0; i < map.size(); ++i) {
-    if (map[i].done != 0) continue;
-    const std::uint64_t wanted = StateOf(map[i]);
-    LegacyRecord legacy = LoadLegacy(LegacyTagOf(map[i]), KeyOf(map[i]), version);
-    for (PrefFieldMap& field : map.subspan(i)) {
-      if (StateOf(field) != wanted) continue;
-      forField(field, legacy);
-      field.done = 1;
+    if ((done >> i & 1) != 0) continue;
+    const LegacyAddress& address = map[i].legacy;
+    LegacyRecord record = LoadLegacy(address, version);
+    for (std::size_t j = i; j < map.size(); ++j) {
+      if (map[j].legacy != address) continue;
+      forField(map[j], record);
+      done |= std::uint64_t{1} << j;
     }
-    afterRecord(map[i], legacy);
+    afterRecord(address, record);
   }
 }
 
@@ -177,27 +167,28 @@ std::int32_t SizeOf(std::span<const PrefFieldMap> map) {
   return size;
 }
 
-// The room in *size is not looked at: it always was the caller's to give a whole record.
-bool LoadByTable(std::span<PrefFieldMap> map, void* data, std::int32_t* size, BrvVersion version) {
+// Compatibility: the capacity in *size is not compared with the record. Callers have always given the whole record, and
+// some of them no size.
+bool LoadByTable(std::span<const PrefFieldMap> map, void* data, std::int32_t* size, BrvVersion version) {
   if (size == nullptr) return false;
   *size = SizeOf(map);
   if (data == nullptr) return true;
   ForEachLegacyRecord(
       map, version,
-      [data](const PrefFieldMap& field, const LegacyRecord& legacy) { LoadPrefField(field, legacy, data); },
-      [](const PrefFieldMap&, const LegacyRecord&) {});
+      [data](const PrefFieldMap& field, const LegacyRecord& record) { LoadPrefField(field, record, data); },
+      [](const LegacyAddress&, const LegacyRecord&) {});
   return true;
 }
 
-// A size of two bytes a field will do, whatever the fields' sizes: callers of old give no more.
-bool SaveByTable(std::span<PrefFieldMap> map, const void* data, std::uint32_t size, BrvVersion version) {
+// Compatibility: a size of two bytes a field will do, whatever the fields' sizes. Older callers give no more.
+bool SaveByTable(std::span<const PrefFieldMap> map, const void* data, std::uint32_t size, BrvVersion version) {
   if (data == nullptr || 2 * map.size() > size) return false;
   bool changed = false;
   ForEachLegacyRecord(
       map, version,
-      [&](const PrefFieldMap& field, LegacyRecord& legacy) { changed |= StorePrefField(field, data, legacy); },
-      [&](const PrefFieldMap& field, LegacyRecord& legacy) {
-        if (changed) SaveLegacy(LegacyTagOf(field), KeyOf(field), &legacy);
+      [&](const PrefFieldMap& field, LegacyRecord& record) { changed |= StorePrefField(field, data, record); },
+      [&](const LegacyAddress& address, const LegacyRecord& record) {
+        if (changed) SaveLegacy(address, record);
         changed = false;
       });
   return true;
@@ -213,22 +204,23 @@ short16 BX_LoadEData(uint32 tag, EDataKey* key, void* data, std::int32_t* size, 
   if (tag == kFretInstrument && data != nullptr && !LoadFretInstrument(key, data, size, version)) {
     return Flag(IsAnyByteSet(data, kFretInstrumentSize));
   }
-  // The fret-instrument record is loaded a second time: hosts complete it only when they are asked again.
-  const std::span<PrefFieldMap> map = FindPrefFieldMap(tag, NumberOf(key));
+  // Compatibility: the fret-instrument record is loaded a second time. Hosts complete it only when they are asked
+  // again.
+  const std::span<const PrefFieldMap> map = FindPrefFieldMap(tag, NumberOf(key));
   if (!map.empty()) return Flag(LoadByTable(map, data, size, version));
-  LegacyRecords records;
-  if (!mapPrefTag(tag, NumberOf(key), records)) return Flag(false);
-  if (records.tag == 0) return LoadFromHost(tag, key, data, size, version);
-  return Flag(LoadRow(records, data, size, version));
+  LegacyRow row;
+  if (!mapPrefTag(tag, NumberOf(key), row)) return Flag(false);
+  if (row.count == 0) return LoadFromHost(tag, key, data, size, version);
+  return Flag(LoadRow(row, data, size, version));
 }
 
 short16 BX_SaveEData(uint32 tag, EDataKey* key, void* data, uint32 size, BrvVersion version) {
   SaveLookup::Address();
   if (version < kFirstVersionWithPrefs) return SaveToHost(tag, key, data, size, version);
-  const std::span<PrefFieldMap> map = FindPrefFieldMap(tag, NumberOf(key));
+  const std::span<const PrefFieldMap> map = FindPrefFieldMap(tag, NumberOf(key));
   if (!map.empty()) return Flag(SaveByTable(map, data, size, version));
-  LegacyRecords records;
-  if (!mapPrefTag(tag, NumberOf(key), records)) return Flag(false);
-  if (records.tag == 0) return SaveToHost(tag, key, data, size, version);
-  return Flag(SaveRow(records, data, size));
+  LegacyRow row;
+  if (!mapPrefTag(tag, NumberOf(key), row)) return Flag(false);
+  if (row.count == 0) return SaveToHost(tag, key, data, size, version);
+  return Flag(SaveRow(row, data, size));
 }

@@ -1,6 +1,4 @@
 // The definitions of the host calls, from the call table.
-#define BRV_DISTINCT_INTEGER_CLASSES
-
 #include "cleantgf.h"
 #include "hostcallmacros.h"
 #include "hostfunction.h"
@@ -37,4 +35,4 @@ bool LeaveEdit() {
 
 #define HOST_CALL_OF_ITS_OWN(...)
 
-#include "hostcalltable.h"
+#include "hostcalltable.inc"

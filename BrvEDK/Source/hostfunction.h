@@ -2,27 +2,13 @@
 #pragma once
 
 #include <atomic>
-#include <tuple>
 #include <type_traits>
 
 #include "brevixpdk.h"
-#include "integerclasses.h"
-
-#ifndef BRV_DISTINCT_INTEGER_CLASSES
-#error "define BRV_DISTINCT_INTEGER_CLASSES first: widening goes by the class of each argument"
-#endif
+#include "hostcallclasses.h"
 
 // The address of a host function, or null if the host is not bound or has no such function.
 void* FindHostFunction(const char* name);
-
-// Extends a value as its class says. The classes are ints, so nothing is taken for granted of their upper bits.
-inline short16 Widen(short16 value) { return static_cast<short16>(SignExtend16(value)); }
-inline ushort16 Widen(ushort16 value) { return static_cast<ushort16>(ZeroExtend16(value)); }
-inline flag8 Widen(flag8 value) { return static_cast<flag8>(ZeroExtend8(value)); }
-template <class T>
-T Widen(T value) {
-  return value;
-}
 
 // A number as a result of any type: the default of a function that the host lacks.
 template <class Result>
@@ -34,18 +20,15 @@ Result ResultOf(long value) {
   }
 }
 
-template <class Signature>
+template <class Signature, class Classes>
 class HostFunction;
 
-// One host function, as a static of the kit's function of the same name. Once it is found, a call costs a load, a test
-// and an indirect call; all that comes before stands out of the way in CallFirst.
-template <class Result, class... Arguments>
-class HostFunction<Result(Arguments...)> {
+// One host function, as a static of the kit's function of the same name. Signature is its type, Classes its prototype
+// in integer classes. Once it is found, a call costs a load, a test and an indirect call; all that comes before stands
+// out of the way in CallFirst.
+template <class Result, class... Arguments, class ResultClass, class... ArgumentClasses>
+class HostFunction<Result(Arguments...), ResultClass(ArgumentClasses...)> {
  public:
-  template <int index>
-  using Argument = std::tuple_element_t<index, std::tuple<Arguments...>>;
-  using ResultType = Result;
-
   // Calls the host; without the function calls nothing and returns the default. Lookup::Address finds the function.
   template <class Lookup>
   Result Call(long defaultResult, Arguments... arguments) {
@@ -69,20 +52,14 @@ class HostFunction<Result(Arguments...)> {
 
   static Result Forward(Function function, Arguments... arguments) {
     if constexpr (std::is_void_v<Result>) {
-      function(Widen(arguments)...);
+      function(Widen<ArgumentClasses>(arguments)...);
     } else {
-      return Widen(function(Widen(arguments)...));
+      return Widen<ResultClass>(function(Widen<ArgumentClasses>(arguments)...));
     }
   }
 
   std::atomic<Function> function_{nullptr};
 };
-
-template <class Signature, int index>
-using HostArgument = typename HostFunction<Signature>::template Argument<index>;
-
-template <class Signature>
-using HostReturn = typename HostFunction<Signature>::ResultType;
 
 // Declares the lookup of a host function: done once for the life of the process, under the guard of a static's
 // initialisation, and its answer is kept, that of a missing function included.
@@ -95,8 +72,8 @@ using HostReturn = typename HostFunction<Signature>::ResultType;
   }
 
 // Passes a call on to the host function of that name, which the lookup finds.
-#define FORWARD_WITH_LOOKUP(lookup, name, defaultResult, ...) \
-  static constinit HostFunction<decltype(name)> host;         \
+#define FORWARD_WITH_LOOKUP(lookup, name, defaultResult, ...)                  \
+  static constinit HostFunction<decltype(name), decltype(classes::name)> host; \
   return host.Call<lookup>(defaultResult, __VA_ARGS__)
 
 #define FORWARD_TO_HOST(name, defaultResult, ...) \

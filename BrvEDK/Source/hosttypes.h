@@ -11,20 +11,10 @@
 
 // A whole register travels for every integer, so 16-bit and 8-bit values are declared as int under the name of their
 // class: the kit keeps the low bits and extends them before a call to the host, and extends the host's result likewise.
-//
-// A source that has to tell the classes apart (the call table does) defines BRV_DISTINCT_INTEGER_CLASSES before it
-// includes anything: they are types of their own then, ints all the same, and the calls do not change.
-#ifdef BRV_DISTINCT_INTEGER_CLASSES
-enum short16 : int {};
-enum ushort16 : int {};
-enum flag8 : int {};
-enum int32 : int {};
-#else
 typedef int short16;   // the low 16 bits, sign-extended: -32768 to 32767
 typedef int ushort16;  // the low 16 bits, zero-extended: 0 to 65535
 typedef int flag8;     // the low 8 bits, zero-extended: 0 is no, all else yes
 typedef int int32;     // all 32 bits as they are
-#endif
 typedef std::uint32_t uint32;
 
 // What a host function returns when only the host knows what it is: all 64 bits, unchanged.

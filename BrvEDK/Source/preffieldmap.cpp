@@ -6,18 +6,15 @@
 
 namespace {
 
-// A legacy record's address: its tag behind the "ot", its index, its number.
+// A legacy record's address: its tag after the "ot", its index, its number.
 struct Legacy {
   char tag[3];
   std::uint16_t index = 0;
-  std::uint16_t number = 0;
+  std::uint16_t number = kDocumentRecord;
 };
 
 constexpr PrefFieldMap Field(int offset, const Legacy& record, int word, int size, PrefConversion conversion) {
-  return {.done = 0,
-          .legacyTag = {record.tag[0], record.tag[1]},
-          .recordNumber = record.number,
-          .recordIndex = record.index,
+  return {.legacy = {RecordTag({'o', 't', record.tag[0], record.tag[1], '\0'}), record.number, record.index},
           .fieldOffset = static_cast<std::int16_t>(offset),
           .wordIndex = static_cast<std::int16_t>(word),
           .fieldSize = static_cast<std::uint16_t>(size),
@@ -39,11 +36,10 @@ constexpr PrefFieldMap Byte(int offset, const Legacy& record, int word) {
 
 }  // namespace
 
-// The calls mark the fields that they have done in the tables, which are therefore not constant. The order of the
-// fields is the order in which the host is asked for its records.
+// The order of the fields is the order in which the host is asked for its records.
 // clang-format off
 
-PrefFieldMap EDTDistancePrefs_MAP_ARRAY[36] = {
+const PrefFieldMap EDTDistancePrefs_MAP_ARRAY[36] = {
     Word(0, {"21"}, 3),
     Word(2, {"21"}, 5),
     Word(4, {"59"}, 3),
@@ -82,7 +78,7 @@ PrefFieldMap EDTDistancePrefs_MAP_ARRAY[36] = {
     Word(72, {"77", 4}, 0),
 };
 
-PrefFieldMap EDTSizePrefs_MAP_ARRAY[23] = {
+const PrefFieldMap EDTSizePrefs_MAP_ARRAY[23] = {
     Word(0, {"67"}, 2),
     Word(2, {"58"}, 4),
     Long(4, {"68"}, 2),
@@ -108,7 +104,7 @@ PrefFieldMap EDTSizePrefs_MAP_ARRAY[23] = {
     Word(52, {"69"}, 0),
 };
 
-PrefFieldMap EDTMiscDocPrefs_MAP_ARRAY[49] = {
+const PrefFieldMap EDTMiscDocPrefs_MAP_ARRAY[49] = {
     Word(0, {"36"}, 4),
     Word(2, {"03"}, 4),
     Word(4, {"03"}, 5),
@@ -160,7 +156,7 @@ PrefFieldMap EDTMiscDocPrefs_MAP_ARRAY[49] = {
     Word(102, {"FI", 0, 10}, 2),
 };
 
-PrefFieldMap EDTRepeatPrefs_MAP_ARRAY[20] = {
+const PrefFieldMap EDTRepeatPrefs_MAP_ARRAY[20] = {
     Word(0, {"70"}, 0),
     Word(2, {"70"}, 1),
     Word(4, {"70"}, 2),
@@ -183,7 +179,7 @@ PrefFieldMap EDTRepeatPrefs_MAP_ARRAY[20] = {
     Word(38, {"72"}, 5),
 };
 
-PrefFieldMap EDTPianoBracePrefs_MAP_ARRAY[11] = {
+const PrefFieldMap EDTPianoBracePrefs_MAP_ARRAY[11] = {
     Long(0, {"65"}, 2),
     Long(4, {"60"}, 2),
     Long(8, {"65"}, 4),
@@ -197,7 +193,7 @@ PrefFieldMap EDTPianoBracePrefs_MAP_ARRAY[11] = {
     Long(40, {"45"}, 4),
 };
 
-PrefFieldMap EDTSmartShapePrefs_MAP_ARRAY[43] = {
+const PrefFieldMap EDTSmartShapePrefs_MAP_ARRAY[43] = {
     Word(0, {"92"}, 0),
     Word(2, {"92"}, 1),
     Word(4, {"92"}, 2),
@@ -243,7 +239,7 @@ PrefFieldMap EDTSmartShapePrefs_MAP_ARRAY[43] = {
     Word(106, {"97", 1}, 3),
 };
 
-PrefFieldMap EDTPlaybackPrefs_MAP_ARRAY[7] = {
+const PrefFieldMap EDTPlaybackPrefs_MAP_ARRAY[7] = {
     Word(0, {"13"}, 1),
     Word(2, {"39"}, 3),
     Word(4, {"36"}, 0),
@@ -253,7 +249,7 @@ PrefFieldMap EDTPlaybackPrefs_MAP_ARRAY[7] = {
     Word(12, {"37"}, 2),
 };
 
-PrefFieldMap EDTExtractPrefs_MAP_ARRAY[25] = {
+const PrefFieldMap EDTExtractPrefs_MAP_ARRAY[25] = {
     Word(0, {"77", 4}, 1),
     Word(2, {"77", 4}, 2),
     Word(4, {"77", 4}, 3),
@@ -281,7 +277,7 @@ PrefFieldMap EDTExtractPrefs_MAP_ARRAY[25] = {
     Word(44, {"77", 8}, 1),
 };
 
-PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[22] = {
+const PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[22] = {
     Long(0, {"14"}, 0),
     Long(4, {"15"}, 2),
     Word(8, {"39"}, 2),
@@ -306,7 +302,7 @@ PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[22] = {
     Word(46, {"03"}, 1),
 };
 
-PrefFieldMap EDT2005Prefs_MAP_ARRAY[11] = {
+const PrefFieldMap EDT2005Prefs_MAP_ARRAY[11] = {
     Word(0, {"69"}, 1),
     Word(2, {"20"}, 3),
     Word(4, {"39"}, 5),
@@ -321,7 +317,7 @@ PrefFieldMap EDT2005Prefs_MAP_ARRAY[11] = {
 };
 // clang-format on
 
-std::span<PrefFieldMap> FindPrefFieldMap(std::uint32_t tag, int recordNumber) {
+std::span<const PrefFieldMap> FindPrefFieldMap(std::uint32_t tag, int recordNumber) {
   switch (tag) {
     case RecordTag("pf05"):
       return EDT2005Prefs_MAP_ARRAY;
@@ -334,7 +330,8 @@ std::span<PrefFieldMap> FindPrefFieldMap(std::uint32_t tag, int recordNumber) {
     case RecordTag("pfPB"):
       return EDTPianoBracePrefs_MAP_ARRAY;
     case RecordTag("pfPF"):
-      return recordNumber == 0 ? std::span<PrefFieldMap>(EDTPageFormatPrefsScore_MAP_ARRAY) : std::span<PrefFieldMap>();
+      return recordNumber == 0 ? std::span<const PrefFieldMap>(EDTPageFormatPrefsScore_MAP_ARRAY)
+                               : std::span<const PrefFieldMap>();
     case RecordTag("pfPL"):
       return EDTPlaybackPrefs_MAP_ARRAY;
     case RecordTag("pfRP"):

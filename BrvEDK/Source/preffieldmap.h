@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <span>
 
-#include "hosttypes.h"
+#include "hostrecords.h"
 
 // How a field follows from the legacy record's words.
 enum PrefConversion : std::uint32_t {
@@ -19,16 +19,23 @@ enum PrefConversion : std::uint32_t {
   kPrefByte = 4,           // the low byte of the word; see StorePrefField for what becomes of it on its way back
 };
 
+// Where a host keeps a legacy record.
+struct LegacyAddress {
+  std::uint32_t tag = 0;
+  std::uint16_t recordNumber = kDocumentRecord;
+  std::uint16_t recordIndex = 0;
+
+  EDataKey Key() const { return {recordNumber, recordIndex}; }
+  bool operator==(const LegacyAddress&) const = default;
+};
+
 // One field of a preference record.
 struct PrefFieldMap {
-  std::uint16_t done;          // work flag of the call under way
-  char legacyTag[2];           // the legacy tag behind its "ot"
-  std::uint16_t recordNumber;  // of the legacy record's key; 0 means kDocumentRecord
-  std::uint16_t recordIndex;   // of the legacy record's key
-  std::int16_t fieldOffset;    // in the preference record, in bytes
-  std::int16_t wordIndex;      // of the legacy record's word where the field starts, 0 to 5
-  std::uint16_t fieldSize;     // 2 or 4 bytes
-  std::uint32_t conversion;    // a PrefConversion
+  LegacyAddress legacy;
+  std::int16_t fieldOffset;  // in the preference record, in bytes
+  std::int16_t wordIndex;    // of the legacy record's word where the field starts, 0 to 5
+  std::uint16_t fieldSize;   // 2 or 4 bytes
+  PrefConversion conversion;
 };
 
 // A legacy record.
@@ -38,16 +45,16 @@ struct LegacyRecord {
 };
 static_assert(sizeof(LegacyRecord) == 12);
 
-extern PrefFieldMap EDTDistancePrefs_MAP_ARRAY[36];
-extern PrefFieldMap EDTSizePrefs_MAP_ARRAY[23];
-extern PrefFieldMap EDTMiscDocPrefs_MAP_ARRAY[49];
-extern PrefFieldMap EDTRepeatPrefs_MAP_ARRAY[20];
-extern PrefFieldMap EDTPianoBracePrefs_MAP_ARRAY[11];
-extern PrefFieldMap EDTSmartShapePrefs_MAP_ARRAY[43];
-extern PrefFieldMap EDTPlaybackPrefs_MAP_ARRAY[7];
-extern PrefFieldMap EDTExtractPrefs_MAP_ARRAY[25];
-extern PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[22];
-extern PrefFieldMap EDT2005Prefs_MAP_ARRAY[11];
+extern const PrefFieldMap EDTDistancePrefs_MAP_ARRAY[36];
+extern const PrefFieldMap EDTSizePrefs_MAP_ARRAY[23];
+extern const PrefFieldMap EDTMiscDocPrefs_MAP_ARRAY[49];
+extern const PrefFieldMap EDTRepeatPrefs_MAP_ARRAY[20];
+extern const PrefFieldMap EDTPianoBracePrefs_MAP_ARRAY[11];
+extern const PrefFieldMap EDTSmartShapePrefs_MAP_ARRAY[43];
+extern const PrefFieldMap EDTPlaybackPrefs_MAP_ARRAY[7];
+extern const PrefFieldMap EDTExtractPrefs_MAP_ARRAY[25];
+extern const PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[22];
+extern const PrefFieldMap EDT2005Prefs_MAP_ARRAY[11];
 
 // The table of a preference record, or none. Of the page-format records ("pfPF") only number 0 has one.
-std::span<PrefFieldMap> FindPrefFieldMap(std::uint32_t tag, int recordNumber);
+std::span<const PrefFieldMap> FindPrefFieldMap(std::uint32_t tag, int recordNumber);

@@ -32,7 +32,7 @@ DocumentedCall ParseCall(const std::string& line) {
 #define HOST_CALL_IF(condition, otherwise, name, ...) HOST_CALL(name)
 #define HOST_CALL_OF_ITS_OWN(name, ...) HOST_CALL(name)
 const std::vector<std::pair<std::string, void*>> kFunctions = {
-#include "hostcalltable.h"
+#include "hostcalltable.inc"
 };
 
 constexpr std::size_t kMostArguments = 20;

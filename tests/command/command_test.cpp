@@ -7,7 +7,7 @@
 #include <tuple>
 
 #include "brevixpdk.h"
-#include "entrypoints.h"
+#include "convention.h"
 #include "recordinghost.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "entrypoints.h"
+#include "convention.h"
 #include "recordinghost.h"
 #include "tests/support/imageundertest.h"
 #include "tests/support/text.h"

@@ -2,53 +2,47 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstring>
 
-#include "legacyhost.h"
+#include "preffield.h"
 #include "preffieldmap.h"
 
 namespace {
 
-const Address kLegacy{Tag("ot13"), 0xFFFE, 0};  // of the first field of "pfPL", its word 1
+constexpr int kOffset = 16;  // of the field in its record
 
-class Conversion : public testing::Test {
- protected:
-  void SetUp() override { saved_ = EDTPlaybackPrefs_MAP_ARRAY[0]; }
-  void TearDown() override { EDTPlaybackPrefs_MAP_ARRAY[0] = saved_; }
-
-  std::uint32_t Load() {
-    BX_LoadEData(Tag("pfPL"), &key, record.data(), &size, kBrvVersion);
-    std::uint32_t value;
-    std::memcpy(&value, record.data() + 16, 4);
-    return value;
-  }
-  void Save(std::uint32_t value) {
-    std::memcpy(record.data() + 16, &value, 4);
-    BX_SaveEData(Tag("pfPL"), &key, record.data(), 20, kBrvVersion);
-  }
-
-  LegacyHost host;
-  EDataKey key{0, 0};
-  std::array<std::uint8_t, 32> record{};
-  std::int32_t size = 32;
-
- private:
-  PrefFieldMap saved_;
-};
-
-TEST_F(Conversion, OfALongCanTakeItsLowWordFirst) {
-  EDTPlaybackPrefs_MAP_ARRAY[0] = {0, {'1', '3'}, 0, 0, 16, 1, 4, kPrefLowWordFirst};
-  host.At(kLegacy) = {9, 0x2222, 0x1111, 9, 9, 9};
-  EXPECT_EQ(Load(), 0x11112222u);
-  Save(0x33334444);
-  EXPECT_EQ(host.At(kLegacy), (Words{9, 0x4444, 0x3333, 9, 9, 9}));
-  host.saves.clear();
-  Save(0x33334444);
-  EXPECT_TRUE(host.saves.empty());
+PrefFieldMap LongField(PrefConversion conversion) {
+  return {.legacy = {}, .fieldOffset = kOffset, .wordIndex = 1, .fieldSize = 4, .conversion = conversion};
 }
 
-TEST_F(Conversion, OfALongThatIsNoneLoadsZero) {
-  EDTPlaybackPrefs_MAP_ARRAY[0] = {0, {'1', '3'}, 0, 0, 16, 1, 4, kPrefWord};
-  EXPECT_EQ(Load(), 0u);
+std::uint32_t Loaded(PrefConversion conversion, const LegacyRecord& legacy) {
+  std::array<std::uint8_t, 32> record{};
+  LoadPrefField(LongField(conversion), legacy, record.data());
+  std::uint32_t value;
+  std::memcpy(&value, record.data() + kOffset, sizeof(value));
+  return value;
+}
+
+// Whether the legacy record changed.
+bool Store(std::uint32_t value, LegacyRecord& legacy) {
+  std::array<std::uint8_t, 32> record{};
+  std::memcpy(record.data() + kOffset, &value, sizeof(value));
+  return StorePrefField(LongField(kPrefLowWordFirst), record.data(), legacy);
+}
+
+TEST(Conversion, OfALongCanTakeItsLowWordFirst) {
+  LegacyRecord legacy = {9, 0x2222, 0x1111, 9, 9, 9};
+  EXPECT_EQ(Loaded(kPrefLowWordFirst, legacy), 0x11112222u);
+  EXPECT_TRUE(Store(0x33334444, legacy));
+  EXPECT_EQ(std::to_array(legacy.words), (std::array<std::uint16_t, 6>{9, 0x4444, 0x3333, 9, 9, 9}));
+  EXPECT_FALSE(Store(0x33334444, legacy));
+}
+
+TEST(Conversion, OfALongThatIsNoneLoadsZero) {
+  const LegacyRecord legacy = {9, 0x2222, 0x1111, 9, 9, 9};
+  for (const PrefConversion conversion : {kPrefWord, kPrefInverted, kPrefByte}) {
+    EXPECT_EQ(Loaded(conversion, legacy), 0u) << conversion;
+  }
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 #include "extension.h"
-#include "hostbundle.h"
+#include "convention.h"
 
 // Instead of the kit's main.
 extern "C" BRV_EXPORT int DoesNotBind(int, void*) __asm__(BRV_SYMBOL("main"));

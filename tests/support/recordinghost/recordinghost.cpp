@@ -1,6 +1,4 @@
 // A host that records: every host function, each of which hands its arguments to whoever listens.
-#define BRV_DISTINCT_INTEGER_CLASSES
-
 #include <array>
 #include <type_traits>
 
@@ -46,4 +44,4 @@ extern "C" BRV_EXPORT void RecordingHostListen(HostListener newListener, void* c
 #define HOST_CALL_IF(condition, otherwise, ...) HOST_CALL(__VA_ARGS__)
 #define HOST_CALL_OF_ITS_OWN(name, ...) HOST_CALL(name, 0, __VA_ARGS__)
 
-#include "hostcalltable.h"
+#include "hostcalltable.inc"

@@ -1,4 +1,12 @@
-#include "entrypoints.h"
+// What every extension has besides its own entry points: main, and the older names of these. Apart from the rest of the
+// kit, so that a program that links the kit statically keeps its own main.
+#include "convention.h"
+#include "hostbundle.h"
+
+int BrevixExtensionMain(int argc, void* argv) {
+  if (argc == 0 || argv == nullptr) return 0;
+  return InitializeGlobals() == 0 ? 1 : 0;
+}
 
 uint32 Ext_getversion() { return BrevixExtensionVersion(); }
 

@@ -1,0 +1,22 @@
+// String IDs, by which an extension names its localized texts: the number of a table in the high half, an index in the
+// low half. Both are signed.
+#pragma once
+
+#include <string>
+
+#include "hosttypes.h"
+#include "integerclasses.h"
+
+// Example: StringID(20000, 1) is 0x4E200001.
+constexpr int32 StringID(int table, int index) {
+  return static_cast<int32>(static_cast<uint32>(table) << 16 | static_cast<std::uint16_t>(index));
+}
+
+constexpr int StringTable(int32 id) { return SignExtend16(id >> 16); }
+constexpr int StringIndex(int32 id) { return SignExtend16(id); }
+
+// The key of a text in Localizable.strings: "20000,1", or the index alone for table 0.
+inline std::string StringKey(int32 id) {
+  const std::string index = std::to_string(StringIndex(id));
+  return StringTable(id) == 0 ? index : std::to_string(StringTable(id)) + "," + index;
+}
