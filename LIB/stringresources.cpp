@@ -13,7 +13,7 @@
 namespace {
 
 CFStringRef CreateKey(int id) {
-  return CFStringCreateWithCString(kCFAllocatorDefault, StringKey(id).c_str(), kCFStringEncodingUTF8);
+  return CFStringCreateWithCString(kCFAllocatorDefault, StringKey(id).text, kCFStringEncodingUTF8);
 }
 
 bool HasStringTable(CFBundleRef bundle) {

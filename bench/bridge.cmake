@@ -1,6 +1,6 @@
 add_executable(bench-bridge bridge.cpp)
 target_include_directories(bench-bridge PRIVATE ${PROJECT_SOURCE_DIR}/BrvEDK/Source)
-target_link_libraries(bench-bridge PRIVATE BrvEDK benchmark::benchmark)
+target_link_libraries(bench-bridge PRIVATE BrvEDKInternal benchmark::benchmark)
 add_library(BenchHost SHARED benchhost.cpp)
 target_include_directories(BenchHost PRIVATE ${PROJECT_SOURCE_DIR}/BrvEDK/Source)
 make_host_bundle(BenchHost)

@@ -1,2 +1,2 @@
 add_executable(bench-cleantgf cleantgf.cpp)
-target_link_libraries(bench-cleantgf PRIVATE BrvEDK benchmark::benchmark)
+target_link_libraries(bench-cleantgf PRIVATE BrvEDKInternal benchmark::benchmark)

@@ -8,9 +8,9 @@ install(FILES ${BRV_KIT_HEADERS} DESTINATION ${BRV_HEADER_FOLDER})
 install(DIRECTORY platform/include/ DESTINATION ${BRV_HEADER_FOLDER}/platform)
 install(TARGETS BrvEDK brvplatform EXPORT BrvEDKTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(EXPORT BrvEDKTargets DESTINATION ${package_folder})
+install(EXPORT BrvEDKTargets NAMESPACE BrvEDK:: DESTINATION ${package_folder})
 configure_package_config_file(cmake/package/BrvEDKConfig.cmake.in ${CMAKE_BINARY_DIR}/package/BrvEDKConfig.cmake
-                              INSTALL_DESTINATION ${package_folder} PATH_VARS BRV_HEADER_FOLDER)
+                              INSTALL_DESTINATION ${package_folder})
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/package/BrvEDKConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${CMAKE_BINARY_DIR}/package/BrvEDKConfig.cmake ${CMAKE_BINARY_DIR}/package/BrvEDKConfigVersion.cmake
               cmake/BrvExtension.cmake cmake/Info.plist.in

@@ -2,7 +2,7 @@
 // low half. Both are signed.
 #pragma once
 
-#include <string>
+#include <cstdio>
 
 #include "hosttypes.h"
 #include "integerclasses.h"
@@ -16,7 +16,16 @@ constexpr int StringTable(int32 id) { return SignExtend16(id >> 16); }
 constexpr int StringIndex(int32 id) { return SignExtend16(id); }
 
 // The key of a text in Localizable.strings: "20000,1", or the index alone for table 0.
-inline std::string StringKey(int32 id) {
-  const std::string index = std::to_string(StringIndex(id));
-  return StringTable(id) == 0 ? index : std::to_string(StringTable(id)) + "," + index;
-}
+//
+// Example: StringKey(0x4E200001).text is "20000,1".
+struct StringKey {
+  explicit StringKey(int32 id) {
+    if (StringTable(id) == 0) {
+      std::snprintf(text, sizeof(text), "%d", StringIndex(id));
+    } else {
+      std::snprintf(text, sizeof(text), "%d,%d", StringTable(id), StringIndex(id));
+    }
+  }
+
+  char text[sizeof("-32768,-32768")];
+};

@@ -1,18 +1,20 @@
-#include "entrypoints.h"
+#include <BrvEDK/brevixpdk.h>
+#include <BrvEDK/convention.h>
+#include <BrvEDK/integerclasses.h>
+#include <BrvEDK/portable.h>
+#include <BrvEDK/stringids.h>
 
 #include <string>
 
-#include "brevixpdk.h"
-#include "portable.h"
 #include "report.h"
 
 namespace {
 
 // The extension has one menu item, with the texts 1 to 3 of table 20000.
-constexpr int kItemTexts = 20000 << 16;
-constexpr int kConfirmation = 20100 << 16 | 1;
-constexpr int kAlertQuestion = 33;
-constexpr int kAlertMessage = 64;
+constexpr int kItemTable = 20000;
+constexpr int32 kConfirmation = StringID(20100, 1);
+
+bool IsItem(ushort16 itemIndex) { return ZeroExtend16(itemIndex) == 0; }
 
 }  // namespace
 
@@ -24,18 +26,18 @@ int BrevixExtensionInit(void*, std::uint32_t* word) {
 }
 
 int BrevixExtensionEnumerate_UTF16(void*, ushort16 itemIndex, MenuItemTexts* texts) {
-  if ((itemIndex & 0xFFFF) != 0) return 0;
-  PlugIn_GetStringResource(kItemTexts + 1, texts->text1, MenuItemTexts::kUnits);
-  PlugIn_GetStringResource(kItemTexts + 2, texts->text2, MenuItemTexts::kUnits);
-  PlugIn_GetStringResource(kItemTexts + 3, texts->text3, MenuItemTexts::kUnits);
+  if (!IsItem(itemIndex)) return 0;
+  PlugIn_GetStringResource(StringID(kItemTable, 1), texts->text1, MenuItemTexts::kUnits);
+  PlugIn_GetStringResource(StringID(kItemTable, 2), texts->text2, MenuItemTexts::kUnits);
+  PlugIn_GetStringResource(StringID(kItemTable, 3), texts->text3, MenuItemTexts::kUnits);
   texts->reserved = 0;
   return 1;
 }
 
 int BrevixExtensionInvoke(void* context, ushort16 itemIndex, EREGION* region, EREGION* fallback) {
-  if ((itemIndex & 0xFFFF) != 0) return 0;
+  if (!IsItem(itemIndex)) return 0;
   if (region == nullptr) {
-    if (BX_AlertMessage(context, kAlertQuestion, kConfirmation, nullptr, kBrvVersion) != 1) return 0;
+    if (BX_AlertMessage(context, kAlertQuestion, kConfirmation, nullptr, kBrvVersion) != kAlertYes) return 0;
     region = fallback;
   }
   const std::u16string text = ReportOn(*region);
@@ -45,4 +47,4 @@ int BrevixExtensionInvoke(void* context, ushort16 itemIndex, EREGION* region, ER
 
 void BrevixExtensionTerminate() {}
 
-int BrevixExtensionGetMenuStatus(void*) { return 1; }
+int BrevixExtensionGetMenuStatus() { return 1; }

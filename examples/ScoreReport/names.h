@@ -1,9 +1,9 @@
 // Intervals, pitches and keys in words.
 #pragma once
 
-#include <string>
+#include <BrvEDK/transposition.h>
 
-#include "transposition.h"
+#include <string>
 
 // "major 2nd down", "octave up", "none".
 std::string NameOf(tInterval interval);

@@ -1,17 +1,19 @@
 #include "report.h"
 
+#include <BrvEDK/brevixpdk.h>
+#include <BrvEDK/documentspecs.h>
+#include <BrvEDK/pitch.h>
+#include <BrvEDK/portable.h>
+#include <BrvEDK/stringids.h>
+#include <BrvEDK/transposition.h>
+
 #include <array>
 
-#include "brevixpdk.h"
-#include "documentspecs.h"
 #include "names.h"
-#include "pitch.h"
-#include "portable.h"
-#include "transposition.h"
 
 namespace {
 
-constexpr int kHeadings = 20200 << 16;
+constexpr int kHeadingTable = 20200;
 
 std::u16string Text(int id) {
   std::array<UniChar, 256> buffer;
@@ -85,9 +87,9 @@ std::u16string MeasureLine(int measure, const Signature& signature) {
 
 std::u16string ReportOn(const EREGION& region) {
   BXUtilSetPitchFormatting(kPitchesAsInDocument);
-  std::u16string report = Text(kHeadings + 1) + u"\n";
+  std::u16string report = Text(StringID(kHeadingTable, 1)) + u"\n";
   for (int staff = region.startStaff; staff <= region.endStaff; ++staff) report += StaffLine(region, staff);
-  report += u"\n" + Text(kHeadings + 2) + u"\n";
+  report += u"\n" + Text(StringID(kHeadingTable, 2)) + u"\n";
   Signature last;
   for (int measure = region.startMeasure; measure <= region.endMeasure; ++measure) {
     const Signature signature = SignatureOf(measure);

@@ -12,6 +12,39 @@ from installed import BUILD, SOURCE, install
 TUTORIAL = SOURCE / "docs" / "write-an-extension.md"
 EXAMPLE = SOURCE / "examples" / "ScoreReport"
 
+# A struct among the declarations, a function that stays inside, and templates of the C++ library in use.
+ODD_EXTENSION = """
+#include <BrvEDK/brevixpdk.h>
+#include <BrvEDK/convention.h>
+#include <algorithm>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+extern "C" {
+struct Pair { int first; int second; };
+BRV_EXPORT int SumOfPair(Pair pair);
+int StaysInside(Pair pair);
+}
+
+int SumOfPair(Pair pair) { return pair.first + pair.second + StaysInside(pair); }
+int StaysInside(Pair pair) {
+  std::vector<std::string> texts(static_cast<std::size_t>(pair.first), std::to_string(pair.second));
+  std::map<std::string, std::vector<Pair>> pairs;
+  for (const std::string& text : texts) pairs[text].push_back(pair);
+  std::stable_sort(texts.begin(), texts.end());
+  if (texts.empty()) throw std::invalid_argument("none");
+  return static_cast<int>(pairs.size());
+}
+uint32 BrevixExtensionVersion() { return kBrvVersion; }
+int BrevixExtensionInit(void*, std::uint32_t*) { return 1; }
+int BrevixExtensionEnumerate_UTF16(void*, ushort16, MenuItemTexts*) { return 0; }
+int BrevixExtensionInvoke(void*, ushort16, EREGION*, EREGION*) { return 0; }
+void BrevixExtensionTerminate() {}
+int BrevixExtensionGetMenuStatus() { return 1; }
+"""
+
 
 class Installed(Case):
     def setUp(self):
@@ -39,9 +72,25 @@ class Installed(Case):
     def test_kit_is_known_to_pkg_config(self):
         flags = self.sh("pkg-config --cflags --libs brvedk", PKG_CONFIG_PATH=self.prefix / "lib" / "pkgconfig")
         self.assertIn("-lBrvEDK", flags)
-        self.write("include.cpp", '#include "brevixpdk.h"\n#include "documentspecs.h"\n#include "eu16string.h"\n'
-                                  '#include "transposition.h"\n#include "textblocks.h"\n#include "portable.h"\n')
-        self.sh(f"c++ -std=c++20 -fsyntax-only {flags.split(' -L')[0]} include.cpp")
+        headers = sorted(path.name for path in (self.prefix / "include" / "BrvEDK").glob("*.h"))
+        self.assertGreater(len(headers), 15)
+        for header in headers:
+            self.write(f"include_{header}.cpp", f"#include <BrvEDK/{header}>\n#include <BrvEDK/{header}>\n")
+        self.sh(f"c++ -std=c++20 -fsyntax-only -Wall -Wextra -Werror {flags.split(' -L')[0]} include_*.cpp")
+
+    def test_extension_exports_what_its_sources_make_visible(self):
+        (self.folder / "Odd").mkdir()
+        self.write("Odd/CMakeLists.txt", "cmake_minimum_required(VERSION 3.22)\nproject(Odd CXX)\n"
+                                         "set(CMAKE_CXX_STANDARD 20)\nfind_package(BrvEDK REQUIRED)\n"
+                                         "brv_add_extension(NAME Odd IDENTIFIER org.example.Odd SOURCES odd.cpp)\n")
+        self.write("Odd/odd.cpp", ODD_EXTENSION)
+        self.sh("cmake -G Ninja -S Odd -B Odd/build && cmake --build Odd/build", CMAKE_PREFIX_PATH=self.prefix)
+        image = self.folder / "Odd/build/Odd.bundle/Contents/Linux-x86-64/Odd.so"
+        symbols = {line.split()[-1] for line in self.sh(f"nm -D --defined-only {image}").splitlines()}
+        listed = (SOURCE / "tests/extension/exports.txt").read_text().splitlines()
+        of_every_extension = {line for line in listed if not line.startswith(("#", "_Z", "NewFF", "DisposeFF"))}
+        self.assertEqual(of_every_extension - symbols, set())
+        self.assertEqual({name for name in symbols - set(listed)}, {"SumOfPair"})
 
 
 @unittest.skipUnless(shutil.which("dpkg-shlibdeps"), "no tools for Debian packages")

@@ -1,4 +1,3 @@
-#include "extension.h"
 #include "convention.h"
 
 // Instead of the kit's main.

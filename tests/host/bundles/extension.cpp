@@ -4,7 +4,7 @@
 
 #define WEAK __attribute__((weak))
 
-WEAK std::uint32_t BrevixExtensionVersion() { return kBrvVersion; }
+WEAK uint32 BrevixExtensionVersion() { return kBrvVersion; }
 
 WEAK int BrevixExtensionInit(void*, std::uint32_t* word) {
   *word = 0;
@@ -19,16 +19,18 @@ WEAK int BrevixExtensionEnumerate_UTF16(void*, int index, MenuItemTexts* texts) 
 
 WEAK int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION* fallback) {
   if (index != 0) return 0;
-  if (region == nullptr && BX_AlertMessage(nullptr, 33, 0, "All of it?", kBrvVersion) != 1) return 0;
+  if (region == nullptr && BX_AlertMessage(nullptr, kAlertQuestion, 0, "All of it?", kBrvVersion) != kAlertYes)
+    return 0;
   return HideFirstFrame(region != nullptr ? *region : *fallback);
 }
 
 WEAK void BrevixExtensionTerminate() {}
 
-WEAK int BrevixExtensionGetMenuStatus(void*) { return 1; }
+WEAK int BrevixExtensionGetMenuStatus() { return 1; }
 
 int HideFirstFrame(const EREGION& region) {
-  EXTGF2005a* const frame = BX_LoadTGF(region.regionScope, region.startStaff, region.startMeasure, 0, 1, kBrvVersion);
+  EXTGF2005a* const frame =
+      BX_LoadTGF(region.regionScope, region.startStaff, region.startMeasure, 0, kLoadFlag, kBrvVersion);
   if (frame == nullptr) return 0;
   int changed = 0;
   for (int i = 0; i < frame->entryCount; ++i) {

@@ -4,6 +4,6 @@
 
 int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION*) {
   if (index != 0 || region == nullptr) return 0;
-  BX_AlertMessage(nullptr, 64, 0, "working", kBrvVersion);
+  BX_AlertMessage(nullptr, kAlertMessage, 0, "working", kBrvVersion);
   for (;;) pause();
 }

@@ -56,6 +56,6 @@ int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION*) {
   Walk();
   Preferences();
   Edit();
-  BX_AlertMessage(nullptr, 64, 0, told.c_str(), kBrvVersion);
+  BX_AlertMessage(nullptr, kAlertMessage, 0, told.c_str(), kBrvVersion);
   return 0;
 }

@@ -6,7 +6,7 @@
 // Not a fault: an extension that has a lot to do, and says how far it is.
 int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION*) {
   if (index != 0 || region == nullptr) return 0;
-  BX_AlertMessage(nullptr, 64, 0, "working", kBrvVersion);
+  BX_AlertMessage(nullptr, kAlertMessage, 0, "working", kBrvVersion);
   void* const display = reinterpret_cast<void*>(BX_StartMassEdit(nullptr, 1000, kBrvVersion));
   while (!EventUtilCancelInQueue()) {
     BX_MassEditProgress(display, 1, 0, 0, -1, kBrvVersion);
