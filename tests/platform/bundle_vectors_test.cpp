@@ -7,22 +7,13 @@
 #include <map>
 
 #include "knowndifferences.h"
+#include "ownbundle.h"
 #include "tests/support/shared.h"
 #include "vectors.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-CFBundleRef OpenBundle(const fs::path& path, bool isDirectory = true) {
-  const std::string text = path.native();
-  const CFURLRef url = CFURLCreateFromFileSystemRepresentation(
-      kCFAllocatorDefault, reinterpret_cast<const UInt8*>(text.data()), static_cast<CFIndex>(text.size()), isDirectory);
-  if (url == nullptr) return nullptr;
-  const CFBundleRef bundle = CFBundleCreate(kCFAllocatorDefault, url);
-  CFRelease(url);
-  return bundle;
-}
 
 // "-" is English; (de-AT,en) in brackets and quotes a list.
 void SetLanguages(std::string list) {
@@ -108,13 +99,7 @@ TEST(BundleVectors, CopyResourceURL) {
     ASSERT_NE(bundle, nullptr) << row.columns[0];
     const CFStringRef names[] = {optional(row.columns[2]), optional(row.columns[3]), optional(row.columns[4])};
     const CFURLRef url = CFBundleCopyResourceURL(bundle, names[0], names[1], names[2]);
-    std::string got = "not found";
-    if (url != nullptr) {
-      UInt8 path[4096];
-      EXPECT_TRUE(CFURLGetFileSystemRepresentation(url, true, path, sizeof(path)));
-      got = fs::relative(reinterpret_cast<const char*>(path), folder);
-      CFRelease(url);
-    }
+    const std::string got = url == nullptr ? "not found" : fs::relative(TakePath(url), folder).native();
     ExpectRow(known, row, got, row.columns[5] == "found" ? row.columns[6] : "not found");
     for (const CFStringRef name : names) {
       if (name != nullptr) CFRelease(name);

@@ -64,7 +64,8 @@ BRVPLATFORM_EXPORT CFTypeRef CFRetain(CFTypeRef object);
 BRVPLATFORM_EXPORT void CFRelease(CFTypeRef object);
 BRVPLATFORM_EXPORT CFTypeID CFGetTypeID(CFTypeRef object);
 BRVPLATFORM_EXPORT Boolean CFEqual(CFTypeRef a, CFTypeRef b);
-// Writes a description of the object, for a string its text, to the standard error stream.
+// Writes a description of the object, for a string its text, to the standard error stream as UTF-8, with '?' for each
+// lone surrogate. Adds a line break to one that does not end in one.
 BRVPLATFORM_EXPORT void CFShow(CFTypeRef object);
 
 // Strings ------------------------------------------------------------------------------------------------------------
