@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "cfstring.h"
+#include "boundary.h"
 #include "textencoding.h"
 
 using namespace brvplatform;
@@ -19,7 +19,9 @@ CFTypeID CFGetTypeID(CFTypeRef object) { return ObjectOf(object).TypeID(); }
 Boolean CFEqual(CFTypeRef a, CFTypeRef b) { return a == b || ObjectOf(a).Equals(ObjectOf(b)); }
 
 void CFShow(CFTypeRef object) {
-  std::string text = object == nullptr ? "(null)" : Encode(ObjectOf(object).Description(), kCFStringEncodingUTF8);
-  if (!text.ends_with('\n')) text.push_back('\n');
-  std::fwrite(text.data(), 1, text.size(), stderr);
+  OrNothing([&] {
+    std::string text = object == nullptr ? "(null)" : Encode(ObjectOf(object).Description(), kCFStringEncodingUTF8);
+    if (!text.ends_with('\n')) text.push_back('\n');
+    std::fwrite(text.data(), 1, text.size(), stderr);
+  });
 }

@@ -65,10 +65,14 @@ class OwnBundle : public testing::Test {
   std::filesystem::path Folder() const { return top_.Path() / name_; }
   std::filesystem::path Contents() const { return Folder() / "Contents"; }
 
-  void Open(const std::string& infoPlist, const std::string& table = "") {
+  void Write(const std::string& infoPlist, const std::string& table = "") const {
     std::filesystem::create_directories(Contents() / "Resources/en.lproj");
     std::ofstream(Contents() / "Info.plist") << infoPlist;
     std::ofstream(Contents() / "Resources/en.lproj/Localizable.strings") << table;
+  }
+
+  void Open(const std::string& infoPlist, const std::string& table = "") {
+    Write(infoPlist, table);
     bundle_ = OpenBundle(Folder());
     ASSERT_NE(bundle_, nullptr);
   }
