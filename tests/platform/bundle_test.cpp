@@ -45,6 +45,36 @@ TEST_F(OwnBundle, ReadsItsTable) {
   EXPECT_EQ(Text(CFSTR("missing")), "missing");
 }
 
+TEST_F(OwnBundle, ReadsWordsWithoutQuotesFromAToZAndFrom0To9) {
+  Open("{}", "aAzZ09 = zebra/Zebra:9.0-_$; Z = Z; z = z; A = A; a = a; _ = 0; $ = 9;");
+  EXPECT_EQ(Text(CFSTR("aAzZ09")), "zebra/Zebra:9.0-_$");
+  EXPECT_EQ(Text(CFSTR("Z")), "Z");
+  EXPECT_EQ(Text(CFSTR("z")), "z");
+  EXPECT_EQ(Text(CFSTR("A")), "A");
+  EXPECT_EQ(Text(CFSTR("a")), "a");
+  EXPECT_EQ(Text(CFSTR("_")), "0");
+  EXPECT_EQ(Text(CFSTR("$")), "9");
+}
+
+// The units beside the ends of those ranges.
+class NoWord : public OwnBundle, public testing::WithParamInterface<char> {};
+
+TEST_P(NoWord, IsMadeOf) {
+  Open("{}", std::string("before = text; after = ") + GetParam() + ";");
+  EXPECT_EQ(Text(CFSTR("before")), "before");
+}
+
+INSTANTIATE_TEST_SUITE_P(Units, NoWord, testing::Values('@', '[', '`', '{', ',', ';', '#', '%', '^', '+'));
+
+TEST_F(OwnBundle, ReadsHexDigitsOfDataFrom0ToFAndNoOthers) {
+  Open("{}", "data = <09 AF af>; k = v;");
+  EXPECT_EQ(Text(CFSTR("k")), "v");
+  EXPECT_EQ(Text(CFSTR("data")), "data");
+  CFRelease(bundle_);
+  Open("{}", "data = <0g>; k = v;");
+  EXPECT_EQ(Text(CFSTR("k")), "k");
+}
+
 TEST_F(OwnBundle, LosesATableWithASyntaxErrorWhole) {
   Open("{}", "a = one; b = ;");
   EXPECT_EQ(Text(CFSTR("a")), "a");
