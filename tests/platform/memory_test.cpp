@@ -105,15 +105,8 @@ TEST_F(Strings, Constants) {
 
 TEST_F(Strings, ConstantsOfNoTextAreNone) { EXPECT_EQ(CFSTR("\xFF"), nullptr); }
 
-// A constant that memory ran out for is null where it is used.
-TEST_F(Strings, ThatAreNullAreNoTexts) {
+TEST_F(Strings, FromNoFormatAreNone) {
   EXPECT_EQ(CFStringCreateWithFormat(kCFAllocatorDefault, nullptr, nullptr), nullptr);
-  const CFBundleRef bundle = CFBundleGetMainBundle();
-  EXPECT_EQ(CFBundleGetBundleWithIdentifier(nullptr), nullptr);
-  EXPECT_EQ(CFBundleGetValueForInfoDictionaryKey(bundle, nullptr), nullptr);
-  EXPECT_EQ(CFBundleCopyResourceURL(bundle, nullptr, nullptr, nullptr), nullptr);
-  EXPECT_EQ(CFBundleCopyLocalizedString(bundle, nullptr, nullptr, nullptr), nullptr);
-  EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle, nullptr), nullptr);
 }
 
 TEST_F(Strings, AreShownWholeOrNotAtAll) {
@@ -269,6 +262,16 @@ TEST_F(Bundles, GiveTheirFunctions) {
   const CFBundleRef bundle = CFBundleGetMainBundle();
   const CFStringRef name = CFSTR("BrvFunctionOfTheProgram");
   ExpectNothingWhileMemoryRunsOut([&] { return CFBundleGetFunctionPointerForName(bundle, name) != nullptr; });
+}
+
+// A constant that memory ran out for is null where it is used.
+TEST_F(Bundles, HaveNothingForAConstantThatIsNull) {
+  Fill();
+  EXPECT_EQ(CFBundleGetBundleWithIdentifier(nullptr), nullptr);
+  EXPECT_EQ(CFBundleGetValueForInfoDictionaryKey(bundle_, nullptr), nullptr);
+  EXPECT_EQ(CFBundleCopyResourceURL(bundle_, nullptr, nullptr, nullptr), nullptr);
+  EXPECT_EQ(CFBundleCopyLocalizedString(bundle_, nullptr, nullptr, nullptr), nullptr);
+  EXPECT_EQ(CFBundleGetFunctionPointerForName(CFBundleGetMainBundle(), nullptr), nullptr);
 }
 
 TEST_F(Bundles, AreDescribed) {
