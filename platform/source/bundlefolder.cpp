@@ -2,29 +2,19 @@
 
 #include <algorithm>
 
+#include "files.h"
 #include "languages.h"
-
-namespace fs = std::filesystem;
 
 namespace brvplatform {
 namespace {
 
 constexpr const char* kInfoPlist = "Info.plist";
-constexpr const char* kLocalizationSuffix = ".lproj";
-
-bool IsFolder(const fs::path& path) {
-  std::error_code error;
-  return fs::is_directory(path, error);
-}
-
-bool Exists(const fs::path& path) {
-  std::error_code error;
-  return fs::exists(path, error);
-}
+constexpr std::string_view kLocalizationSuffix = ".lproj";
+constexpr const char* kBase = "Base";
 
 // These hold a part of a bundle and are none themselves, though an Info.plist may stand in them.
-bool IsPartOfABundle(const fs::path& folder) {
-  const fs::path name = folder.filename();
+bool IsPartOfABundle(const std::string& folder) {
+  const std::string_view name = LastName(folder);
   return name == "Contents" || name == "Resources" || name == "Support Files";
 }
 
@@ -36,47 +26,44 @@ std::string LocalizationFor(const std::vector<std::string>& localizations, const
 
 }  // namespace
 
-BundleFolder BundleFolder::At(const fs::path& top) {
-  fs::path folder = top.lexically_normal();
-  if (!folder.has_filename()) folder = folder.parent_path();
-  if (IsPartOfABundle(folder)) return {top, top, {}, top};
-  if (IsFolder(folder / "Contents")) {
-    return {top, folder / "Contents", folder / "Contents" / kInfoPlist, folder / "Contents" / "Resources"};
-  }
-  if (Exists(folder / "Resources" / kInfoPlist)) {
-    return {top, folder, folder / "Resources" / kInfoPlist, folder / "Resources"};
-  }
-  if (Exists(folder / "Support Files" / kInfoPlist)) {
-    return {top, folder, folder / "Support Files" / kInfoPlist, folder / "Resources"};
-  }
-  const fs::path resources = IsFolder(folder / "Resources") ? folder / "Resources" : folder;
-  return {top, folder, folder / kInfoPlist, resources};
+BundleFolder BundleFolder::At(const std::string& top) {
+  const std::string contents = Inside(top, "Contents");
+  const std::string resources = Inside(top, "Resources");
+  const std::string supportFiles = Inside(top, "Support Files");
+  if (IsPartOfABundle(top)) return {top, top, {}, top};
+  if (IsFolder(contents)) return {top, contents, Inside(contents, kInfoPlist), Inside(contents, "Resources")};
+  if (Exists(Inside(resources, kInfoPlist))) return {top, top, Inside(resources, kInfoPlist), resources};
+  if (Exists(Inside(supportFiles, kInfoPlist))) return {top, top, Inside(supportFiles, kInfoPlist), resources};
+  return {top, top, Inside(top, kInfoPlist), IsFolder(resources) ? resources : top};
 }
 
-fs::path BundleFolder::Executable(const std::string& name) const { return contents / "Linux-x86-64" / (name + ".so"); }
+std::string BundleFolder::Executable(const std::string& name) const {
+  return Inside(Inside(contents, "Linux-x86-64"), name + ".so");
+}
 
 std::vector<std::string> BundleFolder::Localizations() const {
-  std::vector<std::string> names;
-  std::error_code error;
-  for (fs::directory_iterator entry(resources, error), end; !error && entry != end; entry.increment(error)) {
-    const fs::path name = entry->path().filename();
-    if (name.extension() == kLocalizationSuffix && name != "Base.lproj") names.push_back(name.stem());
+  std::vector<std::string> localizations;
+  for (std::string& name : NamesIn(resources)) {
+    if (!name.ends_with(kLocalizationSuffix)) continue;
+    name.resize(name.size() - kLocalizationSuffix.size());
+    if (!name.empty() && name != kBase) localizations.push_back(std::move(name));
   }
-  std::sort(names.begin(), names.end());
-  return names;
+  std::sort(localizations.begin(), localizations.end());
+  return localizations;
 }
 
-std::optional<fs::path> BundleFolder::FindResource(const std::string& fileName, const std::string& subfolder,
-                                                   const std::string& developmentRegion) const {
-  const std::vector<std::string> localizations = Localizations();
-  std::vector<std::string> order = {LocalizationFor(localizations, developmentRegion), "Base", developmentRegion};
-  order.insert(order.end(), localizations.begin(), localizations.end());
-
-  const fs::path unlocalized = resources / subfolder / fileName;
+std::optional<std::string> BundleFolder::FindResource(const std::string& fileName, const std::string& subfolder,
+                                                      const std::string& developmentRegion) const {
+  const std::string unlocalized = Inside(Inside(resources, subfolder), fileName);
   if (Exists(unlocalized)) return unlocalized;
+
+  const std::vector<std::string> localizations = Localizations();
+  std::vector<std::string> order = {LocalizationFor(localizations, developmentRegion), kBase, developmentRegion};
+  order.insert(order.end(), localizations.begin(), localizations.end());
   for (const std::string& localization : order) {
     if (localization.empty()) continue;
-    const fs::path localized = resources / (localization + kLocalizationSuffix) / subfolder / fileName;
+    const std::string folder = Inside(resources, localization).append(kLocalizationSuffix);
+    const std::string localized = Inside(Inside(folder, subfolder), fileName);
     if (Exists(localized)) return localized;
   }
   return std::nullopt;

@@ -1,7 +1,6 @@
 // Where things stand in a bundle's folder.
 #pragma once
 
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,22 +10,23 @@ namespace brvplatform {
 // How a folder is laid out: with Contents, as a framework's version with Resources, in the older way with Support
 // Files, or flat.
 struct BundleFolder {
-  std::filesystem::path top;
-  std::filesystem::path contents;   // holds Info.plist and the folder of the executable
-  std::filesystem::path infoPlist;  // may not exist
-  std::filesystem::path resources;  // may not exist
+  std::string top;
+  std::string contents;   // holds Info.plist and the folder of the executable
+  std::string infoPlist;  // may not exist
+  std::string resources;  // may not exist
 
-  static BundleFolder At(const std::filesystem::path& top);
+  // The path is one from the root, without dots.
+  static BundleFolder At(const std::string& top);
 
-  std::filesystem::path Executable(const std::string& name) const;
+  std::string Executable(const std::string& name) const;
 
   // The names of its localizations, in alphabetical order.
   std::vector<std::string> Localizations() const;
 
   // The file of a resource: outside the localizations first, then in the one that serves the user, then in Base, in
   // that of the development region, and in any.
-  std::optional<std::filesystem::path> FindResource(const std::string& fileName, const std::string& subfolder,
-                                                    const std::string& developmentRegion) const;
+  std::optional<std::string> FindResource(const std::string& fileName, const std::string& subfolder,
+                                          const std::string& developmentRegion) const;
 };
 
 }  // namespace brvplatform

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "boundary.h"
 #include "cfobject.h"
 #include "cfstring.h"
 #include "formatspec.h"
@@ -208,8 +209,11 @@ using namespace brvplatform;
 
 CFStringRef CFStringCreateWithFormatAndArguments(CFAllocatorRef, CFDictionaryRef, CFStringRef format,
                                                  va_list arguments) {
-  std::optional<std::u16string> text = Format(UnitsOf(format), arguments);
-  return text ? NewString(std::move(*text)) : nullptr;
+  if (format == nullptr) return nullptr;
+  return OrNothing([&] {
+    std::optional<std::u16string> text = Format(UnitsOf(format), arguments);
+    return text ? NewString(std::move(*text)) : nullptr;
+  });
 }
 
 CFStringRef CFStringCreateWithFormat(CFAllocatorRef allocator, CFDictionaryRef formatOptions, CFStringRef format, ...) {

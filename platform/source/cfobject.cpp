@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "cfstring.h"
+#include "boundary.h"
 #include "textencoding.h"
 
 using namespace brvplatform;
@@ -19,6 +19,9 @@ CFTypeID CFGetTypeID(CFTypeRef object) { return ObjectOf(object).TypeID(); }
 Boolean CFEqual(CFTypeRef a, CFTypeRef b) { return a == b || ObjectOf(a).Equals(ObjectOf(b)); }
 
 void CFShow(CFTypeRef object) {
-  const std::string text = object == nullptr ? "(null)" : Encode(ObjectOf(object).Description(), kCFStringEncodingUTF8);
-  std::fprintf(stderr, "%s\n", text.c_str());
+  OrNothing([&] {
+    std::string text = object == nullptr ? "(null)" : Encode(ObjectOf(object).Description(), kCFStringEncodingUTF8);
+    if (!text.ends_with('\n')) text.push_back('\n');
+    std::fwrite(text.data(), 1, text.size(), stderr);
+  });
 }

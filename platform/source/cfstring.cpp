@@ -2,29 +2,13 @@
 
 #include <algorithm>
 #include <map>
-#include <memory>
 
-#include "cfobject.h"
+#include "boundary.h"
 #include "textencoding.h"
 
 using namespace brvplatform;
 
 namespace {
-
-class String final : public Object {
- public:
-  explicit String(std::u16string units) : units_(std::move(units)) {}
-
-  CFTypeID TypeID() const override { return kStringType; }
-  bool Equals(const Object& other) const override {
-    return other.TypeID() == kStringType && static_cast<const String&>(other).units_ == units_;
-  }
-  std::u16string Description() const override { return units_; }
-  const std::u16string& Units() const { return units_; }
-
- private:
-  std::u16string units_;
-};
 
 bool IsAscii(std::u16string_view text) {
   return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
@@ -37,7 +21,7 @@ bool IsBlank(char16_t unit) {
   return unit <= u' ' || (unit >= 0x7F && unit <= 0xA0) || (unit >= 0x2000 && unit <= 0x200B) || unit == 0x3000;
 }
 
-std::size_t SkipBlanks(const std::u16string& text, std::size_t at) {
+std::size_t SkipBlanks(std::u16string_view text, std::size_t at) {
   while (at < text.size() && IsBlank(text[at])) ++at;
   return at;
 }
@@ -46,11 +30,9 @@ std::size_t SkipBlanks(const std::u16string& text, std::size_t at) {
 
 namespace brvplatform {
 
-CFStringRef NewString(std::u16string units) { return reinterpret_cast<CFStringRef>(new String(std::move(units))); }
+CFStringRef NewString(std::u16string units) { return RefOf(*new String(std::move(units))); }
 
-const std::u16string& UnitsOf(CFStringRef string) { return static_cast<const String&>(ObjectOf(string)).Units(); }
-
-std::string Utf8Of(CFStringRef string) { return Encode(UnitsOf(string), kCFStringEncodingUTF8); }
+std::u16string_view UnitsOf(CFStringRef string) { return static_cast<const String&>(ObjectOf(string)).Units(); }
 
 bool IsString(CFTypeRef object) { return object != nullptr && CFGetTypeID(object) == kStringType; }
 
@@ -59,12 +41,14 @@ bool IsString(CFTypeRef object) { return object != nullptr && CFGetTypeID(object
 CFTypeID CFStringGetTypeID() { return kStringType; }
 
 CFStringRef CFStringCreateWithCString(CFAllocatorRef, const char* text, CFStringEncoding encoding) {
-  std::optional<std::u16string> units = Decode(text, encoding);
-  return units ? NewString(std::move(*units)) : nullptr;
+  return OrNothing([&] {
+    std::optional<std::u16string> units = Decode(text, encoding);
+    return units ? NewString(std::move(*units)) : nullptr;
+  });
 }
 
 CFStringRef CFStringCreateWithCharacters(CFAllocatorRef, const UniChar* units, CFIndex count) {
-  return NewString(std::u16string(units, units + count));
+  return OrNothing([&] { return NewString(std::u16string(units, units + count)); });
 }
 
 CFIndex CFStringGetLength(CFStringRef string) { return static_cast<CFIndex>(UnitsOf(string).size()); }
@@ -75,38 +59,44 @@ void CFStringGetCharacters(CFStringRef string, CFRange range, UniChar* units) {
 
 CFIndex CFStringGetBytes(CFStringRef string, CFRange range, CFStringEncoding encoding, UInt8 lossByte, Boolean,
                          UInt8* buffer, CFIndex bufferSize, CFIndex* usedSize) {
-  const std::u16string_view text =
-      std::u16string_view(UnitsOf(string))
-          .substr(static_cast<std::size_t>(range.location), static_cast<std::size_t>(range.length));
-  const std::size_t room = buffer == nullptr ? SIZE_MAX : static_cast<std::size_t>(bufferSize);
-  const Encoded encoded = EncodeInto(text, encoding, lossByte, room);
-  if (buffer != nullptr) std::copy(encoded.bytes.begin(), encoded.bytes.end(), buffer);
-  if (usedSize != nullptr) *usedSize = static_cast<CFIndex>(encoded.bytes.size());
-  return static_cast<CFIndex>(encoded.units);
+  if (usedSize != nullptr) *usedSize = 0;
+  return OrNothing([&] {
+    const std::u16string_view text =
+        UnitsOf(string).substr(static_cast<std::size_t>(range.location), static_cast<std::size_t>(range.length));
+    const std::size_t room = buffer == nullptr ? SIZE_MAX : static_cast<std::size_t>(bufferSize);
+    const Encoded encoded = EncodeInto(text, encoding, lossByte, room);
+    if (buffer != nullptr) std::copy(encoded.bytes.begin(), encoded.bytes.end(), buffer);
+    if (usedSize != nullptr) *usedSize = static_cast<CFIndex>(encoded.bytes.size());
+    return static_cast<CFIndex>(encoded.units);
+  });
 }
 
 Boolean CFStringGetPascalString(CFStringRef string, StringPtr buffer, CFIndex bufferSize, CFStringEncoding encoding) {
   constexpr std::size_t kLongest = 255;
-  const std::u16string& text = UnitsOf(string);
+  const std::u16string_view text = UnitsOf(string);
   if (bufferSize < 1 || text.size() > kLongest) return false;
   const std::size_t room = std::min(static_cast<std::size_t>(bufferSize - 1), kLongest);
   // The system copies a plain text whole or not at all, and converts any other as far as it goes.
   if (IsAscii(text) && text.size() > room) return false;
-  const Encoded encoded = EncodeInto(text, encoding, 0, room);
-  const bool whole = encoded.units == text.size();
-  // A text that does not convert leaves its beginning in the buffer, but no length.
-  std::copy(encoded.bytes.begin(), encoded.bytes.end(), buffer + 1);
-  buffer[0] = whole ? static_cast<unsigned char>(encoded.bytes.size()) : 0;
-  return whole;
+  return OrNothing([&] {
+    const Encoded encoded = EncodeInto(text, encoding, 0, room);
+    const bool whole = encoded.units == text.size();
+    // A text that does not convert leaves its beginning in the buffer, but no length.
+    std::copy(encoded.bytes.begin(), encoded.bytes.end(), buffer + 1);
+    buffer[0] = whole ? static_cast<unsigned char>(encoded.bytes.size()) : 0;
+    return whole;
+  });
 }
 
 Boolean CFStringGetCString(CFStringRef string, char* buffer, CFIndex bufferSize, CFStringEncoding encoding) {
   if (bufferSize < 1) return false;
-  const std::u16string& text = UnitsOf(string);
-  const Encoded encoded = EncodeInto(text, encoding, 0, static_cast<std::size_t>(bufferSize - 1));
-  if (encoded.units < text.size()) return false;
-  buffer[encoded.bytes.copy(buffer, encoded.bytes.size())] = '\0';
-  return true;
+  return OrNothing([&] {
+    const std::u16string_view text = UnitsOf(string);
+    const Encoded encoded = EncodeInto(text, encoding, 0, static_cast<std::size_t>(bufferSize - 1));
+    if (encoded.units < text.size()) return false;
+    buffer[encoded.bytes.copy(buffer, encoded.bytes.size())] = '\0';
+    return true;
+  });
 }
 
 CFIndex CFStringGetMaximumSizeForEncoding(CFIndex length, CFStringEncoding encoding) {
@@ -116,7 +106,7 @@ CFIndex CFStringGetMaximumSizeForEncoding(CFIndex length, CFStringEncoding encod
 
 SInt32 CFStringGetIntValue(CFStringRef string) {
   constexpr std::int64_t kPastEnd = std::int64_t{INT32_MAX} + 1;
-  const std::u16string& text = UnitsOf(string);
+  const std::u16string_view text = UnitsOf(string);
   std::size_t at = SkipBlanks(text, 0);
   const bool negative = at < text.size() && text[at] == u'-';
   if (at < text.size() && (text[at] == u'-' || text[at] == u'+')) at = SkipBlanks(text, at + 1);
@@ -131,8 +121,11 @@ CFComparisonResult CFStringCompare(CFStringRef a, CFStringRef b, CFStringCompare
 }
 
 CFStringRef __CFStringMakeConstantString(const char* text) {
-  static std::map<std::string, std::unique_ptr<const String>, std::less<>> constants;
-  std::unique_ptr<const String>& constant = constants[text];
-  if (!constant) constant = std::make_unique<const String>(Decode(text, kCFStringEncodingUTF8).value());
-  return reinterpret_cast<CFStringRef>(constant.get());
+  return OrNothing([&]() -> CFStringRef {
+    static std::map<std::string, String, std::less<>> constants;
+    const auto known = constants.find(text);
+    if (known != constants.end()) return RefOf(known->second);
+    std::optional<std::u16string> units = Decode(text, kCFStringEncodingUTF8);
+    return units ? RefOf(constants.try_emplace(text, std::move(*units)).first->second) : nullptr;
+  });
 }

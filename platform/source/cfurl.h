@@ -3,12 +3,15 @@
 
 #include <CoreFoundation/CoreFoundation.h>
 
-#include <filesystem>
+#include <string>
 
 namespace brvplatform {
 
-CFURLRef NewFileURL(std::filesystem::path path);
+CFURLRef NewFileURL(std::string path);
 
-const std::filesystem::path& PathOf(CFURLRef url);
+const std::string& PathOf(CFURLRef url);
+
+// For people to read: a path need not be text, and each part of it that is none gives a U+FFFD.
+std::u16string DescriptionOf(const std::string& path);
 
 }  // namespace brvplatform

@@ -20,7 +20,7 @@ bool Owns(void* handle, void* address) {
 Image Image::MainProgram() { return Image(dlopen(nullptr, RTLD_NOW)); }
 
 // To dlopen no path at all is the main program.
-Image Image::Load(const std::filesystem::path& path) {
+Image Image::Load(const std::string& path) {
   return path.empty() ? Image() : Image(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL));
 }
 

@@ -1,7 +1,7 @@
 // A loaded executable, and the functions in it.
 #pragma once
 
-#include <filesystem>
+#include <string>
 
 namespace brvplatform {
 
@@ -11,7 +11,7 @@ class Image {
   // The main program itself.
   static Image MainProgram();
   // The shared object of that path, loaded for itself alone; not open if it cannot be loaded.
-  static Image Load(const std::filesystem::path& path);
+  static Image Load(const std::string& path);
 
   bool IsOpen() const { return handle_ != nullptr; }
 

@@ -4,7 +4,6 @@
 #include <array>
 #include <cctype>
 #include <cstdlib>
-#include <sstream>
 #include <string_view>
 #include <utility>
 
@@ -75,11 +74,13 @@ const char* FirstSet(std::initializer_list<const char*> names) {
 }  // namespace
 
 std::vector<std::string> UserLanguages() {
-  std::istringstream list(FirstSet({"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"}));
+  std::string_view list = FirstSet({"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"});
   std::vector<std::string> languages;
-  for (std::string language; std::getline(list, language, ':');) {
-    language.resize(std::min(language.size(), language.find_first_of(".@")));
-    if (!language.empty()) languages.push_back(language);
+  while (!list.empty()) {
+    const std::string_view entry = list.substr(0, list.find(':'));
+    const std::string_view language = entry.substr(0, entry.find_first_of(".@"));
+    if (!language.empty()) languages.emplace_back(language);
+    list.remove_prefix(std::min(entry.size() + 1, list.size()));
   }
   return languages;
 }

@@ -2,6 +2,7 @@
 
 #include <plist/plist.h>
 
+#include <cstdlib>
 #include <memory>
 
 #include "cfstring.h"
@@ -15,6 +16,10 @@ namespace {
 
 using Node = std::unique_ptr<void, decltype([](plist_t node) { plist_free(node); })>;
 
+// Memory that the reader of property lists hands out.
+template <class Type>
+using Handed = std::unique_ptr<Type, decltype([](Type* memory) { std::free(memory); })>;
+
 Owned<CFTypeRef> ValueOf(plist_t node) {
   if (plist_get_node_type(node) != PLIST_STRING) return NewOtherValue();
   std::uint64_t length = 0;
@@ -26,18 +31,17 @@ Owned<CFTypeRef> ValueOf(plist_t node) {
 std::optional<Dictionary> DictionaryOf(plist_t root) {
   if (root == nullptr || plist_get_node_type(root) != PLIST_DICT) return std::nullopt;
   Dictionary dictionary;
-  plist_dict_iter iterator = nullptr;
-  plist_dict_new_iter(root, &iterator);
+  plist_dict_iter made = nullptr;
+  plist_dict_new_iter(root, &made);
+  const Handed<void> iterator(made);
   while (true) {
-    char* key = nullptr;
+    char* name = nullptr;
     plist_t value = nullptr;
-    plist_dict_next_item(root, iterator, &key, &value);
-    if (key == nullptr) break;
-    if (std::optional<std::u16string> units = DecodeUtf8(key)) dictionary[std::move(*units)] = ValueOf(value);
-    std::free(key);
+    plist_dict_next_item(root, iterator.get(), &name, &value);
+    if (name == nullptr) return dictionary;
+    const Handed<char> key(name);
+    if (std::optional<std::u16string> units = DecodeUtf8(key.get())) dictionary[std::move(*units)] = ValueOf(value);
   }
-  std::free(iterator);
-  return dictionary;
 }
 
 std::optional<Dictionary> ParseBinary(std::string_view bytes) {

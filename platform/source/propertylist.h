@@ -3,6 +3,7 @@
 
 #include <CoreFoundation/CoreFoundation.h>
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -13,7 +14,7 @@
 namespace brvplatform {
 
 // The top level of a property list. Values that are no strings are kept as objects without a use.
-using Dictionary = std::map<std::u16string, Owned<CFTypeRef>>;
+using Dictionary = std::map<std::u16string, Owned<CFTypeRef>, std::less<>>;
 
 // The dictionary in the bytes of a file: XML, binary, or the old text form with or without braces. Nothing, if the file
 // is broken anywhere: a list is read whole or not at all.

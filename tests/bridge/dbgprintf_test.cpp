@@ -1,3 +1,4 @@
+// Everything that is printed is compared, to its last byte.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -6,29 +7,32 @@
 
 namespace {
 
-std::string Printed(const std::string& text) {
+template <class... Arguments>
+std::string Printed(const char* format, Arguments... arguments) {
   testing::internal::CaptureStderr();
-  DbgPrintF("%s", text.c_str());
+  DbgPrintF(format, arguments...);
   return testing::internal::GetCapturedStderr();
 }
 
-TEST(DbgPrintF, FormatsLikePrintf) {
-  testing::internal::CaptureStderr();
-  DbgPrintF("measure %d, %s, %.2f%%", -3, "layer", 1.5);
-  EXPECT_EQ(testing::internal::GetCapturedStderr().substr(0, 24), "measure -3, layer, 1.50%");
+TEST(DbgPrintF, FormatsLikePrintfAndEndsTheLine) {
+  EXPECT_EQ(Printed("measure %d, %s, %.2f%%", -3, "layer", 1.5), "measure -3, layer, 1.50%\n");
 }
 
-TEST(DbgPrintF, EndsWithALineBreak) { EXPECT_EQ(Printed("a").substr(0, 2), "a\n"); }
+TEST(DbgPrintF, EndsALineOnce) {
+  EXPECT_EQ(Printed("%s", "a"), "a\n");
+  EXPECT_EQ(Printed("%s", ""), "\n");
+}
+
+TEST(DbgPrintF, KeepsALineBreakOfTheTextBeforeItsOwn) { EXPECT_EQ(Printed("%s", "a\n"), "a\n\n"); }
 
 TEST(DbgPrintF, CutsOutputAt4095Characters) {
-  const std::string printed = Printed(std::string(5000, 'x'));
-  EXPECT_EQ(printed.substr(0, 4096), std::string(4095, 'x') + "\n");
-  EXPECT_EQ(printed.find('x', 4096), std::string::npos);
+  EXPECT_EQ(Printed("%s", std::string(5000, 'x').c_str()), std::string(4095, 'x') + "\n");
+  EXPECT_EQ(Printed("%s", std::string(4095, 'x').c_str()), std::string(4095, 'x') + "\n");
 }
 
 TEST(DbgPrintF, KeepsNothingOfAnEarlierLine) {
-  Printed("a long line");
-  EXPECT_EQ(Printed("b").substr(0, 2), "b\n");
+  Printed("%s", "a long line");
+  EXPECT_EQ(Printed("%s", "b"), "b\n");
 }
 
 }  // namespace

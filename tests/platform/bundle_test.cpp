@@ -2,57 +2,11 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <string>
 
+#include "ownbundle.h"
+
 namespace {
-
-namespace fs = std::filesystem;
-
-CFBundleRef OpenBundle(const std::string& path) {
-  const CFURLRef url = CFURLCreateFromFileSystemRepresentation(
-      kCFAllocatorDefault, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), true);
-  const CFBundleRef bundle = CFBundleCreate(kCFAllocatorDefault, url);
-  CFRelease(url);
-  return bundle;
-}
-
-// A bundle of a given Info.plist and table, gone after the test.
-class OwnBundle : public testing::Test {
- protected:
-  void SetUp() override {
-    std::string name = fs::temp_directory_path() / "brv-platform-XXXXXX";
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder_ = name;
-    fs::create_directories(folder_ / "Own.bundle/Contents/Resources/en.lproj");
-    setenv("LANGUAGE", "en", 1);
-  }
-
-  void TearDown() override {
-    if (bundle_ != nullptr) CFRelease(bundle_);
-    fs::remove_all(folder_);
-  }
-
-  void Open(const std::string& infoPlist, const std::string& table = "") {
-    std::ofstream(folder_ / "Own.bundle/Contents/Info.plist") << infoPlist;
-    std::ofstream(folder_ / "Own.bundle/Contents/Resources/en.lproj/Localizable.strings") << table;
-    bundle_ = OpenBundle(folder_ / "Own.bundle");
-    ASSERT_NE(bundle_, nullptr);
-  }
-
-  std::string Text(CFStringRef key) const {
-    const CFStringRef text = CFBundleCopyLocalizedString(bundle_, key, key, nullptr);
-    char buffer[64];
-    EXPECT_TRUE(CFStringGetCString(text, buffer, sizeof(buffer), kCFStringEncodingUTF8));
-    CFRelease(text);
-    return buffer;
-  }
-
-  fs::path folder_;
-  CFBundleRef bundle_ = nullptr;
-};
 
 TEST_F(OwnBundle, WithoutAnExecutableHasNoFunctions) {
   Open("{ CFBundleIdentifier = x; }");
@@ -78,7 +32,7 @@ TEST_F(OwnBundle, IsFoundByItsIdentifierAsLongAsItLives) {
 
 TEST_F(OwnBundle, IsOneObjectForItsFolder) {
   Open("{}");
-  const CFBundleRef again = OpenBundle(folder_ / "Own.bundle/Contents/..");
+  const CFBundleRef again = OpenBundle(Contents() / "..");
   EXPECT_EQ(again, bundle_);
   CFRelease(again);
 }
@@ -89,6 +43,36 @@ TEST_F(OwnBundle, ReadsItsTable) {
   EXPECT_EQ(Text(CFSTR("plain")), "word");
   EXPECT_EQ(Text(CFSTR("lone")), "lone");
   EXPECT_EQ(Text(CFSTR("missing")), "missing");
+}
+
+TEST_F(OwnBundle, ReadsWordsWithoutQuotesFromAToZAndFrom0To9) {
+  Open("{}", "aAzZ09 = zebra/Zebra:9.0-_$; Z = Z; z = z; A = A; a = a; _ = 0; $ = 9;");
+  EXPECT_EQ(Text(CFSTR("aAzZ09")), "zebra/Zebra:9.0-_$");
+  EXPECT_EQ(Text(CFSTR("Z")), "Z");
+  EXPECT_EQ(Text(CFSTR("z")), "z");
+  EXPECT_EQ(Text(CFSTR("A")), "A");
+  EXPECT_EQ(Text(CFSTR("a")), "a");
+  EXPECT_EQ(Text(CFSTR("_")), "0");
+  EXPECT_EQ(Text(CFSTR("$")), "9");
+}
+
+// The units beside the ends of those ranges.
+class NoWord : public OwnBundle, public testing::WithParamInterface<char> {};
+
+TEST_P(NoWord, IsMadeOf) {
+  Open("{}", std::string("before = text; after = ") + GetParam() + ";");
+  EXPECT_EQ(Text(CFSTR("before")), "before");
+}
+
+INSTANTIATE_TEST_SUITE_P(Units, NoWord, testing::Values('@', '[', '`', '{', ',', ';', '#', '%', '^', '+'));
+
+TEST_F(OwnBundle, ReadsHexDigitsOfDataFrom0ToFAndNoOthers) {
+  Open("{}", "data = <09 AF af>; k = v;");
+  EXPECT_EQ(Text(CFSTR("k")), "v");
+  EXPECT_EQ(Text(CFSTR("data")), "data");
+  CFRelease(bundle_);
+  Open("{}", "data = <0g>; k = v;");
+  EXPECT_EQ(Text(CFSTR("k")), "k");
 }
 
 TEST_F(OwnBundle, LosesATableWithASyntaxErrorWhole) {
@@ -120,13 +104,7 @@ TEST_F(HostBundle, GivesNoFunctionOfAnotherImage) {
 }
 
 TEST_F(HostBundle, KnowsItsExecutable) {
-  const CFURLRef url = CFBundleCopyExecutableURL(bundle_);
-  ASSERT_NE(url, nullptr);
-  UInt8 path[4096];
-  EXPECT_TRUE(CFURLGetFileSystemRepresentation(url, true, path, sizeof(path)));
-  EXPECT_EQ(fs::path(reinterpret_cast<const char*>(path)).filename(), "RecordingHost.so");
-  EXPECT_FALSE(CFURLGetFileSystemRepresentation(url, true, path, 5));
-  CFRelease(url);
+  EXPECT_EQ(TakePath(CFBundleCopyExecutableURL(bundle_)).filename(), "RecordingHost.so");
 }
 
 extern "C" __attribute__((visibility("default"))) int BrvFunctionOfTheProgram() { return 42; }

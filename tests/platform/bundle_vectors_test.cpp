@@ -7,22 +7,13 @@
 #include <map>
 
 #include "knowndifferences.h"
+#include "ownbundle.h"
 #include "tests/support/shared.h"
 #include "vectors.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-CFBundleRef OpenBundle(const fs::path& path, bool isDirectory = true) {
-  const std::string text = path.native();
-  const CFURLRef url = CFURLCreateFromFileSystemRepresentation(
-      kCFAllocatorDefault, reinterpret_cast<const UInt8*>(text.data()), static_cast<CFIndex>(text.size()), isDirectory);
-  if (url == nullptr) return nullptr;
-  const CFBundleRef bundle = CFBundleCreate(kCFAllocatorDefault, url);
-  CFRelease(url);
-  return bundle;
-}
 
 // "-" is English; (de-AT,en) in brackets and quotes a list.
 void SetLanguages(std::string list) {
@@ -44,26 +35,44 @@ CFStringRef MakeUtf8(const std::string& text) {
   return CFStringCreateWithCString(kCFAllocatorDefault, text.c_str(), kCFStringEncodingUTF8);
 }
 
-// The cases that are made of symbolic links, and one of the links.
-const std::map<std::string, std::string> kLinks = {{"symlink", "link.bundle"},
-                                                   {"dangling", "dangling.bundle"},
-                                                   {"framework", "fw.framework/Resources"},
-                                                   {"framework_resources", "fw.framework/Resources"}};
+// The symbolic links among the cases, and what they lead to. A copy of the cases may hold plain files in their place.
+const std::map<std::string, std::string> kLinks = {{"link.bundle", "full.bundle"},
+                                                   {"dangling.bundle", "gone.bundle"},
+                                                   {"fw.framework/Versions/Current", "A"},
+                                                   {"fw.framework/Resources", "Versions/Current/Resources"},
+                                                   {"fw.framework/fw", "Versions/Current/fw"}};
+
+// A copy that can be written to, whatever the rights of the original.
+void CopyFolder(const fs::path& from, const fs::path& to) {
+  fs::create_directories(to);
+  for (const fs::directory_entry& entry : fs::directory_iterator(from)) {
+    const fs::path target = to / entry.path().filename();
+    if (entry.is_directory() && !entry.is_symlink()) {
+      CopyFolder(entry.path(), target);
+    } else {
+      fs::copy(entry.path(), target, fs::copy_options::copy_symlinks);
+    }
+  }
+}
+
+void MakeCases(const fs::path& folder) {
+  CopyFolder(VectorFolder() / "bundle-cases", folder);
+  for (const auto& [link, target] : kLinks) {
+    ASSERT_TRUE(fs::remove(folder / link)) << link;
+    fs::create_symlink(target, folder / link);
+  }
+}
 
 TEST(BundleVectors, Create) {
   const fs::path table = VectorFolder() / "bundles.tsv";
   SKIP_WITHOUT(table);
+  const TemporaryFolder folder;
+  MakeCases(folder.Path() / "bundle-cases");
   const fs::path before = fs::current_path();
-  fs::current_path(VectorFolder() / "bundle-cases");
+  fs::current_path(folder.Path() / "bundle-cases");
   for (const VectorRow& row : ReadVectors(table)) {
     SCOPED_TRACE(row.columns[0]);
-    // The copy of the cases may have lost its symbolic links.
-    if (kLinks.contains(row.columns[0]) && !fs::is_symlink(kLinks.at(row.columns[0]))) continue;
-    // The row was taken from a folder beside the cases.
-    constexpr std::string_view kFromBeside = "./../bundle-cases/";
-    std::string path = row.columns[2];
-    if (path.starts_with(kFromBeside)) path.erase(0, kFromBeside.size() - 2).front() = '.';
-    const CFBundleRef bundle = OpenBundle(path, row.columns[3] == "dir");
+    const CFBundleRef bundle = OpenBundle(row.columns[2], row.columns[3] == "dir");
     EXPECT_EQ(bundle != nullptr, row.columns[4] == "nonnull");
     if (bundle == nullptr) continue;
     const std::string executable = Utf8(CFBundleGetValueForInfoDictionaryKey(bundle, kCFBundleExecutableKey));
@@ -108,13 +117,7 @@ TEST(BundleVectors, CopyResourceURL) {
     ASSERT_NE(bundle, nullptr) << row.columns[0];
     const CFStringRef names[] = {optional(row.columns[2]), optional(row.columns[3]), optional(row.columns[4])};
     const CFURLRef url = CFBundleCopyResourceURL(bundle, names[0], names[1], names[2]);
-    std::string got = "not found";
-    if (url != nullptr) {
-      UInt8 path[4096];
-      EXPECT_TRUE(CFURLGetFileSystemRepresentation(url, true, path, sizeof(path)));
-      got = fs::relative(reinterpret_cast<const char*>(path), folder);
-      CFRelease(url);
-    }
+    const std::string got = url == nullptr ? "not found" : fs::relative(TakePath(url), folder).native();
     ExpectRow(known, row, got, row.columns[5] == "found" ? row.columns[6] : "not found");
     for (const CFStringRef name : names) {
       if (name != nullptr) CFRelease(name);

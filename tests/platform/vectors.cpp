@@ -1,5 +1,7 @@
 #include "vectors.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdio>
 #include <fstream>
 #include <numeric>
@@ -42,6 +44,7 @@ std::vector<VectorRow> ReadVectors(const std::filesystem::path& table) {
     }
     rows.push_back(std::move(row));
   }
+  EXPECT_FALSE(rows.empty()) << table << " says nothing";
   return rows;
 }
 

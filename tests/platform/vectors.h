@@ -12,7 +12,7 @@ struct VectorRow {
   std::vector<std::string> columns;
 };
 
-// The rows of a table of ../shared/platform-vectors.
+// The rows of a table of ../shared/platform-vectors: one at least, or the test fails.
 std::vector<VectorRow> ReadVectors(const std::filesystem::path& table);
 
 std::filesystem::path VectorFolder();

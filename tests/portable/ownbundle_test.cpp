@@ -9,6 +9,7 @@
 
 #include "portable.h"
 #include "recordinghost.h"
+#include "tests/support/assertions.h"
 #include "tests/support/imageundertest.h"
 #include "tests/support/text.h"
 
@@ -103,15 +104,14 @@ TEST_F(OwnBundle, IsFoundByClimbingFromTheExecutable) {
 
 class OwnBundleDeathTest : public OwnBundle {};
 
-constexpr const char* kMessage = "LIB/portable:176: CopyPlugInStringResource: Assertion `bundleRef != NULL' failed";
-
 TEST_F(OwnBundleDeathTest, AnExecutableOutsideOfAnyBundleOnARelativePathFailsTheAssertion) {
   fs::copy(Contents() / "Linux-x86-64/LegerLines.so", folder_ / "Alone.so");
   const auto ask = [&] {
     fs::current_path(folder_);
     reinterpret_cast<CFStringRef (*)(int)>(Load("./Alone.so", "CopyPlugInStringResource"))(1);
   };
-  EXPECT_DEATH(ask(), kMessage);
+  EXPECT_DEATH(ask(),
+               testing::StrEq(AssertionMessage("CopyPlugInStringResource", "LIB/portable:176", "bundleRef != NULL")));
 }
 
 }  // namespace

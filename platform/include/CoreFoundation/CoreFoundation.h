@@ -1,6 +1,7 @@
 // The part of CoreFoundation that the product calls, for Linux. Names, values and behaviour are those of the macOS
 // framework. A reference from a function named Create or Copy belongs to the caller, who ends it with CFRelease; one
-// from a function named Get belongs to the object it was got from. Objects may be used from one thread at a time.
+// from a function named Get belongs to the object it was got from. Objects may be used from one thread at a time. No
+// call throws: one that memory runs out for, or whose files fail, answers null, 0 or false, and can be made again.
 #pragma once
 
 #include <stdarg.h>
@@ -64,7 +65,8 @@ BRVPLATFORM_EXPORT CFTypeRef CFRetain(CFTypeRef object);
 BRVPLATFORM_EXPORT void CFRelease(CFTypeRef object);
 BRVPLATFORM_EXPORT CFTypeID CFGetTypeID(CFTypeRef object);
 BRVPLATFORM_EXPORT Boolean CFEqual(CFTypeRef a, CFTypeRef b);
-// Writes a description of the object, for a string its text, to the standard error stream.
+// Writes a description of the object, for a string its text, to the standard error stream as UTF-8, with '?' for each
+// lone surrogate. Adds a line break to one that does not end in one.
 BRVPLATFORM_EXPORT void CFShow(CFTypeRef object);
 
 // Strings ------------------------------------------------------------------------------------------------------------
@@ -91,7 +93,8 @@ BRVPLATFORM_EXPORT CFIndex CFStringGetMaximumSizeForEncoding(CFIndex length, CFS
 BRVPLATFORM_EXPORT SInt32 CFStringGetIntValue(CFStringRef string);
 BRVPLATFORM_EXPORT CFComparisonResult CFStringCompare(CFStringRef a, CFStringRef b, CFStringCompareFlags options);
 
-// A string that lives for ever, from a literal.
+// A string that lives for ever, from a literal in UTF-8; null if memory runs out. Where calls want a format, a key, a
+// name or an identifier, null is one of which nothing is known: they answer null.
 BRVPLATFORM_EXPORT CFStringRef __CFStringMakeConstantString(const char* text);
 #define CFSTR(literal) __CFStringMakeConstantString("" literal "")
 

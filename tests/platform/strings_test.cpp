@@ -1,0 +1,125 @@
+// Ranges of strings, and the encodings that no table tells of.
+#include <CoreFoundation/CoreFoundation.h>
+#include <gtest/gtest.h>
+
+#include "vectors.h"
+
+namespace {
+
+constexpr UniChar kUntouched = 0xAAAA;
+
+std::u16string Characters(const std::u16string& text, CFIndex location, CFIndex length) {
+  const CFStringRef string = MakeString(text);
+  std::u16string units(text.size() + 1, char16_t{kUntouched});
+  CFStringGetCharacters(string, CFRangeMake(location, length), reinterpret_cast<UniChar*>(units.data()));
+  CFRelease(string);
+  EXPECT_EQ(units[static_cast<std::size_t>(length)], kUntouched) << "more than the range";
+  return units.substr(0, static_cast<std::size_t>(length));
+}
+
+struct Converted {
+  CFIndex units;
+  CFIndex size;
+  std::string bytes;
+  bool operator==(const Converted&) const = default;
+};
+
+// What printing a failure shows.
+std::ostream& operator<<(std::ostream& out, const Converted& converted) {
+  return out << converted.units << " units, " << converted.size << " bytes: " << HexOfBytes(converted.bytes);
+}
+
+Converted Bytes(const std::u16string& text, CFStringEncoding encoding, CFRange range, std::size_t room = 64) {
+  const CFStringRef string = MakeString(text);
+  std::string bytes(room, '\xAA');
+  Converted converted{0, -1, ""};
+  converted.units = CFStringGetBytes(string, range, encoding, '?', false, reinterpret_cast<UInt8*>(bytes.data()),
+                                     static_cast<CFIndex>(room), &converted.size);
+  CFRelease(string);
+  converted.bytes = bytes.substr(0, static_cast<std::size_t>(converted.size));
+  EXPECT_EQ(bytes.find_first_not_of('\xAA', converted.bytes.size()), std::string::npos) << "more than it says";
+  return converted;
+}
+
+Converted Bytes(const std::u16string& text, CFStringEncoding encoding, std::size_t room = 64) {
+  return Bytes(text, encoding, CFRangeMake(0, static_cast<CFIndex>(text.size())), room);
+}
+
+std::u16string Text(const std::string& bytes, CFStringEncoding encoding) {
+  const CFStringRef string = CFStringCreateWithCString(kCFAllocatorDefault, bytes.c_str(), encoding);
+  return UnitsFromHex(TakeHex(string));
+}
+
+TEST(Characters, AreThoseOfTheRange) {
+  EXPECT_EQ(Characters(u"abcdef", 0, 6), u"abcdef");
+  EXPECT_EQ(Characters(u"abcdef", 2, 3), u"cde");
+  EXPECT_EQ(Characters(u"abcdef", 5, 1), u"f");
+  EXPECT_EQ(Characters(u"abcdef", 6, 0), u"");
+  EXPECT_EQ(Characters(u"a\U0001D11Eb", 2, 2), std::u16string({0xDD1E, u'b'})) << "a range may begin inside of a pair";
+}
+
+TEST(Bytes, AreThoseOfTheRange) {
+  EXPECT_EQ(Bytes(u"abcdef", kCFStringEncodingASCII, CFRangeMake(2, 3)), (Converted{3, 3, "cde"}));
+  EXPECT_EQ(Bytes(u"ab\u00e9def", kCFStringEncodingMacRoman, CFRangeMake(2, 2)), (Converted{2, 2, "\x8E\x64"}));
+  EXPECT_EQ(Bytes(u"ab\u00e9def", kCFStringEncodingUTF8, CFRangeMake(1, 2)), (Converted{2, 3, "b\u00e9"}));
+  EXPECT_EQ(Bytes(u"abc", kCFStringEncodingUTF16BE, CFRangeMake(1, 1)), (Converted{1, 2, std::string("\0b", 2)}));
+  EXPECT_EQ(Bytes(u"abc", kCFStringEncodingUTF8, CFRangeMake(3, 0)), (Converted{0, 0, ""}));
+}
+
+TEST(Bytes, OfARangeBehindTheEndAreNone) {
+  EXPECT_EQ(Bytes(u"abc", kCFStringEncodingUTF8, CFRangeMake(4, 1)), (Converted{0, 0, ""}));
+  EXPECT_EQ(Bytes(u"abc", kCFStringEncodingUTF8, CFRangeMake(-1, 1)), (Converted{0, 0, ""}));
+}
+
+TEST(Bytes, OfAnUnknownEncodingAreNone) {
+  EXPECT_EQ(Bytes(u"abc", CFStringEncoding{0x7777}), (Converted{0, 0, ""}));
+  EXPECT_EQ(CFStringCreateWithCString(kCFAllocatorDefault, "abc", CFStringEncoding{0x7777}), nullptr);
+}
+
+TEST(Utf16, IsWrittenInTheOrderOfItsNameWithoutAMark) {
+  using namespace std::string_literals;
+  const std::u16string text = u"a\u3042\U0001D11E";
+  EXPECT_EQ(Bytes(text, kCFStringEncodingUTF16BE), (Converted{4, 8, "\x00\x61\x30\x42\xD8\x34\xDD\x1E"s}));
+  EXPECT_EQ(Bytes(text, kCFStringEncodingUTF16LE), (Converted{4, 8, "\x61\x00\x42\x30\x34\xD8\x1E\xDD"s}));
+  // The machine's own order.
+  EXPECT_EQ(Bytes(text, kCFStringEncodingUTF16), (Converted{4, 8, "\x61\x00\x42\x30\x34\xD8\x1E\xDD"s}));
+}
+
+TEST(Utf16, IsWrittenAsFarAsWholeUnitsFit) {
+  EXPECT_EQ(Bytes(u"\u3042\u3044", kCFStringEncodingUTF16BE, 3), (Converted{1, 2, "\x30\x42"}));
+  EXPECT_EQ(Bytes(u"\u3042\u3044", kCFStringEncodingUTF16LE, 1), (Converted{0, 0, ""}));
+}
+
+TEST(Utf16, IsReadInTheOrderOfItsName) {
+  EXPECT_EQ(Text("\x30\x42\xD8\x34\xDD\x1E", kCFStringEncodingUTF16BE), u"\u3042\U0001D11E");
+  EXPECT_EQ(Text("\x42\x30\x34\xD8\x1E\xDD", kCFStringEncodingUTF16LE), u"\u3042\U0001D11E");
+}
+
+TEST(Utf16, IsReadByItsMarkElseInTheMachinesOrder) {
+  EXPECT_EQ(Text("\xFE\xFF\x30\x42", kCFStringEncodingUTF16), u"\u3042");
+  EXPECT_EQ(Text("\xFF\xFE\x42\x30", kCFStringEncodingUTF16), u"\u3042");
+  EXPECT_EQ(Text("\x42\x30", kCFStringEncodingUTF16), u"\u3042");
+}
+
+TEST(Utf16, NeedsTwoBytesAUnit) {
+  EXPECT_EQ(CFStringGetMaximumSizeForEncoding(3, kCFStringEncodingUTF16), 6);
+  EXPECT_EQ(CFStringGetMaximumSizeForEncoding(3, kCFStringEncodingUTF16BE), 6);
+  EXPECT_EQ(CFStringGetMaximumSizeForEncoding(3, kCFStringEncodingUTF16LE), 6);
+}
+
+TEST(LoneSurrogates, EndWhatIsWrittenAsUtf8) {
+  EXPECT_EQ(Bytes({u'a', 0xD834, u'b'}, kCFStringEncodingUTF8), (Converted{1, 1, "a"}));
+  EXPECT_EQ(Bytes({0xDD1E, 0xD834}, kCFStringEncodingUTF8), (Converted{0, 0, ""}));
+}
+
+TEST(LoneSurrogates, AreUnitsLikeOthersInUtf16) {
+  EXPECT_EQ(Bytes({0xD834, u'b'}, kCFStringEncodingUTF16BE), (Converted{2, 4, std::string("\xD8\x34\0b", 4)}));
+  EXPECT_EQ(Text("\xD8\x34\x30\x42", kCFStringEncodingUTF16BE), std::u16string({0xD834, 0x3042}));
+}
+
+TEST(LoneSurrogates, GiveTheLossByteInBytes) {
+  EXPECT_EQ(Bytes({u'a', 0xD834, u'b'}, kCFStringEncodingMacRoman), (Converted{3, 3, "a?b"}));
+  EXPECT_EQ(Bytes({u'a', 0xDD1E, u'b'}, kCFStringEncodingASCII), (Converted{3, 3, "a?b"}));
+}
+
+}  // namespace
