@@ -1,4 +1,5 @@
-// A function that is called before the host is bound stays without its host function for good.
+// A function that is called before the host is bound stays without its host function for good. Each test wants a
+// process that is not bound yet.
 #include <gtest/gtest.h>
 
 #include "brevixpdk.h"
@@ -17,6 +18,19 @@ TEST(BindingLater, LeavesAFunctionThatWasCalledEarlierInert) {
   EXPECT_EQ(BX_GetMaxLayers(kBrvVersion), 4);
   EXPECT_EQ(host.Count("BX_GetMaxLayers"), 0);
   EXPECT_EQ(BX_GetWindowCount(kBrvVersion), 3);
+}
+
+TEST(BindingLater, LeavesEndAndCancelAliveThatHadNoEditToLeave) {
+  ASSERT_EQ(GetBrevixBundleRef(), nullptr);
+  EXPECT_EQ(BX_EndBrevixEdit(kBrvVersion), 1);
+  BX_CancelBrevixEdit(kBrvVersion);
+
+  RecordingHost host;
+  host.Answer("BX_EndBrevixEdit", 9);
+  BrevixEditDepth = 2;
+  EXPECT_EQ(BX_EndBrevixEdit(kBrvVersion), 9);
+  BX_CancelBrevixEdit(kBrvVersion);
+  EXPECT_EQ(host.Count("BX_CancelBrevixEdit"), 1);
 }
 
 TEST(BindingLater, LooksAFunctionUpOnlyWhenItIsFirstCalled) {

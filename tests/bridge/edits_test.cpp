@@ -49,6 +49,52 @@ TEST_F(Edits, ACancelLeavesTheInnermostEdit) {
   EXPECT_EQ(host_.Count("BX_CancelBrevixEdit"), 1);
 }
 
+TEST_F(Edits, ADepthBelowZeroStaysAsItIs) {
+  BrevixEditDepth = -5;
+  EXPECT_EQ(BX_EndBrevixEdit(kBrvVersion), 1);
+  BX_CancelBrevixEdit(kBrvVersion);
+  EXPECT_EQ(BrevixEditDepth, -5);
+  EXPECT_TRUE(host_.Calls().empty());
+}
+
+TEST_F(Edits, AnEndAndACancelLeaveOneEditEach) {
+  BX_StartBrevixEdit(nullptr, kBrvVersion);
+  BX_StartBrevixEdit(nullptr, kBrvVersion);
+  BX_StartBrevixEdit(nullptr, kBrvVersion);
+  host_.Forget();
+  BX_CancelBrevixEdit(0x11112222);
+  EXPECT_EQ(BX_EndBrevixEdit(0x33334444), 0);
+  BX_CancelBrevixEdit(kBrvVersion);
+  EXPECT_EQ(BX_EndBrevixEdit(kBrvVersion), 1);
+  EXPECT_THAT(host_.Names(), testing::ElementsAre("BX_CancelBrevixEdit", "BX_EndBrevixEdit", "BX_CancelBrevixEdit"));
+  EXPECT_EQ(host_.Calls()[0].arguments[0], 0x11112222u);
+  EXPECT_EQ(host_.Calls()[1].arguments[0], 0x33334444u);
+}
+
+TEST_F(Edits, TheDepthGoesDownBeforeTheHostIsCalled) {
+  for (const char* name : {"BX_EndBrevixEdit", "BX_CancelBrevixEdit"}) {
+    host_.On(name, [](const HostCall&) -> std::uint64_t {
+      EXPECT_EQ(BrevixEditDepth, 1);
+      return 0;
+    });
+  }
+  BrevixEditDepth = 2;
+  BX_EndBrevixEdit(kBrvVersion);
+  BrevixEditDepth = 2;
+  BX_CancelBrevixEdit(kBrvVersion);
+  EXPECT_EQ(host_.Calls().size(), 2u);
+}
+
+TEST_F(Edits, TheHostsResultOfAnEndIsReadAsSixteenBits) {
+  BrevixEditDepth = 2;
+  host_.Answer("BX_EndBrevixEdit", 0xFFFF);
+  EXPECT_EQ(BX_EndBrevixEdit(kBrvVersion), -1);
+  host_.Answer("BX_EndBrevixEdit", 0x10000);
+  EXPECT_EQ(BX_EndBrevixEdit(kBrvVersion), 0);
+}
+
+static_assert(std::is_void_v<decltype(BX_CancelBrevixEdit(0))>);
+
 TEST_F(Edits, AMassEditEndedWithoutAStartLeavesTheDepthAtMinusOne) {
   BX_EndMassEdit(nullptr, 0, kBrvVersion);
   EXPECT_EQ(MassEditDepth, -1);

@@ -183,11 +183,13 @@ class DialogHandlers : public EntryPoints {
 
   void ExpectInternalError() {
     ASSERT_THAT(host_.Names(), ElementsAre("BX_IsMachO", "BX_AlertMessage"));
+    EXPECT_THAT(host_.Calls()[0].arguments, ElementsAre(0x19500000u));
     const HostCall& alert = host_.Calls()[1];
     EXPECT_EQ(alert.Pointer<void>(0), nullptr);
     EXPECT_EQ(alert.Int(1), 48);
     EXPECT_EQ(alert.Int(2), 0);
     EXPECT_STREQ(alert.Pointer<char>(3), kText);
+    EXPECT_EQ(alert.arguments[4], 0x19500000u);
   }
 };
 
@@ -196,6 +198,16 @@ TEST_F(DialogHandlers, PassThroughInAMachOHost) {
   EXPECT_EQ(Find<void*(void*)>("NewFF_DialogHandlerProc")(context_), context_);
   Find<void(void*)>("DisposeFF_DialogHandlerProc")(context_);
   EXPECT_THAT(host_.Names(), ElementsAre("BX_IsMachO", "BX_IsMachO"));
+}
+
+TEST_F(DialogHandlers, TakeAnyAnswerButZeroOfSixteenBitsForYes) {
+  for (const std::uint64_t answer : {0x2u, 0x8000u, 0xFFFFu, 0x10001u}) {
+    host_.Forget();
+    host_.Answer("BX_IsMachO", answer);
+    EXPECT_EQ(Find<void*(void*)>("NewFF_DialogHandlerProc")(nullptr), nullptr) << answer;
+    Find<void(void*)>("DisposeFF_DialogHandlerProc")(context_);
+    EXPECT_THAT(host_.Names(), ElementsAre("BX_IsMachO", "BX_IsMachO")) << answer;
+  }
 }
 
 TEST_F(DialogHandlers, RaiseAnInternalErrorElsewhereAndPassThroughAllTheSame) {

@@ -1,16 +1,11 @@
 // Bundles that are not as they should be: a copy of the product's, changed, in a folder of its own.
-#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 
 #include "portable.h"
 #include "recordinghost.h"
 #include "tests/support/assertions.h"
-#include "tests/support/imageundertest.h"
+#include "tests/support/copiedbundle.h"
 #include "tests/support/text.h"
 
 namespace {
@@ -19,49 +14,19 @@ namespace fs = std::filesystem;
 
 using GetUnits = UniChar* (*)(int, UniChar*, short);
 
-// A folder that is gone after the test.
-class OwnBundle : public testing::Test {
+class OwnBundle : public CopiedBundle {
  protected:
-  void SetUp() override {
-    std::string name = fs::temp_directory_path() / "brv-bundle-XXXXXX";
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder_ = name;
-    fs::copy(BundleUnderTest(), folder_ / "Copy.bundle", fs::copy_options::recursive);
-    setenv("LANGUAGE", "en", 1);
-  }
-
-  void TearDown() override { fs::remove_all(folder_); }
-
-  fs::path Contents() const { return folder_ / "Copy.bundle" / "Contents"; }
-
-  // The function of the copy: another image than the product's, with globals of its own.
-  static void* Load(const fs::path& executable, const char* function) {
-    void* const image = dlopen(executable.c_str(), RTLD_NOW | RTLD_LOCAL);
-    EXPECT_NE(image, nullptr) << dlerror();
-    return image == nullptr ? nullptr : dlsym(image, function);
-  }
-
-  void* LoadCopy(const char* function) const { return Load(Contents() / "Linux-x86-64/LegerLines.so", function); }
-
   std::u16string TextOfCopy(int id, short size = 128) const {
-    reinterpret_cast<int (*)()>(LoadCopy("InitializeGlobals"))();
+    BindCopy();
     UniChar buffer[128];
     const auto get = reinterpret_cast<GetUnits>(LoadCopy("_Z24PlugIn_GetStringResourceiPts"));
     EXPECT_EQ(get(id, buffer, size), buffer);
     return TextOf(buffer);
   }
-
-  void WriteTable(const std::string& text) const {
-    fs::remove_all(Contents() / "Resources");
-    fs::create_directories(Contents() / "Resources/en.lproj");
-    std::ofstream(Contents() / "Resources/en.lproj/Localizable.strings") << text;
-  }
-
-  fs::path folder_;
 };
 
 TEST_F(OwnBundle, WithoutATableShowsTheAlertAtEachLookupAndDeliversTheKey) {
-  fs::remove_all(Contents() / "Resources");
+  RemoveTable();
   RecordingHost host;
   std::vector<std::string> texts;
   host.On("BX_AlertMessage", [&](const HostCall& call) -> std::uint64_t {

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <set>
 
 #include "keyboard.h"
 #include "moddiv.h"
@@ -26,6 +27,27 @@ TEST(KbdUtilKeyIsDown, KnowsNoKeysFrom128Up) {
   BrvPlatformSetKeyDown(0, true);
   for (int key = 128; key < 256; ++key) EXPECT_EQ(KbdUtilKeyIsDown(static_cast<char>(key)), 0) << key;
   BrvPlatformSetKeyDown(0, false);
+}
+
+// A caller may leave anything above the low bits of a register.
+int KeyIsDownByRegister(std::uint64_t keyCode) {
+  void* const function = reinterpret_cast<void*>(&KbdUtilKeyIsDown);
+  return reinterpret_cast<int (*)(std::uint64_t)>(function)(keyCode);
+}
+
+TEST(KbdUtilKeyIsDown, ReadsTheLowEightBitsOfAKeyCode) {
+  constexpr std::uint64_t kAbove[] = {0x100, 0x8000, 0x7FFF'FF00, 0xFFFF'FF00, 0xA5C3'0000'0000'0000};
+  BrvPlatformSetKeyDown(47, true);
+  BrvPlatformSetKeyDown(127, true);
+  for (const std::uint64_t above : kAbove) {
+    EXPECT_EQ(KeyIsDownByRegister(above | 47), 1) << std::hex << above;
+    EXPECT_EQ(KeyIsDownByRegister(above | 46), 0) << std::hex << above;
+    EXPECT_EQ(KeyIsDownByRegister(above | 127), 1) << std::hex << above;
+    EXPECT_EQ(KeyIsDownByRegister(above | 128 | 47), 0) << std::hex << above;
+    EXPECT_EQ(KeyIsDownByRegister(above | 255), 0) << std::hex << above;
+  }
+  BrvPlatformSetKeyDown(127, false);
+  BrvPlatformSetKeyDown(47, false);
 }
 
 TEST(EventUtilCancelInQueue, WantsCommandAndPeriod) {
@@ -98,6 +120,32 @@ TEST_F(Regions, AreFilledByTheHost) {
   EXPECT_EQ(GetRegions(&first, &second), 5);
   EXPECT_EQ(first.startStaff, 11);
   EXPECT_EQ(second.startStaff, 22);
+}
+
+TEST_F(Regions, AreAskedForWithTheSecondBeforeTheFirst) {
+  EREGION first = {};
+  EREGION second = {};
+  GetRegions(&first, &second);
+  ASSERT_EQ(host_.Calls().size(), 1u);
+  const HostCall& call = host_.Calls()[0];
+  EXPECT_EQ(call.name, "BX_GetCurERegions");
+  EXPECT_EQ(call.Pointer<EREGION>(1), &second);
+  EXPECT_EQ(call.Pointer<EREGION>(2), &first);
+  EXPECT_EQ(call.arguments[3], 0x19500000u);
+}
+
+TEST_F(Regions, GiveTheHostThreeRecordsWhateverIsLeftOut) {
+  GetRegions(nullptr, nullptr);
+  ASSERT_EQ(host_.Calls().size(), 1u);
+  const HostCall& call = host_.Calls()[0];
+  const std::set<std::uint64_t> records(call.arguments.begin(), call.arguments.begin() + 3);
+  EXPECT_EQ(records.size(), 3u);
+  EXPECT_EQ(records.count(0), 0u);
+}
+
+TEST_F(Regions, ReturnTheHostsResultAsSixteenBits) {
+  host_.Answer("BX_GetCurERegions", 0x12348001);
+  EXPECT_EQ(GetRegions(nullptr, nullptr), -32767);
 }
 
 TEST_F(Regions, MayBeLeftOut) {

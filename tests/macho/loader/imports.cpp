@@ -1,6 +1,8 @@
 #include "imports.h"
 
 #include <dlfcn.h>
+#include <elf.h>
+#include <link.h>
 
 #include <map>
 #include <stdexcept>
@@ -9,6 +11,23 @@
 
 namespace macho {
 namespace {
+
+bool IsFunctionOfTheProgram(const void* address) {
+  Dl_info info;
+  void* symbol = nullptr;
+  void* image = nullptr;
+  if (dladdr1(address, &info, &symbol, RTLD_DL_SYMENT) == 0 || symbol == nullptr) return false;
+  if (dladdr1(address, &info, &image, RTLD_DL_LINKMAP) == 0) return false;
+  // The program is the one image without a name. Data of the C++ library's may have been copied into it.
+  return ELF64_ST_TYPE(static_cast<const Elf64_Sym*>(symbol)->st_info) == STT_FUNC &&
+         *static_cast<const link_map*>(image)->l_name == '\0';
+}
+
+// A program may put a function of its own before a library's.
+void* ProgramFunction(const char* name) {
+  void* const found = dlsym(RTLD_DEFAULT, name);
+  return found != nullptr && IsFunctionOfTheProgram(found) ? found : nullptr;
+}
 
 // DEEPBIND: the C++ library of the image and that of the process have functions of the same names.
 void* Open(const char* library, int flags) {
@@ -27,7 +46,6 @@ void* CxxSymbol(const char* name) {
   return dlsym(handle, name);
 }
 
-// A program may put a function of its own before the C library's.
 void* SystemSymbol(const char* name) {
   if (void* const shim = SystemShim(name)) return shim;
   return dlsym(RTLD_DEFAULT, name);
@@ -48,7 +66,8 @@ void* FindImport(const std::string& library, const std::string& symbol) {
   const auto found = libraries.find(library);
   // On a Mac a C symbol has an underscore more than on Linux. The binder of lazy symbols has none on either.
   const char* const name = symbol.c_str() + (symbol.starts_with('_') ? 1 : 0);
-  void* const address = found == libraries.end() ? nullptr : found->second(name);
+  void* address = ProgramFunction(name);
+  if (address == nullptr && found != libraries.end()) address = found->second(name);
   if (address == nullptr) throw std::runtime_error("no " + symbol + " for an import from " + library);
   return address;
 }

@@ -66,10 +66,12 @@ int RecordingHost::Count(const std::string& name) const {
 std::uint64_t RecordingHost::Listen(void* context, const char* name, const std::uint64_t* arguments,
                                     std::size_t count) {
   auto& host = *static_cast<RecordingHost*>(context);
-  host.calls_.push_back({name, {arguments, arguments + count}});
-  const auto handler = host.handlers_.find(name);
-  if (handler == host.handlers_.end()) return 0;
+  const HostCall call = {name, {arguments, arguments + count}};
+  {
+    const std::lock_guard lock(host.logMutex_);
+    host.calls_.push_back(call);
+  }
   // A handler may drive the kit, and with it the log.
-  const HostCall call = host.calls_.back();
-  return handler->second(call);
+  const auto handler = host.handlers_.find(name);
+  return handler == host.handlers_.end() ? 0 : handler->second(call);
 }

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -57,6 +58,8 @@ class RecordingHost {
  private:
   static std::uint64_t Listen(void* context, const char* name, const std::uint64_t* arguments, std::size_t count);
 
+  // Extensions call from one thread; tests of the kit may call from several.
+  std::mutex logMutex_;
   std::vector<HostCall> calls_;
   std::map<std::string, Handler> handlers_;
 };
