@@ -1,5 +1,5 @@
-// The types that other extensions were compiled against: results, which no mangled name tells, and parameters. A unit is
-// 16 bits wide and has no sign, and every other number says how wide it is.
+// The types that other extensions were compiled against: results, which no mangled name tells, and parameters. A unit
+// is 16 bits wide and has no sign, and every other number says how wide it is.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -16,7 +16,9 @@ static_assert(std::is_same_v<int32, std::int32_t>);
 
 // Whether one of the overloads of AnsiCharAtIndex is a member of that very type.
 template <class Member>
-constexpr bool kHasCharAtIndex = requires { static_cast<Member>(&eu16string::AnsiCharAtIndex); };
+constexpr bool kHasCharAtIndex = requires {
+  static_cast<Member>(&eu16string::AnsiCharAtIndex);
+};
 
 TEST(Eu16StringTypes, OfConstantMembers) {
   static_assert(std::is_same_v<decltype(&eu16string::GetStdString), void (eu16string::*)(std::string&) const>);
