@@ -5,7 +5,8 @@
 // - Lengths, counts and positions are in units, never in bytes. A surrogate pair is two units; nothing is interpreted.
 //   Units are compared as unsigned numbers.
 // - No pointer may be null. Text may stand at any address, an odd one too.
-// - What is copied may be copied to a place in front of it that reaches into it. Any other overlap is the caller's error.
+// - What is copied may overlap the place that it is copied to where that is in front of it. Any other overlap is the
+//   caller's error.
 // - None reads a byte of a page that its text does not reach, and none but bx_sprintf allocates.
 // - Nothing fails. [any-thread]
 #pragma once
