@@ -5,6 +5,8 @@
 // - Lengths, counts and positions are in units, never in bytes. A surrogate pair is two units; nothing is interpreted.
 //   Units are compared as unsigned numbers.
 // - No pointer may be null. Text may stand at any address, an odd one too.
+// - What is copied may overlap the place that it is copied to where that is in front of it. Any other overlap is the
+//   caller's error.
 // - None reads a byte of a page that its text does not reach, and none but bx_sprintf allocates.
 // - Nothing fails. [any-thread]
 #pragma once
@@ -59,7 +61,7 @@ BRV_EXPORT int32 bx_sprintf(UniChar* dst, std::size_t dstSize, const UniChar* fo
 
 }  // extern "C"
 
-// Copies src to dst, the 0 unit included. dst may overlap src from before its start.
+// Copies src to dst, the 0 unit included.
 BRV_EXPORT void bx_strcpy(UniChar* dst, const UniChar* src);
 
 // The same. dstSize, the room of dst in units, is there so that calls look like those of the bounded functions; it is

@@ -105,8 +105,8 @@ eu16string& eu16string::AnsiSetLength(std::uint32_t length) {
   return *this;
 }
 
-ushort16 eu16string::AnsiCharAtIndex(std::int32_t index) const {
-  constexpr ushort16 kSpace = 32;
+UniChar eu16string::AnsiCharAtIndex(std::int32_t index) const {
+  constexpr UniChar kSpace = 32;
   if (index < 1 || static_cast<Units::size_type>(index) > units_.size()) return kSpace;
   return units_[static_cast<Units::size_type>(index) - 1];
 }

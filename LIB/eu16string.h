@@ -61,7 +61,7 @@ class BRV_EXPORT eu16string {
   eu16string& AnsiSetLength(std::uint32_t length);
 
   // The unit at index, or 32, a space, if there is none.
-  ushort16 AnsiCharAtIndex(std::int32_t index) const;
+  UniChar AnsiCharAtIndex(std::int32_t index) const;
 
   // The unit at index, to be read or written, until the text changes. Outside of the text it is the first unit, or the
   // 0 unit that ends an empty text: extensions rely on there being a unit of this very text at any index.

@@ -35,7 +35,8 @@ BRV_EXPORT int num2str(int value, char* buffer);
 }  // extern "C"
 
 // Fills a buffer of size units with the text of an ID, cut to size - 1 units, which may be between the halves of a
-// surrogate pair, and ended by a 0. Returns the buffer, or null for a size of 0, and then nothing is written.
+// surrogate pair, and ended by a 0. It holds the empty text while the text is looked up, which an alert may show.
+// Returns the buffer, or null for a size of 0, and then nothing is written.
 BRV_EXPORT UniChar* PlugIn_GetStringResource(int id, UniChar* buffer, short size);
 
 // The same in the application's 8-bit encoding: size is in bytes, and what the text leaves of the buffer is zeroed. A

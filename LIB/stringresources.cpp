@@ -62,6 +62,7 @@ UniChar* PlugIn_GetStringResource(int id, UniChar* buffer, short size) {
 
 char* PlugIn_GetStringResource(int id, char* buffer, short size) {
   if (size <= 0) return nullptr;
+  buffer[0] = '\0';
   char converted[256] = "";
   if (const CFStringRef text = CopyPlugInStringResource(id)) {
     ConvertForApplication(text, converted);

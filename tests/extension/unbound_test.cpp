@@ -6,7 +6,7 @@
 
 #include "brevixpdk.h"
 #include "dialoghandlers.h"
-#include "entrypoints.h"
+#include "convention.h"
 #include "hostbundle.h"
 #include "recordinghost.h"
 #include "tests/support/text.h"

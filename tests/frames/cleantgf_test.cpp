@@ -240,4 +240,15 @@ TEST_F(SaveTGF, OnlyCleansOnTheWayBack) {
   EXPECT_EQ(entry.notes[0].noteID, 0);
 }
 
+TEST_F(SaveTGF, FillsRestsForAnyFlagButZero) {
+  for (const int flag : {2, 0x10, 0x7F, 0x80, 0xFE, 0xFF}) {
+    CanAddNoteRecordToRests = static_cast<std::uint8_t>(flag);
+    EXENTRY entry = Entry({});
+    Save(entry);
+    EXPECT_EQ(entry.noteCount, 1) << flag;
+    EXPECT_EQ(entry.notes[0].noteWord, 0x8000) << flag;
+    EXPECT_EQ(CanAddNoteRecordToRests, flag);
+  }
+}
+
 }  // namespace

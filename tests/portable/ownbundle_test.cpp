@@ -14,14 +14,35 @@ namespace fs = std::filesystem;
 
 using GetUnits = UniChar* (*)(int, UniChar*, short);
 
+constexpr const char* kGetUnits = "_Z24PlugIn_GetStringResourceiPts";
+constexpr const char* kGetBytes = "_Z24PlugIn_GetStringResourceiPcs";
+
 class OwnBundle : public CopiedBundle {
  protected:
   std::u16string TextOfCopy(int id, short size = 128) const {
     BindCopy();
     UniChar buffer[128];
-    const auto get = reinterpret_cast<GetUnits>(LoadCopy("_Z24PlugIn_GetStringResourceiPts"));
+    const auto get = reinterpret_cast<GetUnits>(LoadCopy(kGetUnits));
     EXPECT_EQ(get(id, buffer, size), buffer);
     return TextOf(buffer);
+  }
+
+  // What a buffer of eight that holds "left" looks like from the alert about a missing table.
+  template <class Character>
+  std::vector<Character> DuringTheAlert(const char* getText) const {
+    fs::remove_all(Contents() / "Resources");
+    std::vector<Character> buffer = {'l', 'e', 'f', 't', 0, 0, 0, 0};
+    std::vector<Character> seen;
+    RecordingHost host;
+    host.On("BX_AlertMessage", [&](const HostCall&) -> std::uint64_t {
+      seen = buffer;
+      return 0;
+    });
+    BindCopy();
+    const auto get = reinterpret_cast<Character* (*)(int, Character*, short)>(LoadCopy(getText));
+    EXPECT_EQ(get(0x4E200001, buffer.data(), 8), buffer.data());
+    EXPECT_THAT(buffer, testing::ElementsAre('2', '0', '0', '0', '0', ',', '1', 0));
+    return seen;
   }
 };
 
@@ -39,6 +60,15 @@ TEST_F(OwnBundle, WithoutATableShowsTheAlertAtEachLookupAndDeliversTheKey) {
   EXPECT_EQ(TextOfCopy(0x4E200001), u"20000,1");
   EXPECT_EQ(TextOfCopy(0x4E840002), u"20100,2");
   EXPECT_THAT(texts, testing::ElementsAre("Missing Localizable.strings", "Missing Localizable.strings"));
+}
+
+// A host may draw the caller's window while its alert is up. What else is in the buffer stays until the text comes.
+TEST_F(OwnBundle, EmptiesTheBufferOfUnitsBeforeTheAlert) {
+  EXPECT_THAT((DuringTheAlert<UniChar>(kGetUnits)), testing::ElementsAre(0, 'e', 'f', 't', 0, 0, 0, 0));
+}
+
+TEST_F(OwnBundle, EmptiesTheBufferOfBytesBeforeTheAlert) {
+  EXPECT_THAT((DuringTheAlert<char>(kGetBytes)), testing::ElementsAre(0, 'e', 'f', 't', 0, 0, 0, 0));
 }
 
 TEST_F(OwnBundle, WithATableOfOtherKeysDeliversTheKeySilently) {
@@ -60,8 +90,7 @@ TEST_F(OwnBundle, IsFoundByClimbingFromTheExecutable) {
   fs::create_directories(Contents() / "Linux-x86-64/deeper/still");
   fs::copy(Contents() / "Linux-x86-64/LegerLines.so", Contents() / "Linux-x86-64/deeper/still/LegerLines.so");
   RecordingHost host;
-  const auto get = reinterpret_cast<GetUnits>(
-      Load(Contents() / "Linux-x86-64/deeper/still/LegerLines.so", "_Z24PlugIn_GetStringResourceiPts"));
+  const auto get = reinterpret_cast<GetUnits>(Load(Contents() / "Linux-x86-64/deeper/still/LegerLines.so", kGetUnits));
   UniChar buffer[128];
   get(0x4E200001, buffer, 128);
   EXPECT_EQ(TextOf(buffer), u"Hide Ledger Lines");

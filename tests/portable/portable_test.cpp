@@ -75,6 +75,9 @@ TEST_F(StringResources, ANegativeSizeGivesNullAndWritesNothing) {
   UniChar units[] = {7};
   EXPECT_EQ(PlugIn_GetStringResource(0x4E200001, units, -1), nullptr);
   EXPECT_EQ(units[0], 7);
+  char bytes[] = {7};
+  EXPECT_EQ(PlugIn_GetStringResource(0x4E200001, bytes, -1), nullptr);
+  EXPECT_EQ(bytes[0], 7);
 }
 
 TEST_F(StringResources, BytesAreInTheEncodingOfTheApplicationAtThatMoment) {
@@ -109,6 +112,14 @@ TEST_F(StringResources, LoadIndStringReturnsTheLengthAfterTheCut) {
   EXPECT_STREQ(buffer, "");
 }
 
+TEST_F(StringResources, LoadIndStringIsZeroForASizeOfZeroAndWritesNothing) {
+  for (const int size : {0, 0x10000, -1, -32768}) {
+    char buffer[] = "left";
+    EXPECT_EQ(LoadIndString(20000, 1, buffer, size), 0) << size;
+    EXPECT_STREQ(buffer, "left") << size;
+  }
+}
+
 TEST_F(StringResources, LoadIndStringReadsTheLowSixteenBitsOfItsNumbers) {
   char buffer[64];
   EXPECT_EQ(LoadIndString(0x70000 + 20000, 0x70001, buffer, 0x70005), 4);
@@ -136,17 +147,43 @@ TEST(ByteStrings, CompareWithoutRegardToCase) {
 
 TEST(ByteStrings, SortHighBytesBeforeEverythingElse) {
   EXPECT_EQ(stricmp("ab", "ab\xE9"), 1);
+  EXPECT_EQ(stricmp("ab\xE9", "ab"), -1);
   EXPECT_EQ(stricmp("\xE9", "a"), -1);
+  EXPECT_EQ(stricmp("\xFF", "\x01"), -1);
+  EXPECT_EQ(stricmp("\x7F", "\x80"), 1);
   EXPECT_EQ(stricmp("\x80", "\xE9"), -1);
+}
+
+TEST(ByteStrings, SortHighBytesTheSameWhereTheyCount) {
+  EXPECT_EQ(strnicmp("ab", "ab\xE9", 2), 0);
+  EXPECT_EQ(strnicmp("ab", "ab\xE9", 3), 1);
+  EXPECT_EQ(strnicmp("ab\xE9", "ab", 3), -1);
+  EXPECT_EQ(strnicmp("A\x80", "a\xE9", 2), -1);
+  EXPECT_EQ(strnicmp("\xE9", "a", 1), -1);
+}
+
+// The letters of other alphabets have no case: 0xC9 and 0xE9 are the two of one letter in ISO Latin 1.
+TEST(ByteStrings, TakeAHighByteAsItIs) {
+  EXPECT_EQ(stricmp("caf\xE9", "CAF\xE9"), 0);
+  EXPECT_EQ(strnicmp("caf\xE9", "CAF\xE9", 9), 0);
+  EXPECT_EQ(stricmp("\xC9", "\xE9"), -1);
 }
 
 TEST(ByteStrings, CompareAtMostSoManyBytes) {
   EXPECT_EQ(strnicmp("ABC", "abd", 2), 0);
   EXPECT_EQ(strnicmp("ABC", "abd", 3), -1);
   EXPECT_EQ(strnicmp("a", "b", 0), 0);
-  EXPECT_EQ(strnicmp("ab", "abc", 2), 0);
-  EXPECT_EQ(strnicmp("ab", "abc", 3), -1);
   EXPECT_EQ(strnicmp("ab", "ab", 9), 0);
+}
+
+TEST(ByteStrings, DifferFromTheirOwnBeginningAsFromAnyText) {
+  EXPECT_EQ(strnicmp("ab", "abc", 2), 0);
+  for (const std::size_t count : {std::size_t{3}, std::size_t{4}, std::size_t{9}, SIZE_MAX}) {
+    EXPECT_EQ(strnicmp("ab", "abc", count), -1) << count;
+    EXPECT_EQ(strnicmp("ABC", "ab", count), 1) << count;
+    EXPECT_EQ(strnicmp("", "a", count), -1) << count;
+    EXPECT_EQ(strnicmp("a", "", count), 1) << count;
+  }
 }
 
 TEST(ByteStrings, WriteNumbersInDecimal) {

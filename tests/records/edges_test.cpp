@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "legacyhost.h"
 #include "tests/support/assertions.h"
 
@@ -12,6 +14,7 @@ using testing::IsEmpty;
 
 constexpr std::uint32_t kFretInstrument = 0x4F156649;
 const Address kArticulation{Tag("ot12"), 0xFFFE, 0};  // its word 5 is the byte at offset 28 of "pfSS"
+const Address kTruth{Tag("ot36"), 0xFFFE, 0};         // its word 1, inverted, is the field at offset 12 of "pfMS"
 
 class Records : public testing::Test {
  protected:
@@ -65,6 +68,45 @@ TEST_F(Records, WriteAByteFrom128UpBackAsANegativeNumber) {
   EXPECT_EQ(bytes[28], 200);
   BX_SaveEData(Tag("pfSS"), &key, bytes.data(), 96, kBrvVersion);
   EXPECT_THAT(host.saves, testing::Contains(kArticulation)) << "it counts as changed each time";
+}
+
+TEST_F(Records, HaveNothingInTheHighByteOfAByte) {
+  host.At(kArticulation)[5] = 0xAB42;
+  BX_LoadEData(Tag("pfSS"), &key, bytes.data(), &size, kBrvVersion);
+  EXPECT_EQ(bytes[28], 0x42);
+  EXPECT_EQ(bytes[29], 0);
+  bytes[29] = 0x7F;
+  BX_SaveEData(Tag("pfSS"), &key, bytes.data(), 96, kBrvVersion);
+  EXPECT_THAT(host.saves, testing::Not(testing::Contains(kArticulation))) << "the low bytes are alike";
+  EXPECT_EQ(host.At(kArticulation)[5], 0xAB42);
+  bytes[28] = 0x43;
+  BX_SaveEData(Tag("pfSS"), &key, bytes.data(), 96, kBrvVersion);
+  EXPECT_EQ(host.At(kArticulation)[5], 0x0043);
+  bytes[28] = 0x80;
+  BX_SaveEData(Tag("pfSS"), &key, bytes.data(), 96, kBrvVersion);
+  EXPECT_EQ(host.At(kArticulation)[5], 0xFF80);
+}
+
+TEST_F(Records, CompareATruthValueAsItStands) {
+  std::uint16_t& word = host.At(kTruth)[1];
+  const auto save = [&](std::uint16_t value, std::uint16_t over) {
+    word = 0;
+    BX_LoadEData(Tag("pfMS"), &key, bytes.data(), &size, kBrvVersion);
+    std::memcpy(bytes.data() + 12, &value, sizeof(value));
+    word = over;
+    host.saves.clear();
+    BX_SaveEData(Tag("pfMS"), &key, bytes.data(), 104, kBrvVersion);
+    return std::count(host.saves.begin(), host.saves.end(), kTruth);
+  };
+  EXPECT_EQ(save(1, 0), 0);
+  EXPECT_EQ(save(2, 0), 1) << "true as it was, but not by the same number";
+  EXPECT_EQ(word, 0);
+  EXPECT_EQ(save(0x0100, 5), 1);
+  EXPECT_EQ(word, 0);
+  EXPECT_EQ(save(0, 5), 0);
+  EXPECT_EQ(word, 5) << "any word but 0 is false";
+  EXPECT_EQ(save(0, 0), 1);
+  EXPECT_EQ(word, 1);
 }
 
 TEST_F(Records, AreSavedUnmappedForVersionsBefore0x08000000) {

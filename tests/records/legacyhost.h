@@ -43,13 +43,16 @@ class LegacyHost {
     return found->second;
   }
 
+  const std::map<Address, Words>& All() const { return records_; }
+
   RecordingHost host;
   std::vector<Address> loads;
   std::vector<Address> saves;
   std::vector<std::uint32_t> loadVersions;
   std::vector<std::uint32_t> saveVersions;
   bool fails = false;
-  std::set<Address> lacking;  // records that cannot be loaded
+  std::set<Address> failingLoads;  // of these records alone
+  std::set<Address> failingSaves;
 
  private:
   static Address AddressOf(const HostCall& call) {
@@ -60,7 +63,7 @@ class LegacyHost {
   std::uint64_t Load(const HostCall& call) {
     loads.push_back(AddressOf(call));
     loadVersions.push_back(static_cast<std::uint32_t>(call.arguments[4]));
-    if (fails || lacking.contains(AddressOf(call)) || *call.Pointer<std::int32_t>(3) != 12) return 0;
+    if (fails || failingLoads.contains(loads.back()) || *call.Pointer<std::int32_t>(3) != 12) return 0;
     std::memcpy(call.Pointer<void>(2), At(AddressOf(call)).data(), 12);
     return 1;
   }
@@ -68,7 +71,7 @@ class LegacyHost {
   std::uint64_t Save(const HostCall& call) {
     saves.push_back(AddressOf(call));
     saveVersions.push_back(static_cast<std::uint32_t>(call.arguments[4]));
-    if (fails || static_cast<std::uint32_t>(call.arguments[3]) != 12) return 0;
+    if (fails || failingSaves.contains(saves.back()) || static_cast<std::uint32_t>(call.arguments[3]) != 12) return 0;
     std::memcpy(At(AddressOf(call)).data(), call.Pointer<void>(2), 12);
     return 1;
   }

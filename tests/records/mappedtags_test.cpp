@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "legacyhost.h"
+#include <set>
+
+#include "listing.h"
 
 namespace {
 
@@ -22,6 +24,14 @@ struct Row {
 void PrintTo(const Row& row, std::ostream* out) { *out << row.tag; }
 
 constexpr int kAny = 65535;
+
+const Row kRows[] = {
+    {"pfGD", "ot79", 1, 0, kAny, 0, 0}, {"pfGG", "ot88", 11, 0, kAny, 0, 0}, {"pfGb", "ot98", 1, 1, 4, 0, 3},
+    {"pfGd", "ot80", 1, 0, kAny, 0, 0}, {"pfGs", "ot91", 1, 1, 1, 0, 0},     {"pfMM", "ot25", 2, 0, kAny, 0, 0},
+    {"pfND", "ot04", 1, 0, kAny, 0, 0}, {"pfNd", "ot66", 1, 0, kAny, 0, 0},  {"pfPF", "ot77", 4, 1, 1, 0, 0},
+    {"pfSC", "ot52", 2, 0, kAny, 0, 0}, {"pfSN", "ot40", 1, 1, 128, 0, 127}, {"pfSP", "ot94", 3, 0, kAny, 0, 0},
+    {"pfSl", "ot26", 1, 1, 15, 0, 14},  {"pfTC", "ot86", 5, 0, kAny, 0, 0},  {"pfTI", "ot84", 4, 0, kAny, 0, 0},
+    {"pfTX", "ot78", 9, 0, kAny, 0, 0}, {"pfTp", "ot85", 4, 0, kAny, 0, 0},  {"pfTs", "ot90", 1, 1, 9, 0, 8}};
 
 class MappedTag : public testing::TestWithParam<Row> {
  protected:
@@ -113,7 +123,7 @@ TEST_P(MappedTag, CountsAsLoadedAndSavedWhenTheHostFails) {
 TEST_P(MappedTag, LeavesZerosForRecordsThatTheHostLacks) {
   const std::vector<Address> addresses = Addresses(row.indexOfFirst);
   const std::size_t missing = addresses.size() / 2;
-  host.lacking = {addresses[missing]};
+  host.failingLoads = {addresses[missing]};
   std::vector<std::uint8_t> expected(whole + 4, 0xA5);
   for (std::size_t i = 0; i < addresses.size(); ++i) {
     std::memcpy(expected.data() + 12 * i, host.At(addresses[i]).data(), 12);
@@ -139,16 +149,26 @@ TEST_P(MappedTag, WritesItsSizeLast) {
   EXPECT_THAT(recordsOfTheKit, testing::Each(true));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, MappedTag,
-                         testing::Values(Row{"pfGD", "ot79", 1, 0, kAny, 0, 0}, Row{"pfGG", "ot88", 11, 0, kAny, 0, 0},
-                                         Row{"pfGb", "ot98", 1, 1, 4, 0, 3}, Row{"pfGd", "ot80", 1, 0, kAny, 0, 0},
-                                         Row{"pfGs", "ot91", 1, 1, 1, 0, 0}, Row{"pfMM", "ot25", 2, 0, kAny, 0, 0},
-                                         Row{"pfND", "ot04", 1, 0, kAny, 0, 0}, Row{"pfNd", "ot66", 1, 0, kAny, 0, 0},
-                                         Row{"pfPF", "ot77", 4, 1, 1, 0, 0}, Row{"pfSC", "ot52", 2, 0, kAny, 0, 0},
-                                         Row{"pfSN", "ot40", 1, 1, 128, 0, 127}, Row{"pfSP", "ot94", 3, 0, kAny, 0, 0},
-                                         Row{"pfSl", "ot26", 1, 1, 15, 0, 14}, Row{"pfTC", "ot86", 5, 0, kAny, 0, 0},
-                                         Row{"pfTI", "ot84", 4, 0, kAny, 0, 0}, Row{"pfTX", "ot78", 9, 0, kAny, 0, 0},
-                                         Row{"pfTp", "ot85", 4, 0, kAny, 0, 0}, Row{"pfTs", "ot90", 1, 1, 9, 0, 8}),
+INSTANTIATE_TEST_SUITE_P(All, MappedTag, testing::ValuesIn(kRows),
                          [](const auto& tested) { return std::string(tested.param.tag); });
+
+// A tag that is not mapped reaches the host as it is.
+TEST(MappedTags, AreTheseAndNoOthers) {
+  std::set<std::uint32_t> expected;
+  for (const Row& row : kRows) expected.insert(Tag(row.tag));
+  for (const ListedRecord& record : ListedRecords()) expected.insert(Tag(record.tag));
+  LegacyHost host;
+  std::set<std::uint32_t> mapped;
+  const std::uint32_t first = 'p' << 24 | 'f' << 16;
+  for (std::uint32_t tag = first; tag < first + 0x10000; ++tag) {
+    EDataKey key{1, 0};
+    std::int32_t size = 0;
+    host.loads.clear();
+    host.host.Forget();
+    BX_LoadEData(tag, &key, nullptr, &size, kBrvVersion);
+    if (host.loads.empty()) mapped.insert(tag);
+  }
+  EXPECT_EQ(mapped, expected);
+}
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <utility>
 
 #include "eu16text.h"
 
@@ -35,16 +34,6 @@ TEST(Eu16StringOfUtf8, HoldsTheTextInUnits) {
 TEST(Eu16StringOfUtf8, IsEmptyForBytesThatAreNotUtf8) {
   EXPECT_EQ(UnitsOf(FromUtf8("abc\xFF")), u"");
   EXPECT_EQ(UnitsOf(FromUtf8("\xC3")), u"");
-}
-
-TEST(Eu16String, CopiesAreIndependent) {
-  eu16string text = "abc";
-  eu16string copy = text;
-  copy.AnsiDelete(1, 1);
-  EXPECT_EQ(UnitsOf(text), u"abc");
-  EXPECT_EQ(UnitsOf(copy), u"bc");
-  const eu16string moved = std::move(copy);
-  EXPECT_EQ(UnitsOf(moved), u"bc");
 }
 
 TEST(AnsiDelete, ChangesNothingOutsideOfTheText) {
