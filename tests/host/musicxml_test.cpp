@@ -179,6 +179,12 @@ TEST(ReadMusicXml, ReadsEveryEncodingThatTheDeclarationNames) {
   EXPECT_EQ(nameIn(wide), "Oboe");
 }
 
+std::string WithZeros(const std::string& text, std::size_t before, std::size_t behind) {
+  std::string wide;
+  for (const char character : text) wide.append(before, '\0').append(1, character).append(behind, '\0');
+  return wide;
+}
+
 struct BadScore {
   std::string document;
   std::string message;
@@ -225,6 +231,19 @@ INSTANTIATE_TEST_SUITE_P(
         BadScore{InMeasure("<note><duration>900000000</duration></note>\n<note/>"), "too large a number", 3},
         BadScore{Partwise(Measures(32768)), "more than 32767 measures", 32768},
         BadScore{"<?xml version='1.0' encoding='UTF-32'?><score-partwise/>", "encoding", 1},
+        BadScore{WithZeros("<score-partwise/>", 0, 3), "in UTF-32 cannot be read", 1},
+        BadScore{WithZeros("<score-partwise/>", 3, 0), "in UTF-32 cannot be read", 1},
+        BadScore{"\xFF\xFE" + std::string(2, '\0') + WithZeros("<score-partwise/>", 0, 3), "in UTF-32 cannot be read",
+                 1},
+        BadScore{std::string(2, '\0') + "\xFE\xFF" + WithZeros("<score-partwise/>", 3, 0), "in UTF-32 cannot be read",
+                 1},
+        BadScore{"\x4C\x6F\xA7\x94\x93\x40\x4C", "in EBCDIC cannot be read", 1},
+        BadScore{"+ADw-score-partwise/+AD4-", "in UTF-7 cannot be read", 1},
+        BadScore{"<?xml version='1.0' encoding='UTF-7'?><score-partwise/>", "unknown encoding", 1},
+        BadScore{WithZeros("<?xml version='1.0' encoding='UTF-8'?><score-partwise/>", 0, 1), "encoding specified", 1},
+        BadScore{WithZeros("<?xml version='1.0' encoding='UTF-16BE'?><score-partwise/>", 0, 1), "encoding specified",
+                 1},
+        BadScore{"<?xml version='1.0' encoding='UTF-16'?><score-partwise/>", "encoding specified", 1},
         // Characters of two bytes and of four start alike.
         BadScore{"<?xml version='1.0' encoding='GB18030'?><score-partwise/>", "unknown encoding", 1},
         // "~" switches to other characters.
