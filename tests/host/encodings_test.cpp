@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <ctime>
 #include <optional>
 #include <string>
 #include <vector>
@@ -54,8 +53,6 @@ std::optional<std::string> ReadName(const std::string& encoding, const std::stri
     return std::nullopt;
   }
 }
-
-double ProcessorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
 TEST(Encodings, AreReadOrRefusedInNoTime) {
   const auto encodings = AllEncodings();

@@ -151,6 +151,8 @@ INSTANTIATE_TEST_SUITE_P(
         UnusualScore{"PartWithinAPart", TwoParts("<part id='C'></part>", "")},
         UnusualScore{"ErrorInTheFirst", TwoParts("<measure>", "")},
         UnusualScore{"ErrorInTheSecond", TwoParts("", "<measure><note><staff>0</staff></note></measure>")},
+        UnusualScore{"TooManyStavesTogether",
+                     TwoParts(Measure(Note("<staff>20000</staff>")), Measure(Note("<staff>12768</staff>")))},
         UnusualScore{"RootClosedTwice", TwoParts("", "") + "</score-partwise>"},
         UnusualScore{"SomethingBehindTheEnd", TwoParts("", "") + "<score-partwise/>"},
         UnusualScore{"WarningInTheFirst", TwoParts(Measure("<backup><duration>1</duration></backup>"), "")},

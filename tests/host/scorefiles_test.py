@@ -2,6 +2,7 @@
 
 import io
 import os
+import resource
 import unittest
 import zipfile
 
@@ -92,6 +93,18 @@ class BadScores(Case):
         process = self.fails(run(HIDE, "--all", "--in-place", "--jobs", "2", bad, good), 2, "bad.xml:1:1: not MusicXML")
         self.assertEqual(good.read_text(), score(HIDDEN_NOTE))
         self.assertIn("2 scores: 1 changed, 0 unchanged, 1 failed", process.stdout)
+
+
+class OddScores(Case):
+    """Small files that say large numbers."""
+
+    def test_of_more_staves_than_there_can_be_take_no_memory_for_them(self):
+        parts = "".join(f"<part id='{number}'><measure><note><staff>32767</staff></note></measure></part>"
+                        for number in range(400))
+        path = self.write("staves.musicxml", f"<score-partwise>{parts}</score-partwise>")
+        self.fails(run(HIDE, "--all", "--in-place", path), 2, "staves.musicxml:1:", "more than 32767 staves")
+        largest = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss  # in KB
+        self.assertLess(largest, 400 << 10)
 
 
 class Archives(Case):
