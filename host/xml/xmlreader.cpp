@@ -96,17 +96,22 @@ class Reader : public XmlPosition {
     auto& self = *static_cast<Reader*>(reader);
     if (self.failure_) return;
     try {
-      call(self.handler_);
-    } catch (const InputError& error) {
-      self.Stop(std::make_exception_ptr(error.place.line == 0 ? InputError(error.what(), self.Place()) : error));
+      self.Placed(call);
     } catch (...) {
-      self.Stop(std::current_exception());
+      self.failure_ = std::current_exception();
+      XML_StopParser(self.parser_.get(), XML_FALSE);
     }
   }
 
-  void Stop(std::exception_ptr failure) {
-    failure_ = std::move(failure);
-    XML_StopParser(parser_.get(), XML_FALSE);
+  // Adds the place to what the call finds wrong without one.
+  template <class Call>
+  void Placed(Call call) const {
+    try {
+      call(handler_);
+    } catch (const InputError& error) {
+      if (error.place.line != 0) throw;
+      throw InputError(error.what(), Place());
+    }
   }
 
   static void OnStart(void* reader, const char* name, const char** attributes) {
@@ -119,7 +124,7 @@ class Reader : public XmlPosition {
   void OnRoot() {
     const auto index = static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_.get()));
     units_ = UnitsOfTag(start_.substr(std::min(index, start_.size())));
-    if (isSection_ && units_ != CodeUnits::kBytes) Refuse("the section is not in UTF-8");
+    if (isSection_ && units_ != CodeUnits::kBytes) Refuse(this, "the section is not in UTF-8");
   }
 
   static void OnEnd(void* reader, const char*) {
@@ -130,15 +135,17 @@ class Reader : public XmlPosition {
     Guarded(reader, [&](XmlHandler& handler) { handler.Text({text, static_cast<std::size_t>(length)}); });
   }
 
-  void Refuse(const char* reason) { Stop(std::make_exception_ptr(InputError(reason, Place()))); }
+  static void Refuse(void* reader, const char* reason) {
+    Guarded(reader, [reason](XmlHandler&) { throw InputError(reason); });
+  }
 
   static void RefuseOtherEncodings(void* reader, const char*, const char* encoding, int) {
     if (encoding == nullptr || strcasecmp(encoding, "UTF-8") == 0) return;
-    static_cast<Reader*>(reader)->Refuse("the section is not in UTF-8");
+    Refuse(reader, "the section is not in UTF-8");
   }
 
   static void RefuseDeclarations(void* reader, const char*, const char*, const char*, int hasDeclarations) {
-    if (hasDeclarations != 0) static_cast<Reader*>(reader)->Refuse("the section declares entities or attributes");
+    if (hasDeclarations != 0) Refuse(reader, "the section declares entities or attributes");
   }
 
   XmlHandler& handler_;

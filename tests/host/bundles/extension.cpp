@@ -4,7 +4,7 @@
 
 #define WEAK __attribute__((weak))
 
-WEAK std::uint32_t BrevixExtensionVersion() { return kBrvVersion; }
+WEAK uint32 BrevixExtensionVersion() { return kBrvVersion; }
 
 WEAK int BrevixExtensionInit(void*, std::uint32_t* word) {
   *word = 0;
@@ -25,7 +25,7 @@ WEAK int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION* fallb
 
 WEAK void BrevixExtensionTerminate() {}
 
-WEAK int BrevixExtensionGetMenuStatus(void*) { return 1; }
+WEAK int BrevixExtensionGetMenuStatus() { return 1; }
 
 int HideFirstFrame(const EREGION& region) {
   EXTGF2005a* const frame = BX_LoadTGF(region.regionScope, region.startStaff, region.startMeasure, 0, 1, kBrvVersion);

@@ -2,17 +2,7 @@
 #pragma once
 
 #include "brevixpdk.h"
-
-extern "C" {
-
-BRV_EXPORT std::uint32_t BrevixExtensionVersion();
-BRV_EXPORT int BrevixExtensionInit(void* context, std::uint32_t* word);
-BRV_EXPORT int BrevixExtensionEnumerate_UTF16(void* context, int index, MenuItemTexts* texts);
-BRV_EXPORT int BrevixExtensionInvoke(void* context, int index, EREGION* region, EREGION* fallback);
-BRV_EXPORT void BrevixExtensionTerminate();
-BRV_EXPORT int BrevixExtensionGetMenuStatus(void* context);
-
-}  // extern "C"
+#include "extension/entrypoints.h"
 
 // What the one item of the extension without faults does with a region: hides the ledger lines of its first frame.
 int HideFirstFrame(const EREGION& region);

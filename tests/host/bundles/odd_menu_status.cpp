@@ -1,3 +1,3 @@
 #include "extension.h"
 
-int BrevixExtensionGetMenuStatus(void*) { return -3; }
+int BrevixExtensionGetMenuStatus() { return -3; }
