@@ -45,4 +45,4 @@ int BrevixExtensionInvoke(void* context, ushort16 itemIndex, EREGION* region, ER
 
 void BrevixExtensionTerminate() {}
 
-int BrevixExtensionGetMenuStatus(void*) { return 1; }
+int BrevixExtensionGetMenuStatus() { return 1; }

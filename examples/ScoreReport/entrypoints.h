@@ -11,6 +11,6 @@ BRV_EXPORT int BrevixExtensionInit(void* context, std::uint32_t* word);
 BRV_EXPORT int BrevixExtensionEnumerate_UTF16(void* context, ushort16 itemIndex, MenuItemTexts* texts);
 BRV_EXPORT int BrevixExtensionInvoke(void* context, ushort16 itemIndex, EREGION* region, EREGION* fallback);
 BRV_EXPORT void BrevixExtensionTerminate();
-BRV_EXPORT int BrevixExtensionGetMenuStatus(void* context);
+BRV_EXPORT int BrevixExtensionGetMenuStatus();
 
 }  // extern "C"

@@ -9,7 +9,9 @@
 #include <stdexcept>
 #include <string>
 
-#include "hostrecords.h"
+#include "brevixpdk.h"
+#include "entrypoints.h"
+#include "hostbundle.h"
 
 namespace {
 
@@ -63,7 +65,7 @@ Function* Find(const char* name) {
 }
 
 void PrintItems() {
-  const auto enumerate = Find<int(void*, int, MenuItemTexts*)>("BrevixExtensionEnumerate_UTF16");
+  const auto enumerate = Find<decltype(BrevixExtensionEnumerate_UTF16)>("BrevixExtensionEnumerate_UTF16");
   MenuItemTexts texts;
   for (int item = 0; enumerate(nullptr, item, &texts) != 0; ++item) {
     std::printf("item %d     %s\n", item, Utf8(texts.text1).c_str());
@@ -76,25 +78,29 @@ void Run(const std::string& path) {
   extension = OpenBundle(path);
   char program[] = "smallhost";
   char* argv[] = {program, nullptr};
-  if (Find<int(int, void*)>("main")(1, argv) == 0) throw std::runtime_error("the extension did not bind to its host");
-  std::printf("version    0x%08X\n", Find<unsigned()>("BrevixExtensionVersion")());
+  if (Find<decltype(BrevixExtensionMain)>("main")(1, argv) == 0)
+    throw std::runtime_error("the extension did not bind to its host");
+  std::printf("version    0x%08X\n", Find<decltype(BrevixExtensionVersion)>("BrevixExtensionVersion")());
   std::uint32_t word;
-  if (Find<int(void*, std::uint32_t*)>("BrevixExtensionInit")(nullptr, &word) == 0)
+  if (Find<decltype(BrevixExtensionInit)>("BrevixExtensionInit")(nullptr, &word) == 0)
     throw std::runtime_error("the extension is not ready");
   PrintItems();
   EREGION nothing = {};
   nothing.startStaff = 1;
-  Find<int(void*, int, EREGION*, EREGION*)>("BrevixExtensionInvoke")(nullptr, 0, &nothing, &nothing);
-  Find<void()>("BrevixExtensionTerminate")();
+  Find<decltype(BrevixExtensionInvoke)>("BrevixExtensionInvoke")(nullptr, 0, &nothing, &nothing);
+  Find<decltype(BrevixExtensionTerminate)>("BrevixExtensionTerminate")();
   CFRelease(extension);
 }
 
 }  // namespace
 
-// The one host function that this host has; the extension does without the others.
-extern "C" BRV_EXPORT int BX_AlertMessage(void*, int alertKind, int stringID, const char* text, BrvVersion) {
-  const std::string shown = text != nullptr ? text : TextOfID(stringID);
+// The one host function that this host has; the extension does without the others. What it throws must not reach the
+// extension.
+extern "C" short16 BX_AlertMessage(void*, ushort16 alertKind, int32 stringID, const void* text, BrvVersion) try {
+  const std::string shown = text != nullptr ? static_cast<const char*>(text) : TextOfID(stringID);
   std::printf("alert %d   %s\n", alertKind, shown.c_str());
+  return 0;
+} catch (const std::exception&) {
   return 0;
 }
 
