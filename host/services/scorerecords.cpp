@@ -168,8 +168,7 @@ void StorePages(const Score& score, EDataStore& records) {
     firstMeasures.insert(firstMeasures.end(), part.details.newPages.begin(), part.details.newPages.end());
   }
   std::ranges::sort(firstMeasures);
-  const auto repeated = std::ranges::unique(firstMeasures);
-  firstMeasures.erase(repeated.begin(), repeated.end());
+  firstMeasures.erase(std::unique(firstMeasures.begin(), firstMeasures.end()), firstMeasures.end());
   int page = 0;
   for (const int measure : firstMeasures) records.Save(Tag("SOPS"), Key(++page), Record(22).Put(0, measure).Content());
 }
