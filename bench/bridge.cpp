@@ -9,9 +9,9 @@
 
 namespace {
 
-using GetShowLayer = int (*)(int, BrvVersion);
-using GetCurrentWindow = HostResult (*)(BrvVersion);
-using LoadTGF = EXTGF2005a* (*)(int, int, int, int, int, BrvVersion);
+using GetShowLayer = decltype(BX_GetShowLayer)*;
+using GetCurrentWindow = decltype(BX_GetCurrentWindow)*;
+using LoadTGF = decltype(BX_LoadTGF)*;
 
 void* Lookup(CFStringRef name) { return CFBundleGetFunctionPointerForName(gBrevixBundle, name); }
 

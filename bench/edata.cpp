@@ -14,7 +14,7 @@
 
 namespace {
 
-using LoadEData = int (*)(std::uint32_t, EDataKey*, void*, std::int32_t*, BrvVersion);
+using LoadEData = decltype(BX_LoadEData)*;
 
 // How many legacy records a table needs.
 int LegacyRecordsOf(std::uint32_t tag) {

@@ -69,11 +69,8 @@ class AskingLoop {
     return changed;
   }
 
-  using Load = EXTGF2005a*(int, int, int, int, int, BrvVersion);
-  using Free = int(EXTGF2005a*, BrvVersion);
-
-  Load* const load_ = Find<Load>("BX_LoadTGF");
-  Free* const free_ = Find<Free>("BX_FreeTGF");
+  decltype(BX_LoadTGF)* const load_ = Find<decltype(BX_LoadTGF)>("BX_LoadTGF");
+  decltype(BX_FreeTGF)* const free_ = Find<decltype(BX_FreeTGF)>("BX_FreeTGF");
   const EREGION region_;
   const int layers_;
 };
@@ -82,8 +79,8 @@ class AskingLoop {
 
 int main(int argc, char** argv) {
   BindHost(BRV_HOST_BUNDLE);
-  EREGION region = Find<OpenScore>(kOpenScoreName)(argc > 1 ? argv[1] : BRV_SAMPLE);
-  const std::vector<EXTGF2005a*>& frames = *Find<AllFrames>(kAllFramesName)();
+  EREGION region = Find<decltype(WalkHostOpenScore)>("WalkHostOpenScore")(argc > 1 ? argv[1] : BRV_SAMPLE);
+  const std::vector<EXTGF2005a*>& frames = *Find<decltype(WalkHostAllFrames)>("WalkHostAllFrames")();
   long entries = 0;
   for (const EXTGF2005a* const frame : frames) entries += frame->entryCount;
   std::printf("%zu frames of %ld entries in %d places\n", frames.size(), entries,

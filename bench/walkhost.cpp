@@ -1,9 +1,9 @@
 #include "walkhost.h"
 
+#include "brevixpdk.h"
 #include "host/files/scorefile.h"
 #include "host/score/region.h"
 #include "host/services/document.h"
-#include "hosttypes.h"
 
 namespace {
 
@@ -40,19 +40,19 @@ OpenedScore* opened = nullptr;
 
 extern "C" {
 
-BRV_EXPORT EREGION WalkHostOpenScore(const char* path) {
+EREGION WalkHostOpenScore(const char* path) noexcept {
   opened = new OpenedScore(path);  // for the rest of the run
   return brvhost::WholeScore(opened->score);
 }
 
-BRV_EXPORT const std::vector<EXTGF2005a*>* WalkHostAllFrames() { return &opened->all; }
+const std::vector<EXTGF2005a*>* WalkHostAllFrames() noexcept { return &opened->all; }
 
-BRV_EXPORT int BX_GetMaxLayers(BrvVersion) { return opened->score.layers; }
-BRV_EXPORT int BX_GetShowLayer(int, BrvVersion) { return 1; }
-BRV_EXPORT EXTGF2005a* BX_LoadTGF(int, int staff, int measure, int layer, int, BrvVersion) {
+short16 BX_GetMaxLayers(BrvVersion) { return opened->score.layers; }
+short16 BX_GetShowLayer(short16, BrvVersion) { return 1; }
+EXTGF2005a* BX_LoadTGF(ushort16, short16 staff, short16 measure, short16 layer, short16, BrvVersion) {
   return opened->byPlace[opened->IndexOf(staff, layer, measure)];
 }
-BRV_EXPORT int BX_SaveTGF(EXTGF2005a*, BrvVersion) { return 1; }
-BRV_EXPORT int BX_FreeTGF(EXTGF2005a*, BrvVersion) { return 1; }
+short16 BX_SaveTGF(EXTGF2005a*, BrvVersion) { return 1; }
+HostResult BX_FreeTGF(EXTGF2005a*, BrvVersion) { return 1; }
 
 }  // extern "C"

@@ -5,10 +5,12 @@
 
 #include "hostrecords.h"
 
-// Reads a score; the region is all of it. Throws what brvhost throws.
-using OpenScore = EREGION(const char* path);
-inline constexpr const char* kOpenScoreName = "WalkHostOpenScore";
+extern "C" {
+
+// Reads a score; the region is all of it. A score that cannot be read ends the program.
+BRV_EXPORT EREGION WalkHostOpenScore(const char* path) noexcept;
 
 // The frames of the score in the order in which the command visits them.
-using AllFrames = const std::vector<EXTGF2005a*>*();
-inline constexpr const char* kAllFramesName = "WalkHostAllFrames";
+BRV_EXPORT const std::vector<EXTGF2005a*>* WalkHostAllFrames() noexcept;
+
+}  // extern "C"

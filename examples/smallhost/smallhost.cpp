@@ -2,14 +2,15 @@
 // menu item on an empty selection.
 //
 //   smallhost BUNDLE
+#include <BrvEDK/brevixpdk.h>
+#include <BrvEDK/convention.h>
+#include <BrvEDK/stringids.h>
 #include <CoreFoundation/CoreFoundation.h>
 
 #include <cstdio>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
-
-#include "hostrecords.h"
 
 namespace {
 
@@ -32,10 +33,9 @@ std::string Utf8(const UniChar* units) {
   return bytes;
 }
 
-// A text of the extension: its key is the two halves of the string ID.
 std::string TextOfID(int stringID) {
   const CFStringRef key =
-      CFStringCreateWithFormat(kCFAllocatorDefault, nullptr, CFSTR("%d,%d"), stringID >> 16, stringID & 0xFFFF);
+      CFStringCreateWithCString(kCFAllocatorDefault, StringKey(stringID).text, kCFStringEncodingUTF8);
   const CFStringRef text = CFBundleCopyLocalizedString(extension, key, key, nullptr);
   std::string bytes = Utf8(text);
   CFRelease(text);
@@ -63,7 +63,7 @@ Function* Find(const char* name) {
 }
 
 void PrintItems() {
-  const auto enumerate = Find<int(void*, int, MenuItemTexts*)>("BrevixExtensionEnumerate_UTF16");
+  const auto enumerate = Find<decltype(BrevixExtensionEnumerate_UTF16)>("BrevixExtensionEnumerate_UTF16");
   MenuItemTexts texts;
   for (int item = 0; enumerate(nullptr, item, &texts) != 0; ++item) {
     std::printf("item %d     %s\n", item, Utf8(texts.text1).c_str());
@@ -76,25 +76,29 @@ void Run(const std::string& path) {
   extension = OpenBundle(path);
   char program[] = "smallhost";
   char* argv[] = {program, nullptr};
-  if (Find<int(int, void*)>("main")(1, argv) == 0) throw std::runtime_error("the extension did not bind to its host");
-  std::printf("version    0x%08X\n", Find<unsigned()>("BrevixExtensionVersion")());
+  if (Find<decltype(BrevixExtensionMain)>("main")(1, argv) == 0)
+    throw std::runtime_error("the extension did not bind to its host");
+  std::printf("version    0x%08X\n", Find<decltype(BrevixExtensionVersion)>("BrevixExtensionVersion")());
   std::uint32_t word;
-  if (Find<int(void*, std::uint32_t*)>("BrevixExtensionInit")(nullptr, &word) == 0)
+  if (Find<decltype(BrevixExtensionInit)>("BrevixExtensionInit")(nullptr, &word) == 0)
     throw std::runtime_error("the extension is not ready");
   PrintItems();
   EREGION nothing = {};
   nothing.startStaff = 1;
-  Find<int(void*, int, EREGION*, EREGION*)>("BrevixExtensionInvoke")(nullptr, 0, &nothing, &nothing);
-  Find<void()>("BrevixExtensionTerminate")();
+  Find<decltype(BrevixExtensionInvoke)>("BrevixExtensionInvoke")(nullptr, 0, &nothing, &nothing);
+  Find<decltype(BrevixExtensionTerminate)>("BrevixExtensionTerminate")();
   CFRelease(extension);
 }
 
 }  // namespace
 
-// The one host function that this host has; the extension does without the others.
-extern "C" BRV_EXPORT int BX_AlertMessage(void*, int alertKind, int stringID, const char* text, BrvVersion) {
-  const std::string shown = text != nullptr ? text : TextOfID(stringID);
+// The one host function that this host has; the extension does without the others. What it throws must not reach the
+// extension.
+extern "C" short16 BX_AlertMessage(void*, ushort16 alertKind, int32 stringID, const void* text, BrvVersion) try {
+  const std::string shown = text != nullptr ? static_cast<const char*>(text) : TextOfID(stringID);
   std::printf("alert %d   %s\n", alertKind, shown.c_str());
+  return 0;
+} catch (const std::exception&) {
   return 0;
 }
 

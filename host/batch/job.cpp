@@ -60,6 +60,7 @@ void Invoke(ScoreFile& file, const JobSettings& settings, const Extension& exten
   EREGION fallback = WholeScore(file.GetScore());
   extension.Invoke(settings.item, region ? &*region : nullptr, &fallback);
   extension.Terminate();
+  session.RethrowFailure();  // the extension may have gone on, with half of what it was to do
 }
 
 bool IsNamedMxl(const std::string& path) {

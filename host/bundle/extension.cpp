@@ -4,7 +4,9 @@
 #include <fmt/format.h>
 
 #include <filesystem>
+#include <new>
 
+#include "BrvEDK/Source/hostbundle.h"
 #include "host/text/cfowner.h"
 #include "host/text/utf8.h"
 
@@ -57,7 +59,7 @@ Extension::Extension(const std::string& path) : bundle_(path) {
     function = reinterpret_cast<Function*>(bundle_.Find(name));
     if (function == nullptr) throw BundleError(fmt::format("{}: has no {}", bundle_.Path(), name));
   };
-  int (*mainFunction)(int, void*) = nullptr;
+  decltype(BrevixExtensionMain)* mainFunction = nullptr;
   find("main", mainFunction);
   find("BrevixExtensionVersion", entryPoints_.version);
   find("BrevixExtensionInit", entryPoints_.init);
@@ -89,7 +91,7 @@ std::vector<MenuItem> Extension::Items() const {
   throw BundleError(fmt::format("{}: offers more than {} menu items", bundle_.Path(), kMostItems));
 }
 
-int Extension::MenuStatus() const { return Answer(entryPoints_.menuStatus(nullptr)); }
+int Extension::MenuStatus() const { return Answer(entryPoints_.menuStatus()); }
 
 int Extension::Invoke(int item, EREGION* region, EREGION* fallback) const {
   return Answer(entryPoints_.invoke(nullptr, item, region, fallback));
@@ -102,7 +104,9 @@ std::string Extension::LocalizedText(std::int32_t stringID) const {
   const int index = static_cast<std::int16_t>(stringID);
   const std::string name = table == 0 ? fmt::format("{}", index) : fmt::format("{},{}", table, index);
   const Owned<CFStringRef> key(CFStringCreateWithCString(nullptr, name.c_str(), kCFStringEncodingUTF8));
+  if (!key) throw std::bad_alloc();
   const Owned<CFStringRef> text(CFBundleCopyLocalizedString(bundle_.Reference(), key.Get(), key.Get(), nullptr));
+  if (!text) throw std::bad_alloc();
   return Utf8FromString(text.Get());
 }
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "BrvEDK/Source/hostrecords.h"
+#include "BrvEDK/Source/convention.h"
 
 namespace brvhost {
 
@@ -26,12 +26,12 @@ struct MenuItem {
 
 // The entry points that an extension has to export besides main.
 struct EntryPoints {
-  std::uint32_t (*version)() = nullptr;
-  int (*init)(void*, std::uint32_t*) = nullptr;
-  int (*enumerate)(void*, int, MenuItemTexts*) = nullptr;
-  int (*invoke)(void*, int, EREGION*, EREGION*) = nullptr;
-  void (*terminate)() = nullptr;
-  int (*menuStatus)(void*) = nullptr;
+  decltype(BrevixExtensionVersion)* version = nullptr;
+  decltype(BrevixExtensionInit)* init = nullptr;
+  decltype(BrevixExtensionEnumerate_UTF16)* enumerate = nullptr;
+  decltype(BrevixExtensionInvoke)* invoke = nullptr;
+  decltype(BrevixExtensionTerminate)* terminate = nullptr;
+  decltype(BrevixExtensionGetMenuStatus)* menuStatus = nullptr;
 };
 
 // A bundle whose code is loaded; nothing of it has run yet but its initialisers.

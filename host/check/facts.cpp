@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "BrvEDK/Source/hostbundle.h"
 #include "host/batch/cancelkeys.h"
 #include "host/check/emptyhost.h"
 #include "host/check/guarded.h"
@@ -29,14 +30,15 @@ class RawExtension {
   void* Find(const char* name) const { return bundle_.Find(name); }
   int Main() const {
     const char* arguments[] = {bundle_.Path().c_str(), nullptr};
-    return Function<int(int, void*)>("main")(1, static_cast<void*>(arguments));
+    return Function<decltype(BrevixExtensionMain)>("main")(1, static_cast<void*>(arguments));
   }
-  std::uint32_t Version() const { return Function<std::uint32_t()>("BrevixExtensionVersion")(); }
+  std::uint32_t Version() const { return Function<decltype(BrevixExtensionVersion)>("BrevixExtensionVersion")(); }
   int Init(std::uint32_t& word) const {
-    return Short(Function<int(void*, std::uint32_t*)>("BrevixExtensionInit")(nullptr, &word));
+    return Short(Function<decltype(BrevixExtensionInit)>("BrevixExtensionInit")(nullptr, &word));
   }
   int Enumerate(int index, MenuItemTexts* texts) const {
-    return Short(Function<int(void*, int, MenuItemTexts*)>("BrevixExtensionEnumerate_UTF16")(nullptr, index, texts));
+    return Short(
+        Function<decltype(BrevixExtensionEnumerate_UTF16)>("BrevixExtensionEnumerate_UTF16")(nullptr, index, texts));
   }
 
  private:

@@ -32,6 +32,7 @@ using Member = std::unique_ptr<zip_file_t, Discard>;
 }
 
 [[noreturn]] void ThrowLarger(const std::string& name) { ThrowBroken(name + " is larger than the archive says"); }
+[[noreturn]] void ThrowSmaller(const std::string& name) { ThrowBroken(name + " is smaller than the archive says"); }
 
 // Owns the memory that an archive is read from and written to: a copy, as the library frees what it replaces.
 class Source {
@@ -86,7 +87,7 @@ void ReadToTheEnd(zip_t* archive, const std::string& name, zip_flags_t flags, By
   const zip_int64_t more = count < 0 ? -1 : zip_fread(file.get(), &beyond, 1);
   if (more < 0) ThrowBroken(name + ": " + zip_file_strerror(file.get()));
   if (more > 0) ThrowLarger(name);
-  if (count < static_cast<zip_int64_t>(content.Size())) ThrowBroken(name + " is smaller than the archive says");
+  if (count < static_cast<zip_int64_t>(content.Size())) ThrowSmaller(name);
 }
 
 void ReadDeflated(zip_t* archive, const zip_stat_t& status, Bytes& content) {
@@ -104,12 +105,19 @@ struct Limit {
   const char* advice;
 };
 
+// No stream of the method unpacks to more: in a deflated one the shortest reference has two bits, for 258 bytes.
+std::uint64_t MostFromOneByte(std::uint16_t method) {
+  if (method == ZIP_CM_STORE) return 1;
+  return method == ZIP_CM_DEFLATE ? 1032 : UINT64_MAX;
+}
+
 Bytes ReadMember(zip_t* archive, const std::string& name, Limit limit) {
   zip_stat_t status;
   if (zip_stat(archive, name.c_str(), 0, &status) != 0) throw InputError("the archive has no member " + name);
   if (status.size > limit.size) {
     throw InputError(name + " unpacks to more than " + std::to_string(limit.size) + " bytes" + limit.advice);
   }
+  if (status.size / MostFromOneByte(status.comp_method) > status.comp_size) ThrowSmaller(name);
   Bytes content(status.size);
   if (status.comp_method == ZIP_CM_DEFLATE && status.encryption_method == ZIP_EM_NONE) {
     ReadDeflated(archive, status, content);

@@ -64,12 +64,11 @@ void CheckTags(std::string_view document, CodeUnits units, const std::vector<Not
 }  // namespace
 
 void WriteEdited(std::string_view document, const Score& score, const std::function<void(std::string_view)>& write) {
-  const CodeUnits units = CodeUnitsOf(document);
   const std::vector<NoteChange> changes = ChangesOf(score);
-  CheckTags(document, units, changes);
+  CheckTags(document, score.units, changes);
   std::uint64_t written = 0;
   for (const NoteChange& change : changes) {
-    const ByteEdit edit = EditOf(*StartTag::At(document, units, change.note.offset), change);
+    const ByteEdit edit = EditOf(*StartTag::At(document, score.units, change.note.offset), change);
     write(document.substr(written, edit.offset - written));
     write(edit.inserted);
     written = edit.offset + edit.removed;

@@ -9,19 +9,15 @@
 namespace brvhost {
 
 void MeasureBuilder::AddNote(const NoteElement& element) {
-  chord_.clear();
+  ++chord_;
   StartEntry(element);
 }
 
 void MeasureBuilder::AddToChord(const NoteElement& element) {
-  const auto found = std::ranges::find(chord_, element.staff, &ChordEntry::staff);
-  if (found == chord_.end()) return StartEntry(element);
-  if (found->notes == EXENTRY::kMaxNotes) {
-    chord_.erase(found);
-    return StartEntry(element);
-  }
-  ++found->notes;
-  notes_.push_back({found->entry, element.note});
+  ChordEntry& last = lastChordEntries_[element.staff];
+  if (last.chord != chord_ || last.notes == EXENTRY::kMaxNotes) return StartEntry(element);
+  ++last.notes;
+  notes_.push_back({last.entry, element.note});
 }
 
 void MeasureBuilder::StartEntry(const NoteElement& element) {
@@ -29,7 +25,7 @@ void MeasureBuilder::StartEntry(const NoteElement& element) {
   entries_.push_back({element.position, static_cast<std::uint16_t>(element.staff),
                       static_cast<std::uint16_t>(element.layer), element.isRest, order});
   notes_.push_back({order, element.note});
-  chord_.push_back({element.staff, order, 1});
+  lastChordEntries_[element.staff] = {chord_, order, 1};
 }
 
 void MeasureBuilder::Order() {
@@ -67,7 +63,7 @@ void MeasureBuilder::Finish(int measure, Score& score, std::vector<ScoreFrame>& 
   }
   entries_.clear();
   notes_.clear();
-  chord_.clear();
+  ++chord_;
 }
 
 }  // namespace brvhost

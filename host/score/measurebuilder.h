@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "host/score/score.h"
@@ -40,11 +41,11 @@ class MeasureBuilder {
     std::uint32_t entry;  // by its order of coming
     ScoreNote note;
   };
-  // The entry of the chord under way on one staff.
+  // The entry of a chord on one staff.
   struct ChordEntry {
-    int staff;
-    std::uint32_t entry;
-    int notes;
+    std::uint64_t chord = 0;  // by number, from 1
+    std::uint32_t entry = 0;
+    int notes = 0;
   };
 
   void StartEntry(const NoteElement& element);
@@ -53,8 +54,9 @@ class MeasureBuilder {
 
   std::vector<PendingEntry> entries_;
   std::vector<PendingNote> notes_;
-  std::vector<ChordEntry> chord_;
-  std::vector<std::uint32_t> rank_;  // of each entry by its order of coming
+  std::uint64_t chord_ = 0;                               // that is under way
+  std::unordered_map<int, ChordEntry> lastChordEntries_;  // by staff
+  std::vector<std::uint32_t> rank_;                       // of each entry by its order of coming
 };
 
 }  // namespace brvhost

@@ -47,6 +47,7 @@ void MusicXmlHandler::EndElement() {
 }
 
 void MusicXmlHandler::StartRoot(const char* name) {
+  score_.units = position_->Units();
   timewise_ = SameName(name, "score-timewise");
   if (timewise_ || SameName(name, "score-partwise")) return;
   throw InputError(std::string("not MusicXML: the root element is <").append(name).append(">"));
@@ -132,12 +133,13 @@ void MusicXmlHandler::EndLeaf() {
       break;
     case Leaf::kStaff:
       note_.staff = StaffNumber("a staff", text_, 1);
+      SetStaves(note_.staff);
       break;
     case Leaf::kDivisions:
       part_->builder.SetDivisions(PositiveNumber("the number of divisions", text_));
       break;
     case Leaf::kStaves:
-      part_->builder.SetStaves(StaffNumber("the number of staves", text_, 0));
+      SetStaves(StaffNumber("the number of staves", text_, 0));
       break;
     case Leaf::kNone:
       break;
@@ -163,8 +165,20 @@ void MusicXmlHandler::EndMeasure() {
   inMeasure_ = false;
 }
 
+void MusicXmlHandler::SetStaves(int staves) {
+  const int before = part_->builder.Staves();
+  AddStaves(std::max(staves - before, 0));
+  part_->builder.SetStaves(staves);
+}
+
+void MusicXmlHandler::AddStaves(int staves) {
+  staves_ += staves;
+  if (staves_ > kMostStaves) throw InputError("more than 32767 staves");
+}
+
 MusicXmlHandler::Part* MusicXmlHandler::NewPart(const char* id) {
   parts_.push_back({id == nullptr ? "" : id, {}, {}});
+  AddStaves(parts_.back().builder.Staves());
   return &parts_.back();
 }
 
@@ -193,11 +207,10 @@ void MusicXmlHandler::Append(MusicXmlHandler&& next) {
 
 Score MusicXmlHandler::TakeScore() {
   for (Part& part : parts_) {
-    const ListedPart listed = partList_.PartWithId(part.id);
     ScorePart known;
     known.id = part.id;
-    known.names = listed.names;
-    known.instruments = listed.instruments;
+    known.names = partList_.TakeNames(part.id);
+    known.instruments = partList_.InstrumentsOf(part.id);
     known.details = std::move(part.attributes.Details());
     known.staves = part.builder.Staves();
     known.firstStaff = score_.staves + 1;
@@ -207,7 +220,6 @@ Score MusicXmlHandler::TakeScore() {
     }
     part.builder.Frames() = {};
     score_.staves += known.staves;
-    if (score_.staves > kMostStaves) throw InputError("more than 32767 staves");
     score_.measures = std::max(score_.measures, part.builder.Measures());
     score_.layers = std::max(score_.layers, part.builder.Layers());
     score_.parts.push_back(std::move(known));

@@ -26,10 +26,13 @@ class MusicXmlHandler : public XmlHandler {
   // warn: then the two together say what one would that had read both.
   bool GoesOnWith(const MusicXmlHandler& next) const;
 
-  // Takes over the parts of `next`, behind its own.
+  // Of all parts so far. Reading more than a score can have throws InputError.
+  int Staves() const { return staves_; }
+
+  // Takes over the parts of `next`, behind its own; together they have no more staves than a score can have.
   void Append(MusicXmlHandler&& next);
 
-  // What was read, once all is. Throws InputError where it is more than a score can have.
+  // What was read, once all is.
   Score TakeScore();
 
  private:
@@ -53,6 +56,9 @@ class MusicXmlHandler : public XmlHandler {
   void EndLeaf();
   void EndMeasureChild();
   void EndMeasure();
+  // The part that is being read has so many at least.
+  void SetStaves(int staves);
+  void AddStaves(int staves);
   Part* NewPart(const char* id);
   // The part of a timewise score; parts count in the order in which they first appear.
   Part* PartWithId(const char* id);
@@ -60,6 +66,7 @@ class MusicXmlHandler : public XmlHandler {
   XmlPosition* position_ = nullptr;
   Score score_;
   std::deque<Part> parts_;
+  int staves_ = 0;
   std::unordered_map<std::string, Part*> partsById_;
   PartListReader partList_;
 

@@ -47,7 +47,7 @@ bool PartBuilder::GoBack(const Fraction& duration) {
 
 void PartBuilder::AddNote(NoteElement element, const std::string& voice, const Fraction& duration) {
   element.position = Position();
-  Place(element, voice);
+  element.layer = LayerOf(element.staff, voice);
   measure_.AddNote(element);
   hasChordRoot_ = true;
   chordPosition_ = element.position;
@@ -58,30 +58,23 @@ void PartBuilder::AddNote(NoteElement element, const std::string& voice, const F
 void PartBuilder::AddToChord(NoteElement element, const std::string& voice, const Fraction& duration) {
   if (!hasChordRoot_) return AddNote(element, voice, duration);
   element.position = chordPosition_;
-  Place(element, chordVoice_);
+  element.layer = LayerOf(element.staff, chordVoice_);
   measure_.AddToChord(element);
 }
 
 int PartBuilder::Layers() const {
   std::size_t most = 0;
-  for (const Staff& staff : staffLayers_) most = std::max(most, staff.layers.size());
+  for (const auto& [number, staff] : staffLayers_) most = std::max(most, staff.layers.size());
   return static_cast<int>(most);
 }
 
 int PartBuilder::LayerOf(int staff, const std::string& voice) {
-  const auto index = static_cast<std::size_t>(staff - 1);
-  if (index >= staffLayers_.size()) staffLayers_.resize(index + 1);
-  Staff& layers = staffLayers_[index];
+  Staff& layers = staffLayers_[staff];
   if (layers.lastLayer >= 0 && layers.lastVoice == voice) return layers.lastLayer;
   layers.lastLayer = layers.layers.emplace(voice, static_cast<int>(layers.layers.size())).first->second;
   layers.lastVoice = voice;
   if (layers.lastLayer >= kMostLayers) throw InputError("more than 32767 voices on a staff");
   return layers.lastLayer;
-}
-
-void PartBuilder::Place(NoteElement& element, const std::string& voice) {
-  SetStaves(element.staff);
-  element.layer = LayerOf(element.staff, voice);
 }
 
 std::int32_t PartBuilder::Position() const {

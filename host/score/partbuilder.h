@@ -19,14 +19,14 @@ class PartBuilder {
 
   // Above 0: divisions of a quarter that durations are counted in from now on.
   void SetDivisions(const Fraction& divisions);
-  void SetStaves(int staves);
+  void SetStaves(int staves);  // or as many as there are, if that is more
 
   void Advance(const Fraction& duration);
   // False when the clock would stand before the barline, where it is put instead.
   bool GoBack(const Fraction& duration);
 
   // Places a note at the clock, or in the chord of the note before, and moves the clock past it.
-  // `element` has its note, its staff and whether it is a rest.
+  // `element` has its note, its staff, which is one of the part's, and whether it is a rest.
   void AddNote(NoteElement element, const std::string& voice, const Fraction& duration);
   void AddToChord(NoteElement element, const std::string& voice, const Fraction& duration);
 
@@ -44,7 +44,6 @@ class PartBuilder {
   };
 
   int LayerOf(int staff, const std::string& voice);
-  void Place(NoteElement& element, const std::string& voice);
   std::int32_t Position() const;
 
   Fraction clock_;  // quarters from the barline
@@ -54,7 +53,7 @@ class PartBuilder {
   bool hasChordRoot_ = false;
   std::int32_t chordPosition_ = 0;
   std::string chordVoice_;
-  std::vector<Staff> staffLayers_;
+  std::unordered_map<int, Staff> staffLayers_;  // of the staves that have notes
   MeasureBuilder measure_;
   std::vector<ScoreFrame> frames_;
 };

@@ -1,6 +1,7 @@
 #include "host/score/partlistreader.h"
 
 #include <sstream>
+#include <utility>
 
 namespace brvhost {
 namespace {
@@ -59,9 +60,14 @@ void PartListReader::EndElement(std::string_view text) {
   if (name == "group-symbol" && group_ != nullptr) group_->symbol = WithSingleBlanks(text);
 }
 
-ListedPart PartListReader::PartWithId(const std::string& id) const {
+PartNames PartListReader::TakeNames(const std::string& id) {
   const auto found = parts_.find(id);
-  return found == parts_.end() ? ListedPart{} : found->second;
+  return found == parts_.end() ? PartNames{} : std::exchange(found->second.names, {});
+}
+
+int PartListReader::InstrumentsOf(const std::string& id) const {
+  const auto found = parts_.find(id);
+  return found == parts_.end() ? 0 : found->second.instruments;
 }
 
 }  // namespace brvhost

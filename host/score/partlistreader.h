@@ -10,22 +10,23 @@
 
 namespace brvhost {
 
-struct ListedPart {
-  PartNames names;
-  int instruments = 0;
-};
-
 class PartListReader : public SubtreeReader {
  public:
   void StartElement(const char* name, const XmlAttributes& attributes) override;
   void EndElement(std::string_view text) override;
 
-  // The part of that id; one without names where the list does not have it.
-  ListedPart PartWithId(const std::string& id) const;
+  // The names of the part of that id, once; none where the list does not have it. An id is one part's.
+  PartNames TakeNames(const std::string& id);
+  int InstrumentsOf(const std::string& id) const;
   // The groups that are closed, by the order of their parts in the list.
   const std::vector<PartGroup>& Groups() const { return groups_; }
 
  private:
+  struct ListedPart {
+    PartNames names;
+    int instruments = 0;
+  };
+
   void StartGroup(const XmlAttributes& attributes);
 
   std::vector<std::string> open_;

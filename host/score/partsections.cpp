@@ -33,13 +33,18 @@ std::size_t NextCut(std::string_view document, std::size_t from) {
                           : static_cast<std::size_t>(static_cast<const char*>(found) - document.data());
 }
 
-// The handlers that read the sections, in order, or none where a section is not well formed.
+// The handlers that read the sections, in order, or none where a section is not well formed or there are too many
+// staves.
 std::deque<MusicXmlHandler> HandlersOf(const std::vector<XmlSection>& sections, int readers) {
   std::deque<MusicXmlHandler> handlers(sections.size());
   std::atomic<std::size_t> next = 0;
+  std::atomic<int> staves = 0;
   const auto readSome = [&] {
     try {
-      for (std::size_t i; (i = next++) < sections.size();) ReadXmlSection(sections[i], handlers[i]);
+      for (std::size_t i; (i = next++) < sections.size();) {
+        ReadXmlSection(sections[i], handlers[i]);
+        if ((staves += handlers[i].Staves()) > kMostStaves) throw InputError("more than 32767 staves");
+      }
       return true;
     } catch (const InputError&) {
       next = sections.size();

@@ -19,8 +19,8 @@ namespace brvhost {
 std::vector<XmlSection> PartSections(std::string_view document, std::size_t least);
 
 // Reads sections of a score with so many threads, 1 or more. Null where one reader of the whole could find something
-// else, or more to say: an error, a warning, a declaration that holds for all sections. Throws InputError where the
-// parts together are more than a score can have.
+// else, or more to say: an error, a warning, a declaration that holds for all sections, more staves than a score can
+// have.
 std::optional<Score> ReadSections(const std::vector<XmlSection>& sections, int readers);
 
 // Cuts a score into sections of a size that is worth it, and reads them. Null where there are none, too.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/score/details.h"
+#include "host/xml/codeunits.h"
 
 namespace brvhost {
 
@@ -79,6 +80,7 @@ struct Score {
   int staves = 0;
   int measures = 0;
   int layers = kFewestLayers;
+  CodeUnits units = CodeUnits::kBytes;  // in which the document was read, and is to be changed
 
   std::span<const ScoreNote> NotesOf(const ScoreEntry& entry) const {
     return std::span(notes).subspan(entry.firstNote, entry.noteElements);

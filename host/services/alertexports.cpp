@@ -1,10 +1,11 @@
 // Alerts, as extensions find them by name: either a text, or the ID of one in the extension's own bundle.
-#include "BrvEDK/Source/hosttypes.h"
-#include "host/services/session.h"
+#include "BrvEDK/Source/brevixpdk.h"
+#include "host/services/serve.h"
 #include "host/text/utf8.h"
 
 namespace {
 
+using brvhost::Serve;
 using brvhost::Session;
 
 int Kind(int value) { return value & 0xFFFF; }
@@ -13,18 +14,18 @@ int Kind(int value) { return value & 0xFFFF; }
 
 extern "C" {
 
-BRV_EXPORT int BX_AlertMessage(void*, int kind, int stringID, const char* text, BrvVersion) {
-  Session* const session = Session::Current();
-  if (session == nullptr) return 0;
-  if (text == nullptr) return session->AlertWithID(Kind(kind), stringID);
-  return session->Alert(Kind(kind), brvhost::Utf8FromApplicationText(text));
+short16 BX_AlertMessage(void*, ushort16 kind, int32 stringID, const void* text, BrvVersion) {
+  return Serve(0, [&](Session& session) {
+    if (text == nullptr) return session.AlertWithID(Kind(kind), stringID);
+    return session.Alert(Kind(kind), brvhost::Utf8FromApplicationText(static_cast<const char*>(text)));
+  });
 }
 
-BRV_EXPORT int BX_AlertMessage_UTF16(void*, int kind, int stringID, const UniChar* text, BrvVersion) {
-  Session* const session = Session::Current();
-  if (session == nullptr) return 0;
-  if (text == nullptr) return session->AlertWithID(Kind(kind), stringID);
-  return session->Alert(Kind(kind), brvhost::Utf8FromUnits(text));
+short16 BX_AlertMessage_UTF16(void*, ushort16 kind, int32 stringID, const void* text, BrvVersion) {
+  return Serve(0, [&](Session& session) {
+    if (text == nullptr) return session.AlertWithID(Kind(kind), stringID);
+    return session.Alert(Kind(kind), brvhost::Utf8FromUnits(static_cast<const UniChar*>(text)));
+  });
 }
 
 }  // extern "C"

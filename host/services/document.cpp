@@ -29,11 +29,9 @@ const ScoreFrame* OpenDocument::Find(int staff, int measure, int layer) {
 }
 
 std::unique_ptr<OpenDocument::Frame> OpenDocument::NewFrame() {
-  if (spare_.empty()) return std::make_unique<Frame>();
-  auto frame = std::move(spare_.back());
-  spare_.pop_back();
-  frame->entries.clear();
-  return frame;
+  if (spare_ == nullptr) return std::make_unique<Frame>();
+  spare_->entries.clear();
+  return std::move(spare_);
 }
 
 EXENTRY OpenDocument::RecordOf(const ScoreEntry& entry) const {
@@ -86,16 +84,18 @@ bool OpenDocument::FreeFrame(const EXTGF2005a* record) {
     ++strayFrames_;
     return false;
   }
-  spare_.push_back(std::move(found->second));
+  spare_ = std::move(found->second);
   loaded_.erase(found);
   return true;
 }
 
 void OpenDocument::StartEdit() {
-  if (editDepth_++ > 0) return;
-  checkpoint_.records = records_;
-  checkpoint_.hidden.clear();
-  for (const ScoreEntry& entry : score_.entries) checkpoint_.hidden.push_back(entry.hidden);
+  if (editDepth_ == 0) {
+    Checkpoint now{{}, records_};
+    for (const ScoreEntry& entry : score_.entries) now.hidden.push_back(entry.hidden);
+    checkpoint_ = std::move(now);
+  }
+  ++editDepth_;
 }
 
 bool OpenDocument::EndEdit() {

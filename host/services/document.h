@@ -15,6 +15,7 @@ namespace brvhost {
 // The bit of the fourth byte of EXENTRY::entryFlags that says that the entry is music: set for notes, clear for rests.
 inline constexpr std::uint8_t kContentBit = 0x40;
 
+// What throws, for want of memory, leaves it as it was.
 class OpenDocument {
  public:
   // The score outlives the document and carries its changes. The document starts with the records of the score.
@@ -62,7 +63,7 @@ class OpenDocument {
   EDataStore records_;
   std::size_t nextFrame_ = 0;  // in the score's list: extensions mostly ask for one after the other
   std::unordered_map<const EXTGF2005a*, std::unique_ptr<Frame>> loaded_;
-  std::vector<std::unique_ptr<Frame>> spare_;  // freed ones, whose memory serves the next
+  std::unique_ptr<Frame> spare_;  // a freed one, whose memory serves the next
   std::uint64_t savedFrames_ = 0;
   std::uint64_t strayFrames_ = 0;
   int editDepth_ = 0;

@@ -1,94 +1,83 @@
 // Frames, layers, edits, progress and the selection, as extensions find them by name. Without an open session they
 // answer as a host that can do nothing. An extension may leave anything above bit 15 of a 16-bit argument.
-#include "BrvEDK/Source/hosttypes.h"
-#include "host/services/session.h"
+#include "BrvEDK/Source/brevixpdk.h"
+#include "host/services/serve.h"
 
 namespace {
 
-using brvhost::OpenDocument;
+using brvhost::Serve;
 using brvhost::Session;
 
 int Signed16(int value) { return static_cast<std::int16_t>(value); }
 
-OpenDocument* Document() {
-  Session* const session = Session::Current();
-  return session == nullptr ? nullptr : &session->Document();
+HostResult StartEdit() {
+  return Serve<HostResult>(0, [](Session& session) {
+    session.Document().StartEdit();
+    return true;
+  });
 }
 
 }  // namespace
 
 extern "C" {
 
-BRV_EXPORT int BX_IsMachO(BrvVersion) { return 1; }
+short16 BX_IsMachO(BrvVersion) { return 1; }
 
-BRV_EXPORT EXTGF2005a* BX_LoadTGF(int, int staff, int measure, int layer, int, BrvVersion) {
-  OpenDocument* const document = Document();
-  return document == nullptr ? nullptr : document->LoadFrame(Signed16(staff), Signed16(measure), Signed16(layer));
+EXTGF2005a* BX_LoadTGF(ushort16, short16 staff, short16 measure, short16 layer, short16, BrvVersion) {
+  return Serve<EXTGF2005a*>(nullptr, [&](Session& session) {
+    return session.Document().LoadFrame(Signed16(staff), Signed16(measure), Signed16(layer));
+  });
 }
 
-BRV_EXPORT int BX_SaveTGF(const EXTGF2005a* frame, BrvVersion) {
-  OpenDocument* const document = Document();
-  return document != nullptr && document->SaveFrame(frame);
+short16 BX_SaveTGF(EXTGF2005a* frame, BrvVersion) {
+  return Serve(0, [&](Session& session) { return session.Document().SaveFrame(frame); });
 }
 
-BRV_EXPORT int BX_FreeTGF(const EXTGF2005a* frame, BrvVersion) {
-  OpenDocument* const document = Document();
-  return document != nullptr && document->FreeFrame(frame);
+HostResult BX_FreeTGF(EXTGF2005a* frame, BrvVersion) {
+  return Serve<HostResult>(0, [&](Session& session) { return session.Document().FreeFrame(frame); });
 }
 
-BRV_EXPORT int BX_GetMaxLayers(BrvVersion) {
-  const OpenDocument* const document = Document();
-  return document == nullptr ? brvhost::kFewestLayers : document->GetScore().layers;
+short16 BX_GetMaxLayers(BrvVersion) {
+  return Serve(brvhost::kFewestLayers, [](Session& session) { return session.Document().GetScore().layers; });
 }
 
-BRV_EXPORT int BX_GetShowLayer(int layer, BrvVersion) {
-  const Session* const session = Session::Current();
-  return session != nullptr && session->IsLayerShown(Signed16(layer));
+short16 BX_GetShowLayer(short16 layer, BrvVersion) {
+  return Serve(0, [&](Session& session) { return session.IsLayerShown(Signed16(layer)); });
 }
 
-BRV_EXPORT int BX_StartBrevixEdit(const void*, BrvVersion) {
-  OpenDocument* const document = Document();
-  if (document == nullptr) return 0;
-  document->StartEdit();
-  return 1;
+HostResult BX_StartBrevixEdit(void*, BrvVersion) { return StartEdit(); }
+
+HostResult BX_StartBrevixEdit_UTF16(void*, BrvVersion) { return StartEdit(); }
+
+short16 BX_EndBrevixEdit(BrvVersion) {
+  return Serve(0, [](Session& session) { return session.Document().EndEdit(); });
 }
 
-BRV_EXPORT int BX_StartBrevixEdit_UTF16(const void* name, BrvVersion version) {
-  return BX_StartBrevixEdit(name, version);
+void BX_CancelBrevixEdit(BrvVersion) {
+  Serve(0, [](Session& session) { return session.Document().CancelEdit(); });
 }
 
-BRV_EXPORT int BX_EndBrevixEdit(BrvVersion) {
-  OpenDocument* const document = Document();
-  return document != nullptr && document->EndEdit();
+void* BX_StartMassEdit(void*, int32 count, BrvVersion) {
+  return Serve<void*>(nullptr, [&](Session& session) { return session.StartProgress(count); });
 }
 
-BRV_EXPORT int BX_CancelBrevixEdit(BrvVersion) {
-  OpenDocument* const document = Document();
-  return document != nullptr && document->CancelEdit();
+short16 BX_MassEditProgress(void* handle, short16 increment, short16, short16, short16, BrvVersion) {
+  return Serve(0, [&](Session& session) { return session.AddProgress(handle, Signed16(increment)); });
 }
 
-BRV_EXPORT void* BX_StartMassEdit(const void*, int count, BrvVersion) {
-  Session* const session = Session::Current();
-  return session == nullptr ? nullptr : session->StartProgress(count);
-}
-
-BRV_EXPORT int BX_MassEditProgress(void* handle, int increment, int, int, int, BrvVersion) {
-  Session* const session = Session::Current();
-  return session != nullptr && session->AddProgress(handle, Signed16(increment));
-}
-
-BRV_EXPORT void BX_EndMassEdit(void* handle, int, BrvVersion) {
-  if (Session* const session = Session::Current()) session->EndProgress(handle);
+HostResult BX_EndMassEdit(void* handle, short16, BrvVersion) {
+  return Serve<HostResult>(0, [&](Session& session) { return session.EndProgress(handle); });
 }
 
 // There is one selection, and each record that is asked for gets it.
-BRV_EXPORT int BX_GetCurERegions(EREGION* first, EREGION* second, EREGION* third, BrvVersion) {
-  const Session* const session = Session::Current();
-  if (session == nullptr || !session->region) return 0;
-  for (EREGION* const record : {first, second, third}) {
-    if (record != nullptr) *record = *session->region;
-  }
-  return 1;
+short16 BX_GetCurERegions(EREGION* first, EREGION* second, EREGION* third, BrvVersion) {
+  return Serve(0, [&](const Session& session) {
+    if (!session.region) return false;
+    for (EREGION* const record : {first, second, third}) {
+      if (record != nullptr) *record = *session.region;
+    }
+    return true;
+  });
 }
 
 }  // extern "C"

@@ -1,11 +1,12 @@
 // Instrument slots, as extensions find them by name. An id is a staff; its slots are the instruments that the staff's
 // part declares, from 1. Instruments count from 1 through all parts.
-#include "BrvEDK/Source/hosttypes.h"
-#include "host/services/session.h"
+#include "BrvEDK/Source/brevixpdk.h"
+#include "host/services/serve.h"
 
 namespace {
 
 using brvhost::ScorePart;
+using brvhost::Serve;
 using brvhost::Session;
 
 // The instruments of one part, by their numbers in the score.
@@ -14,10 +15,8 @@ struct Instruments {
   int count = 0;
 };
 
-Instruments InstrumentsOfStaff(int staff) {
-  const Session* const session = Session::Current();
-  if (session == nullptr) return {};
-  const brvhost::Score& score = session->Document().GetScore();
+Instruments InstrumentsOfStaff(const Session& session, int staff) {
+  const brvhost::Score& score = session.Document().GetScore();
   const ScorePart* const part = score.PartOfStaff(staff);
   if (part == nullptr) return {};
   Instruments found{0, part->instruments};
@@ -29,16 +28,20 @@ Instruments InstrumentsOfStaff(int staff) {
 
 extern "C" {
 
-BRV_EXPORT int BX_SlotToInst(int slot, int staff, BrvVersion) {
-  const int wanted = static_cast<std::int16_t>(slot);
-  const Instruments instruments = InstrumentsOfStaff(static_cast<std::uint16_t>(staff));
-  return wanted >= 1 && wanted <= instruments.count ? instruments.before + wanted : 0;
+short16 BX_SlotToInst(short16 slot, ushort16 staff, BrvVersion) {
+  return Serve(0, [&](const Session& session) {
+    const int wanted = static_cast<std::int16_t>(slot);
+    const Instruments instruments = InstrumentsOfStaff(session, static_cast<std::uint16_t>(staff));
+    return wanted >= 1 && wanted <= instruments.count ? instruments.before + wanted : 0;
+  });
 }
 
-BRV_EXPORT int BX_InstToSlot(int instrument, int staff, BrvVersion) {
-  const Instruments instruments = InstrumentsOfStaff(static_cast<std::uint16_t>(staff));
-  const int slot = static_cast<std::int16_t>(instrument) - instruments.before;
-  return slot >= 1 && slot <= instruments.count ? slot : 0;
+short16 BX_InstToSlot(short16 instrument, ushort16 staff, BrvVersion) {
+  return Serve(0, [&](const Session& session) {
+    const Instruments instruments = InstrumentsOfStaff(session, static_cast<std::uint16_t>(staff));
+    const int slot = static_cast<std::int16_t>(instrument) - instruments.before;
+    return slot >= 1 && slot <= instruments.count ? slot : 0;
+  });
 }
 
 }  // extern "C"

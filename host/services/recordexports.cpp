@@ -2,19 +2,22 @@
 // 1 for success and 0 for failure. A record has at most kLargestRecord bytes.
 #include <algorithm>
 
-#include "BrvEDK/Source/hosttypes.h"
-#include "host/services/session.h"
+#include "BrvEDK/Source/brevixpdk.h"
+#include "host/services/serve.h"
 
 namespace {
 
 using brvhost::EDataStore;
+using brvhost::Serve;
 using brvhost::Session;
 
-constexpr std::uint32_t kLargestRecord = 1 << 24;
+constexpr uint32 kLargestRecord = 1 << 24;
 
-EDataStore* Records() {
-  Session* const session = Session::Current();
-  return session == nullptr ? nullptr : &session->Document().Records();
+// What `work` answers of the document's records.
+template <class Work>
+short16 ServeRecords(const EDataKey* key, const Work& work) {
+  if (key == nullptr) return 0;
+  return Serve(0, [&](Session& session) { return work(session.Document().Records()); });
 }
 
 // Copies as much as there is room for.
@@ -23,8 +26,13 @@ void CopyOut(const EDataStore::Bytes& record, void* data, std::int32_t room) {
   std::copy_n(record.data(), std::min(static_cast<std::size_t>(room), record.size()), static_cast<std::uint8_t*>(data));
 }
 
+bool CopyIfFound(const EDataStore::Bytes* record, void* data, std::int32_t room) {
+  if (record != nullptr) CopyOut(*record, data, room);
+  return record != nullptr;
+}
+
 // Null data is a record of zeros.
-EDataStore::Bytes BytesOf(const void* data, std::uint32_t size) {
+EDataStore::Bytes BytesOf(const void* data, uint32 size) {
   const auto* const bytes = static_cast<const std::uint8_t*>(data);
   return bytes == nullptr ? EDataStore::Bytes(size) : EDataStore::Bytes(bytes, bytes + size);
 }
@@ -34,54 +42,47 @@ EDataStore::Bytes BytesOf(const void* data, std::uint32_t size) {
 extern "C" {
 
 // Null data asks for the size alone.
-BRV_EXPORT int BX_LoadEData(std::uint32_t tag, const EDataKey* key, void* data, std::int32_t* size, BrvVersion) {
-  const EDataStore* const records = Records();
-  if (records == nullptr || key == nullptr || size == nullptr) return 0;
-  const EDataStore::Bytes* const record = records->Find(tag, *key);
-  if (record == nullptr) return 0;
-  CopyOut(*record, data, *size);
-  *size = static_cast<std::int32_t>(record->size());
-  return 1;
+short16 BX_LoadEData(uint32 tag, EDataKey* key, void* data, std::int32_t* size, BrvVersion) {
+  return ServeRecords(key, [&](const EDataStore& records) {
+    const EDataStore::Bytes* const record = size == nullptr ? nullptr : records.Find(tag, *key);
+    if (record == nullptr) return false;
+    CopyOut(*record, data, *size);
+    *size = static_cast<std::int32_t>(record->size());
+    return true;
+  });
 }
 
 // Creates the record where there is none.
-BRV_EXPORT int BX_SaveEData(std::uint32_t tag, const EDataKey* key, const void* data, std::uint32_t size, BrvVersion) {
-  EDataStore* const records = Records();
-  if (records == nullptr || key == nullptr || size > kLargestRecord) return 0;
-  records->Save(tag, *key, BytesOf(data, size));
-  return 1;
+short16 BX_SaveEData(uint32 tag, EDataKey* key, void* data, uint32 size, BrvVersion) {
+  return ServeRecords(key, [&](EDataStore& records) {
+    if (size > kLargestRecord) return false;
+    records.Save(tag, *key, BytesOf(data, size));
+    return true;
+  });
 }
 
 // Fails where there is one already.
-BRV_EXPORT int BX_CreateEData(std::uint32_t tag, const EDataKey* key, const void* data, std::uint32_t size,
-                              BrvVersion) {
-  EDataStore* const records = Records();
-  if (records == nullptr || key == nullptr || size > kLargestRecord) return 0;
-  return records->Create(tag, *key, BytesOf(data, size));
+short16 BX_CreateEData(uint32 tag, EDataKey* key, void* data, int32 size, BrvVersion) {
+  return ServeRecords(key, [&](EDataStore& records) {
+    const auto count = static_cast<uint32>(size);
+    return count <= kLargestRecord && records.Create(tag, *key, BytesOf(data, count));
+  });
 }
 
-BRV_EXPORT int BX_DeleteEData(std::uint32_t tag, const EDataKey* key, BrvVersion) {
-  EDataStore* const records = Records();
-  return records != nullptr && key != nullptr && records->Erase(tag, *key);
+short16 BX_DeleteEData(uint32 tag, EDataKey* key, BrvVersion) {
+  return ServeRecords(key, [&](EDataStore& records) { return records.Erase(tag, *key); });
 }
 
 // The nearest record of the tag before the key, by record number and then index; the key becomes its key. `room` is
 // that at `data`, in bytes.
-BRV_EXPORT int BX_PreviousEData(std::uint32_t tag, EDataKey* key, void* data, std::int32_t room, BrvVersion) {
-  const EDataStore* const records = Records();
-  const EDataStore::Bytes* const record = records == nullptr || key == nullptr ? nullptr : records->Previous(tag, *key);
-  if (record == nullptr) return 0;
-  CopyOut(*record, data, room);
-  return 1;
+short16 BX_PreviousEData(uint32 tag, EDataKey* key, void* data, int32 room, BrvVersion) {
+  return ServeRecords(key,
+                      [&](const EDataStore& records) { return CopyIfFound(records.Previous(tag, *key), data, room); });
 }
 
 // Likewise the nearest after the key.
-BRV_EXPORT int BX_NextEData(std::uint32_t tag, EDataKey* key, void* data, std::int32_t room, BrvVersion) {
-  const EDataStore* const records = Records();
-  const EDataStore::Bytes* const record = records == nullptr || key == nullptr ? nullptr : records->Next(tag, *key);
-  if (record == nullptr) return 0;
-  CopyOut(*record, data, room);
-  return 1;
+short16 BX_NextEData(uint32 tag, EDataKey* key, void* data, int32 room, BrvVersion) {
+  return ServeRecords(key, [&](const EDataStore& records) { return CopyIfFound(records.Next(tag, *key), data, room); });
 }
 
 }  // extern "C"

@@ -84,18 +84,28 @@ void StoreMeasures(const Score& score, EDataStore& records) {
   }
 }
 
+std::u16string Utf16(const std::string& utf8) {
+  const icu::UnicodeString text = icu::UnicodeString::fromUTF8(utf8);
+  return {text.getBuffer(), static_cast<std::size_t>(text.length())};
+}
+
 // Names as the interface has them: a flat sign is a tag, a font is one before the text. A caret of the text's own would
 // open a tag that does not end, and is written as the modifier letter that looks like it.
 std::u16string TaggedText(const std::string& name, const std::string& font) {
-  const auto withoutMarks = [](icu::UnicodeString text) {
-    for (const char16_t mark : {u'(', u')', u'^'}) text.findAndReplace(icu::UnicodeString(mark), icu::UnicodeString());
-    return text;
-  };
-  icu::UnicodeString text = icu::UnicodeString::fromUTF8(name);
-  text.findAndReplace(u"^", u"\u02C6");
-  text.findAndReplace(u"\u266D", u"^flat()");
-  if (!font.empty()) text.insert(0, u"^font(" + withoutMarks(icu::UnicodeString::fromUTF8(font)) + u")");
-  return {text.getBuffer(), static_cast<std::size_t>(text.length())};
+  std::u16string text;
+  if (!font.empty()) {
+    std::u16string plain = Utf16(font);
+    std::erase_if(plain, [](char16_t unit) { return unit == u'(' || unit == u')' || unit == u'^'; });
+    text = u"^font(" + plain + u")";
+  }
+  for (const char16_t unit : Utf16(name)) {
+    if (unit == u'\u266D') {
+      text += u"^flat()";
+    } else {
+      text += unit == u'^' ? u'\u02C6' : unit;
+    }
+  }
+  return text;
 }
 
 // Texts get numbers from 1 on, the same for the text block and its raw text.
@@ -158,8 +168,7 @@ void StorePages(const Score& score, EDataStore& records) {
     firstMeasures.insert(firstMeasures.end(), part.details.newPages.begin(), part.details.newPages.end());
   }
   std::ranges::sort(firstMeasures);
-  const auto repeated = std::ranges::unique(firstMeasures);
-  firstMeasures.erase(repeated.begin(), repeated.end());
+  firstMeasures.erase(std::unique(firstMeasures.begin(), firstMeasures.end()), firstMeasures.end());
   int page = 0;
   for (const int measure : firstMeasures) records.Save(Tag("SOPS"), Key(++page), Record(22).Put(0, measure).Content());
 }

@@ -1,6 +1,7 @@
 #include "host/services/session.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace brvhost {
 namespace {
@@ -31,6 +32,14 @@ int Session::Alert(int kind, const std::string& text) {
 
 int Session::AlertWithID(int kind, std::int32_t stringID) { return Alert(kind, extension_.LocalizedText(stringID)); }
 
+void Session::KeepFailure(std::exception_ptr failure) {
+  if (failure_ == nullptr) failure_ = std::move(failure);
+}
+
+void Session::RethrowFailure() const {
+  if (failure_ != nullptr) std::rethrow_exception(failure_);
+}
+
 void* Session::StartProgress(std::int64_t total) {
   progress_ = {0, total};
   return &progress_;
@@ -43,10 +52,11 @@ bool Session::AddProgress(const void* handle, int increment) {
   return true;
 }
 
-void Session::EndProgress(const void* handle) {
-  if (handle != &progress_ || !progress_) return;
+bool Session::EndProgress(const void* handle) {
+  if (handle != &progress_ || !progress_) return false;
   progress_.reset();
   user_.EndProgress();
+  return true;
 }
 
 }  // namespace brvhost

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <optional>
 #include <string>
 #include <vector>
@@ -50,10 +51,14 @@ class Session {
   int Alert(int kind, const std::string& text);
   int AlertWithID(int kind, std::int32_t stringID);
 
+  // What a host function that failed threw, until whoever opened the session asks: the first of them is kept.
+  void KeepFailure(std::exception_ptr failure);
+  void RethrowFailure() const;
+
   // One display of progress at a time. The handle is the host's own and never null.
   void* StartProgress(std::int64_t total);
   bool AddProgress(const void* handle, int increment);
-  void EndProgress(const void* handle);
+  bool EndProgress(const void* handle);
   bool ShowsProgress() const { return progress_.has_value(); }
 
  private:
@@ -66,6 +71,7 @@ class Session {
   OpenDocument& document_;
   User& user_;
   std::optional<Progress> progress_;
+  std::exception_ptr failure_;
 };
 
 }  // namespace brvhost

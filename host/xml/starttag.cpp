@@ -10,13 +10,6 @@ bool EndsName(unsigned char unit) { return IsBlank(unit) || unit == '=' || unit 
 
 }  // namespace
 
-CodeUnits CodeUnitsOf(std::string_view document) {
-  using namespace std::string_view_literals;
-  if (document.starts_with("\xFE\xFF"sv) || document.starts_with("\0<"sv)) return CodeUnits::kUtf16BigEndian;
-  if (document.starts_with("\xFF\xFE"sv) || document.starts_with("<\0"sv)) return CodeUnits::kUtf16LittleEndian;
-  return CodeUnits::kBytes;
-}
-
 StartTag::StartTag(std::string_view document, CodeUnits units, std::uint64_t offset)
     : document_(document), units_(units), width_(units == CodeUnits::kBytes ? 1 : 2), start_(offset / width_) {}
 

@@ -6,13 +6,9 @@
 #include <string>
 #include <string_view>
 
+#include "host/xml/codeunits.h"
+
 namespace brvhost {
-
-// How the characters of ASCII, which all markup is made of, stand in the bytes.
-enum class CodeUnits { kBytes, kUtf16LittleEndian, kUtf16BigEndian };
-
-// Told from the first bytes, as the reader of XML does.
-CodeUnits CodeUnitsOf(std::string_view document);
 
 // A change of the bytes: from `offset`, `removed` bytes give way to `inserted`.
 struct ByteEdit {
@@ -23,8 +19,8 @@ struct ByteEdit {
 
 class StartTag {
  public:
-  // The start tag whose "<" is at `offset`, in a well-formed document. Null when there is none: an element that an
-  // entity brings in has its tag elsewhere.
+  // The start tag whose "<" is at `offset`, in a well-formed document; both are what its reader said. Null when there
+  // is none: an element that an entity brings in has its tag elsewhere.
   static std::optional<StartTag> At(std::string_view document, CodeUnits units, std::uint64_t offset);
 
   // Adds an attribute that the tag does not have, directly after its name. `value` is ASCII and needs no escape.

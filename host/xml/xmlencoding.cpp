@@ -2,7 +2,9 @@
 
 #include <unicode/ucnv.h>
 
+#include <algorithm>
 #include <memory>
+#include <new>
 #include <optional>
 
 namespace brvhost {
@@ -10,84 +12,127 @@ namespace {
 
 constexpr int kLongest = 4;  // bytes of one character, the most that the parser takes
 
+// An encoding with more to search is refused, whatever it is: those that can be read take less than half of it.
+constexpr int kMostTries = 10'000'000;
+
 struct CloseConverter {
   void operator()(UConverter* converter) const { ucnv_close(converter); }
 };
 using Converter = std::unique_ptr<UConverter, CloseConverter>;
 
-// The one character that these bytes are, -1 when they are none, -2 when they only start one.
+// What bytes are that are not a character.
+constexpr int kNone = -1;
+constexpr int kStartOfOne = -2;
+constexpr int kSwitch = -3;  // to other characters, as long as nothing switches back
+
+// The one character that these bytes are, or what else they are.
 int CharacterOf(UConverter* converter, const char* bytes, int count) {
   UErrorCode error = U_ZERO_ERROR;
   const char* source = bytes;
   ucnv_reset(converter);
   const UChar32 character = ucnv_getNextUChar(converter, &source, bytes + count, &error);
-  if (error == U_TRUNCATED_CHAR_FOUND || error == U_INDEX_OUTOFBOUNDS_ERROR) return -2;
-  return U_FAILURE(error) || source != bytes + count ? -1 : character;
+  if (error == U_TRUNCATED_CHAR_FOUND) return kStartOfOne;
+  if (error == U_INDEX_OUTOFBOUNDS_ERROR) return kSwitch;
+  return U_FAILURE(error) || source != bytes + count ? kNone : character;
 }
 
-// Whether any character starts with these bytes and has `length` in all.
-bool StartsCharacterOf(UConverter* converter, char (&bytes)[kLongest], int count, int length) {
-  for (int next = 0x30; next < 0x100; ++next) {
-    bytes[count] = static_cast<char>(next);
-    const int character = CharacterOf(converter, bytes, count + 1);
-    if (count + 1 == length && character >= 0) return true;
-    if (count + 1 < length && character == -2 && StartsCharacterOf(converter, bytes, count + 1, length)) return true;
-  }
-  return false;
-}
+// Blanks, quotes and all else that holds a tag together. Whoever changes a tag relies on it that these bytes stand for
+// themselves everywhere.
+bool IsMarkup(unsigned char byte) { return byte < 0x30 || (byte >= '<' && byte <= '>'); }
 
-// The number of bytes of the characters that start with `lead`: 0 when there are none, -1 when they are of different
-// lengths, which the parser has no way to know.
-int LengthAfter(UConverter* converter, char lead) {
-  int found = 0;
-  for (int length = 2; length <= kLongest; ++length) {
-    char bytes[kLongest] = {lead};
-    if (!StartsCharacterOf(converter, bytes, 1, length)) continue;
-    if (found != 0) return -1;
-    found = length;
+// Finds out how long the characters are that start with a byte.
+class Search {
+ public:
+  explicit Search(UConverter* converter) : converter_(converter) {}
+
+  // 0 when there are none. Null when they are of different lengths, which the parser has no way to know, when a byte of
+  // markup is in one, or when it takes too long to tell.
+  std::optional<int> LengthAfter(char lead) {
+    int found = 0;
+    for (int length = 2; length <= kLongest; ++length) {
+      char bytes[kLongest] = {lead};
+      if (!StartsCharacter(bytes, 1, length)) continue;
+      if (found != 0) return std::nullopt;
+      found = length;
+    }
+    return tries_ > kMostTries || sawMarkup_ ? std::nullopt : std::optional(found);
   }
-  return found;
-}
+
+ private:
+  // Whether any character starts with these bytes and has `length` in all.
+  bool StartsCharacter(char (&bytes)[kLongest], int count, int length) {
+    for (int next = 0; next < 0x100 && tries_ <= kMostTries; ++next) {
+      ++tries_;
+      bytes[count] = static_cast<char>(next);
+      const int character = CharacterOf(converter_, bytes, count + 1);
+      sawMarkup_ |= character != kNone && IsMarkup(static_cast<unsigned char>(next));
+      if (count + 1 == length && character >= 0) return true;
+      if (count + 1 < length && character == kStartOfOne && StartsCharacter(bytes, count + 1, length)) return true;
+    }
+    return false;
+  }
+
+  UConverter* converter_;
+  int tries_ = 0;
+  bool sawMarkup_ = false;
+};
 
 // What the parser is to know of a byte: its character, or the length of those that start with it, negative; -1 for
 // none. Null when it cannot be said.
-std::optional<int> TableEntry(UConverter* converter, int byte) {
+std::optional<int> TableEntry(UConverter* converter, Search& search, int byte) {
   const char lead = static_cast<char>(byte);
   const int character = CharacterOf(converter, &lead, 1);
-  if (character != -2) return character;
-  if (byte < 0x80) return std::nullopt;  // it switches to other characters, as long as nothing switches back
-  const int length = LengthAfter(converter, lead);
-  if (length < 0) return std::nullopt;
-  return length == 0 ? -1 : -length;
+  if (character >= kNone) return character;
+  if (character == kSwitch || byte < 0x80) return std::nullopt;
+  const auto length = search.LengthAfter(lead);
+  if (!length) return std::nullopt;
+  return *length == 0 ? kNone : -*length;
 }
 
-int Convert(void* converter, const char* bytes) {
-  auto* const opened = static_cast<UConverter*>(converter);
-  for (int count = 2; count <= kLongest; ++count) {
-    const int character = CharacterOf(opened, bytes, count);
-    if (character != -2) return character > 0xFFFF ? -1 : character;
+bool FillTable(UConverter* converter, int (&table)[256]) {
+  Search search(converter);
+  for (int byte = 0; byte < 256; ++byte) {
+    const auto entry = TableEntry(converter, search, byte);
+    if (!entry) return false;
+    table[byte] = *entry;
   }
-  return -1;
+  return true;
 }
 
-void Release(void* converter) { ucnv_close(static_cast<UConverter*>(converter)); }
+struct Known {
+  Converter converter;
+  int table[256];
+};
+
+// The parser asks where as many bytes follow as the table says of the first.
+int Convert(void* known, const char* bytes) {
+  const auto& [converter, table] = *static_cast<Known*>(known);
+  const int length = -table[static_cast<unsigned char>(*bytes)];
+  if (std::any_of(bytes + 1, bytes + length, IsMarkup)) return kNone;  // the search does not see them all
+  const int character = CharacterOf(converter.get(), bytes, length);
+  return character > 0xFFFF ? kNone : std::max(character, kNone);
+}
+
+void Release(void* known) { delete static_cast<Known*>(known); }
+
+Converter OpenConverter(const char* name) {
+  UErrorCode error = U_ZERO_ERROR;
+  Converter converter(ucnv_open(name, &error));
+  if (U_SUCCESS(error)) {
+    ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
+  }
+  return U_SUCCESS(error) ? std::move(converter) : nullptr;
+}
 
 }  // namespace
 
 int DescribeEncoding(void*, const char* name, XML_Encoding* description) {
-  UErrorCode error = U_ZERO_ERROR;
-  Converter converter(ucnv_open(name, &error));
-  if (U_FAILURE(error)) return XML_STATUS_ERROR;
-  ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
-  bool severalBytes = false;
-  for (int byte = 0; byte < 256; ++byte) {
-    const auto entry = TableEntry(converter.get(), byte);
-    if (!entry) return XML_STATUS_ERROR;
-    description->map[byte] = *entry;
-    severalBytes |= description->map[byte] < -1;
-  }
-  if (U_FAILURE(error)) return XML_STATUS_ERROR;
-  description->data = converter.release();
+  std::unique_ptr<Known> known(new (std::nothrow) Known{OpenConverter(name), {}});
+  if (known == nullptr || known->converter == nullptr) return XML_STATUS_ERROR;
+  if (!FillTable(known->converter.get(), known->table)) return XML_STATUS_ERROR;
+  std::ranges::copy(known->table, description->map);
+  const bool severalBytes = std::ranges::any_of(known->table, [](int entry) { return entry < kNone; });
+  description->data = known.release();
   description->convert = severalBytes ? Convert : nullptr;
   description->release = Release;
   return XML_STATUS_OK;

@@ -7,7 +7,9 @@
 #include <exception>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 
+#include "host/xml/unreadencoding.h"
 #include "host/xml/xmlencoding.h"
 
 namespace brvhost {
@@ -16,6 +18,13 @@ namespace {
 // The parser counts the lines and columns of every piece that it is given but the last, which takes a sixth of its
 // time: there is one piece, unless that were more than it takes.
 constexpr std::size_t kLargestPiece = std::size_t{1} << 29;
+
+// A "<" and a name start here, as the parser says, whatever made it take the bytes so. No name has a character 0.
+CodeUnits UnitsOfTag(std::string_view tag) {
+  using namespace std::string_view_literals;
+  if (tag.starts_with("\0<"sv)) return CodeUnits::kUtf16BigEndian;
+  return tag.starts_with("<\0"sv) ? CodeUnits::kUtf16LittleEndian : CodeUnits::kBytes;
+}
 
 class Reader : public XmlPosition {
  public:
@@ -27,6 +36,7 @@ class Reader : public XmlPosition {
   }
 
   void Read(std::string_view document) {
+    start_ = document;
     handler_.Begin(*this);
     while (document.size() > kLargestPiece) {
       Parse({document.substr(0, kLargestPiece)}, false);
@@ -37,6 +47,8 @@ class Reader : public XmlPosition {
 
   void Read(const XmlSection& section) {
     if (section.content.size() > kLargestPiece) throw InputError("the section is too large");
+    start_ = section.opening.empty() ? section.content : section.opening;
+    isSection_ = true;
     shift_ = section.offset - section.opening.size();
     XML_SetXmlDeclHandler(parser_.get(), RefuseOtherEncodings);
     XML_SetStartDoctypeDeclHandler(parser_.get(), RefuseDeclarations);
@@ -51,6 +63,8 @@ class Reader : public XmlPosition {
   std::uint64_t Offset() const override {
     return shift_ + static_cast<std::uint64_t>(XML_GetCurrentByteIndex(parser_.get()));
   }
+
+  CodeUnits Units() const override { return *units_; }
 
   void WantText(bool wanted) override { XML_SetCharacterDataHandler(parser_.get(), wanted ? OnText : nullptr); }
 
@@ -69,6 +83,9 @@ class Reader : public XmlPosition {
 
   std::string Explanation() const {
     const XML_Error error = XML_GetErrorCode(parser_.get());
+    if (const char* const encoding = units_ ? nullptr : UnreadEncodingOf(start_)) {
+      return std::string("a document in ").append(encoding).append(" cannot be read; one in UTF-8 or UTF-16 can");
+    }
     if (error == XML_ERROR_NO_ELEMENTS || error == XML_ERROR_UNCLOSED_TOKEN) return "the XML ends too early";
     return std::string("not well-formed XML: ").append(XML_ErrorString(error));
   }
@@ -79,23 +96,35 @@ class Reader : public XmlPosition {
     auto& self = *static_cast<Reader*>(reader);
     if (self.failure_) return;
     try {
-      call(self.handler_);
-    } catch (const InputError& error) {
-      self.Stop(std::make_exception_ptr(error.place.line == 0 ? InputError(error.what(), self.Place()) : error));
+      self.Placed(call);
     } catch (...) {
-      self.Stop(std::current_exception());
+      self.failure_ = std::current_exception();
+      XML_StopParser(self.parser_.get(), XML_FALSE);
     }
   }
 
-  void Stop(std::exception_ptr failure) {
-    failure_ = std::move(failure);
-    XML_StopParser(parser_.get(), XML_FALSE);
+  // Adds the place to what the call finds wrong without one.
+  template <class Call>
+  void Placed(Call call) const {
+    try {
+      call(handler_);
+    } catch (const InputError& error) {
+      if (error.place.line != 0) throw;
+      throw InputError(error.what(), Place());
+    }
   }
 
   static void OnStart(void* reader, const char* name, const char** attributes) {
     auto& self = *static_cast<Reader*>(reader);
+    if (!self.units_) self.OnRoot();
     const int count = XML_GetSpecifiedAttributeCount(self.parser_.get());
     Guarded(reader, [&](XmlHandler& handler) { handler.StartElement(name, XmlAttributes(attributes, count)); });
+  }
+
+  void OnRoot() {
+    const auto index = static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_.get()));
+    units_ = UnitsOfTag(start_.substr(std::min(index, start_.size())));
+    if (isSection_ && units_ != CodeUnits::kBytes) Refuse(this, "the section is not in UTF-8");
   }
 
   static void OnEnd(void* reader, const char*) {
@@ -106,18 +135,23 @@ class Reader : public XmlPosition {
     Guarded(reader, [&](XmlHandler& handler) { handler.Text({text, static_cast<std::size_t>(length)}); });
   }
 
-  void Refuse(const char* reason) { Stop(std::make_exception_ptr(InputError(reason, Place()))); }
+  static void Refuse(void* reader, const char* reason) {
+    Guarded(reader, [reason](XmlHandler&) { throw InputError(reason); });
+  }
 
   static void RefuseOtherEncodings(void* reader, const char*, const char* encoding, int) {
     if (encoding == nullptr || strcasecmp(encoding, "UTF-8") == 0) return;
-    static_cast<Reader*>(reader)->Refuse("the section is not in UTF-8");
+    Refuse(reader, "the section is not in UTF-8");
   }
 
   static void RefuseDeclarations(void* reader, const char*, const char*, const char*, int hasDeclarations) {
-    if (hasDeclarations != 0) static_cast<Reader*>(reader)->Refuse("the section declares entities or attributes");
+    if (hasDeclarations != 0) Refuse(reader, "the section declares entities or attributes");
   }
 
   XmlHandler& handler_;
+  std::string_view start_;          // of what is parsed, its first tag included
+  std::optional<CodeUnits> units_;  // known once the first tag is there
+  bool isSection_ = false;
   std::uint64_t shift_ = 0;  // from offsets in what is parsed to those in the document
   std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser_;
   std::exception_ptr failure_;

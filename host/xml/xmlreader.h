@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "host/text/inputerror.h"
+#include "host/xml/codeunits.h"
 
 namespace brvhost {
 
@@ -36,6 +37,8 @@ class XmlPosition {
   virtual TextPlace Place() const = 0;
   // The offset of the byte at which the tag or text starts that is being reported.
   virtual std::uint64_t Offset() const = 0;
+  // How the reader takes the document's bytes; good from the first tag on.
+  virtual CodeUnits Units() const = 0;
   // From now on, until told otherwise, text is reported or passed over.
   virtual void WantText(bool wanted) = 0;
 

@@ -5,7 +5,7 @@ import subprocess
 import time
 import unittest
 
-from brvhost import (Case, HIDE, LEGER_LINES, NOTE, PROGRAM, faulty, run, score)
+from brvhost import (Case, HIDE, LEGER_LINES, NOTE, PROGRAM, SANITIZED, faulty, run, score)
 
 
 class Failures(Case):
@@ -44,6 +44,17 @@ class Failures(Case):
         self.fails(process, 1, "big.musicxml: cannot write: File too large")
         self.assertEqual(big.read_bytes(), before)
         self.assertEqual(sorted(path.name for path in self.folder.iterdir()), ["big.musicxml", "score.musicxml"])
+
+
+    @unittest.skipIf(SANITIZED, "the sanitizer wants all addresses")
+    def test_of_memory_within_a_call_are_answered_and_write_nothing(self):
+        limit = "ulimit -v 1000000; "
+        process = subprocess.run(["bash", "-c", limit + 'exec "$@"', "bash", PROGRAM, "run",
+                                  faulty("saves_beyond_memory"), "--item", "0", "--all", "--in-place", str(self.score)],
+                                 capture_output=True, text=True, timeout=60)
+        self.fails(process, 1, "score.musicxml: there is not enough memory for this score")
+        self.assertEqual(process.stdout, "the host answered 0\n")
+        self.assertEqual(self.score.read_text(), score())
 
 
 class Interrupts(Case):

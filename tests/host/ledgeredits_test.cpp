@@ -98,32 +98,62 @@ struct Dress {
   std::size_t markLength;
 };
 
+// The document of above with all its notes hidden.
+std::string HiddenByHand(std::string text) {
+  for (const char* const tag : {"<note\tdefault", "<note >", "<note><rest"}) {
+    text.insert(text.find(tag) + 5, " print-leger=\"no\"");
+  }
+  return text;
+}
+
+template <class Encoder>
+void ExpectEveryOtherByteStands(const std::string& text, const Encoder& encoded) {
+  const std::string hidden = WithAll(encoded(text), true);
+  EXPECT_EQ(hidden, encoded(HiddenByHand(text)));
+  EXPECT_EQ(WithAll(hidden, false), encoded(text));
+}
+
 class WriteEditedKeeps : public testing::TestWithParam<std::tuple<Dress, const char*>> {};
 
 TEST_P(WriteEditedKeeps, EveryOtherByte) {
   const auto& [dress, lineEnd] = GetParam();
-  const std::string text = Document(dress.declared, lineEnd);
-  const auto encoded = [&d = dress](const std::string& plain) {
+  ExpectEveryOtherByteStands(Document(dress.declared, lineEnd), [&d = dress](const std::string& plain) {
     return std::string(d.mark, d.markLength).append(Encode(plain, d.encoding));
-  };
-  std::string expected = text;
-  for (const char* const tag : {"<note\tdefault", "<note >", "<note><rest"}) {
-    expected.insert(expected.find(tag) + 5, " print-leger=\"no\"");
-  }
-  const std::string hidden = WithAll(encoded(text), true);
-  EXPECT_EQ(hidden, encoded(expected));
-  EXPECT_EQ(WithAll(hidden, false), encoded(text));
+  });
 }
 
-INSTANTIATE_TEST_SUITE_P(Dresses, WriteEditedKeeps,
-                         testing::Combine(testing::Values(Dress{"UTF-8", "UTF-8", "", 0},
-                                                          Dress{"UTF-8", "UTF-8", "\xEF\xBB\xBF", 3},
-                                                          Dress{"UTF-16", "UTF-16LE", "\xFF\xFE", 2},
-                                                          Dress{"UTF-16", "UTF-16BE", "\xFE\xFF", 2},
-                                                          Dress{"ISO-8859-1", "ISO-8859-1", "", 0},
-                                                          Dress{"windows-1252", "windows-1252", "", 0},
-                                                          Dress{"macintosh", "macintosh", "", 0}),
-                                          testing::Values("\n", "\r\n", "\r", "")));
+INSTANTIATE_TEST_SUITE_P(
+    Dresses, WriteEditedKeeps,
+    testing::Combine(testing::Values(Dress{"UTF-8", "UTF-8", "", 0}, Dress{"UTF-8", "UTF-8", "\xEF\xBB\xBF", 3},
+                                     Dress{"UTF-16", "UTF-16LE", "\xFF\xFE", 2},
+                                     Dress{"UTF-16", "UTF-16BE", "\xFE\xFF", 2}, Dress{"UTF-16", "UTF-16LE", "", 0},
+                                     Dress{"UTF-16", "UTF-16BE", "", 0}, Dress{"UTF-16LE", "UTF-16LE", "\xFF\xFE", 2},
+                                     Dress{"utf-16be", "UTF-16BE", "", 0}, Dress{"ISO-8859-1", "ISO-8859-1", "", 0},
+                                     Dress{"windows-1252", "windows-1252", "", 0},
+                                     Dress{"macintosh", "macintosh", "", 0}),
+                     testing::Values("\n", "\r\n", "\r", "")));
+
+// Without a mark or a declaration the first character tells how the document reads, and it need not be a "<".
+TEST(WriteEdited, KeepsUtf16WithoutAMarkWhateverBlanksItStartsWith) {
+  const std::string declared = Document("", "\n");
+  const std::string text = declared.substr(declared.find("<!DOCTYPE"));
+  for (const char* const encoding : {"UTF-16LE", "UTF-16BE"}) {
+    for (const char* const blanks : {"", " ", "\t", "\n", "\r\n", "  \n"}) {
+      SCOPED_TRACE(testing::Message() << encoding << ", " << testing::PrintToString(blanks));
+      ExpectEveryOtherByteStands(blanks + text, [&](const std::string& plain) { return Encode(plain, encoding); });
+    }
+  }
+}
+
+// The parser goes over to the encoding that is declared, whatever the declaration itself is written in.
+TEST(WriteEdited, EditsInBytesWhereOnlyTheDeclarationIsInUtf16) {
+  for (const char* const encoding : {"UTF-16LE", "UTF-16BE"}) {
+    const std::string declaration = Encode("<?xml version='1.0' encoding='windows-1252'?>", encoding);
+    EXPECT_EQ(WithAll(declaration + Partwise(Measure("<note/>")), true),
+              declaration + Partwise(Measure("<note print-leger=\"no\"/>")))
+        << encoding;
+  }
+}
 
 TEST(WriteEdited, RefusesToChangeANoteThatAnEntityBringsIn) {
   const std::string document = "<!DOCTYPE score-partwise [<!ENTITY n \"<note><duration>1</duration></note>\">]>\n" +

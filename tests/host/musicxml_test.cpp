@@ -179,6 +179,12 @@ TEST(ReadMusicXml, ReadsEveryEncodingThatTheDeclarationNames) {
   EXPECT_EQ(nameIn(wide), "Oboe");
 }
 
+std::string WithZeros(const std::string& text, std::size_t before, std::size_t behind) {
+  std::string wide;
+  for (const char character : text) wide.append(before, '\0').append(1, character).append(behind, '\0');
+  return wide;
+}
+
 struct BadScore {
   std::string document;
   std::string message;
@@ -200,6 +206,12 @@ TEST_P(ReadMusicXmlRefuses, WhatIsWrongAndSaysWhere) {
 }
 
 std::string InMeasure(const std::string& content) { return Partwise(Measure("\n" + content)); }
+
+std::string OnStaff(int staff) { return "<note><staff>" + std::to_string(staff) + "</staff></note>"; }
+std::string StaffOf(int staff) { return Measure(OnStaff(staff)); }
+std::string TwoParts(const std::string& first, const std::string& second) {
+  return "<score-partwise><part id='A'>" + first + "</part><part id='B'>" + second + "</part></score-partwise>";
+}
 
 std::string Measures(int count) {
   std::string measures;
@@ -224,7 +236,27 @@ INSTANTIATE_TEST_SUITE_P(
         BadScore{InMeasure("<note><staff>32768</staff></note>"), "more than 32767 staves", 2},
         BadScore{InMeasure("<note><duration>900000000</duration></note>\n<note/>"), "too large a number", 3},
         BadScore{Partwise(Measures(32768)), "more than 32767 measures", 32768},
+        BadScore{TwoParts(StaffOf(32767) + "\n", StaffOf(1)), "more than 32767 staves", 2},
+        BadScore{TwoParts(StaffOf(20000), "\n" + StaffOf(12768)), "more than 32767 staves", 2},
+        BadScore{TwoParts(StaffOf(20000), "\n<measure><attributes><staves>12768</staves></attributes></measure>"),
+                 "more than 32767 staves", 2},
+        BadScore{"<score-timewise><measure><part id='A'>" + OnStaff(20000) + "</part>\n<part id='B'>" + OnStaff(12768) +
+                     "</part></measure></score-timewise>",
+                 "more than 32767 staves", 2},
         BadScore{"<?xml version='1.0' encoding='UTF-32'?><score-partwise/>", "encoding", 1},
+        BadScore{WithZeros("<score-partwise/>", 0, 3), "in UTF-32 cannot be read", 1},
+        BadScore{WithZeros("<score-partwise/>", 3, 0), "in UTF-32 cannot be read", 1},
+        BadScore{"\xFF\xFE" + std::string(2, '\0') + WithZeros("<score-partwise/>", 0, 3), "in UTF-32 cannot be read",
+                 1},
+        BadScore{std::string(2, '\0') + "\xFE\xFF" + WithZeros("<score-partwise/>", 3, 0), "in UTF-32 cannot be read",
+                 1},
+        BadScore{"\x4C\x6F\xA7\x94\x93\x40\x4C", "in EBCDIC cannot be read", 1},
+        BadScore{"+ADw-score-partwise/+AD4-", "in UTF-7 cannot be read", 1},
+        BadScore{"<?xml version='1.0' encoding='UTF-7'?><score-partwise/>", "unknown encoding", 1},
+        BadScore{WithZeros("<?xml version='1.0' encoding='UTF-8'?><score-partwise/>", 0, 1), "encoding specified", 1},
+        BadScore{WithZeros("<?xml version='1.0' encoding='UTF-16BE'?><score-partwise/>", 0, 1), "encoding specified",
+                 1},
+        BadScore{"<?xml version='1.0' encoding='UTF-16'?><score-partwise/>", "encoding specified", 1},
         // Characters of two bytes and of four start alike.
         BadScore{"<?xml version='1.0' encoding='GB18030'?><score-partwise/>", "unknown encoding", 1},
         // "~" switches to other characters.
@@ -232,6 +264,24 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ReadMusicXml, TakesThirtyTwoThousandSevenHundredAndSixtySevenMeasures) {
   EXPECT_EQ(ReadMusicXml(Partwise(Measures(32767))).measures, 32767);
+}
+
+TEST(ReadMusicXml, TakesThirtyTwoThousandSevenHundredAndSixtySevenStavesOfAllParts) {
+  const Score score = ReadMusicXml(TwoParts(StaffOf(20000), StaffOf(12767)));
+  EXPECT_EQ(score.staves, 32767);
+  EXPECT_EQ(EntriesOf(score), (Entries{{20000, 1, 0, 0, 1}, {32767, 1, 0, 0, 1}}));
+}
+
+// A list names each part once. Were a name copied to each part that claims it, a small document would fill the memory.
+TEST(ReadMusicXml, NamesTheFirstPartOfAnId) {
+  const Score score = ReadMusicXml(
+      "<score-partwise><part-list><score-part id='A'><part-name>Oboe</part-name>"
+      "<score-instrument id='I'/></score-part></part-list><part id='A'/><part id='A'/></score-partwise>");
+  ASSERT_EQ(score.parts.size(), 2u);
+  EXPECT_EQ(score.parts[0].names.name, "Oboe");
+  EXPECT_EQ(score.parts[1].names.name, "");
+  EXPECT_EQ(score.parts[0].instruments, 1);
+  EXPECT_EQ(score.parts[1].instruments, 1);
 }
 
 TEST(ReadMusicXml, RefusesEntitiesThatGrowBeyondMeasure) {

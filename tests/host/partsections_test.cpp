@@ -108,6 +108,27 @@ TEST(ReadSections, FindsWhatOneReaderFinds) {
   EXPECT_EQ(Everything(*score), Everything(ReadMusicXml(document)));
 }
 
+// A reader that wants nothing.
+class Nobody : public XmlHandler {
+ public:
+  void Begin(XmlPosition&) override {}
+  void StartElement(const char*, const XmlAttributes&) override {}
+  void EndElement() override {}
+  void Text(std::string_view) override {}
+};
+
+TEST(ReadXmlSection, RefusesASectionInUtf16) {
+  const std::string_view content(" \0<\0a\0/\0>\0", 10);
+  Nobody nobody;
+  EXPECT_NO_THROW(ReadXml(content, nobody));
+  try {
+    ReadXmlSection({"", content, "", 0}, nobody);
+    FAIL() << "it was read";
+  } catch (const InputError& error) {
+    EXPECT_STREQ(error.what(), "the section is not in UTF-8");
+  }
+}
+
 struct UnusualScore {
   const char* name;
   std::string document;
@@ -130,6 +151,8 @@ INSTANTIATE_TEST_SUITE_P(
         UnusualScore{"PartWithinAPart", TwoParts("<part id='C'></part>", "")},
         UnusualScore{"ErrorInTheFirst", TwoParts("<measure>", "")},
         UnusualScore{"ErrorInTheSecond", TwoParts("", "<measure><note><staff>0</staff></note></measure>")},
+        UnusualScore{"TooManyStavesTogether",
+                     TwoParts(Measure(Note("<staff>20000</staff>")), Measure(Note("<staff>12768</staff>")))},
         UnusualScore{"RootClosedTwice", TwoParts("", "") + "</score-partwise>"},
         UnusualScore{"SomethingBehindTheEnd", TwoParts("", "") + "<score-partwise/>"},
         UnusualScore{"WarningInTheFirst", TwoParts(Measure("<backup><duration>1</duration></backup>"), "")},

@@ -2,10 +2,12 @@
 
 import io
 import os
+import resource
+import subprocess
 import unittest
 import zipfile
 
-from brvhost import (Case, HIDDEN_NOTE, HIDE, run, score)
+from brvhost import (Case, HIDDEN_NOTE, HIDE, PROGRAM, SANITIZED, run, score)
 
 
 class BadScores(Case):
@@ -68,6 +70,22 @@ class BadScores(Case):
         more = (member.file_size + 1).to_bytes(4, "little")
         self.refuses("d.mxl", whole.replace(size, more), "x.xml: its compressed data is damaged")
 
+    @unittest.skipIf(SANITIZED, "the sanitizer wants all addresses")
+    def test_take_no_memory_for_what_cannot_be_in_an_archive(self):
+        for method in (zipfile.ZIP_DEFLATED, zipfile.ZIP_STORED):
+            path = self.folder / "a.mxl"
+            with zipfile.ZipFile(path, "w") as archive:
+                archive.writestr("META-INF/container.xml", self.container("x.xml"))
+                archive.writestr("x.xml", score(), method)
+                header = archive.getinfo("x.xml").header_offset
+            content = bytearray(path.read_bytes())
+            for field in (header + 22, content.rindex(b"PK\x01\x02") + 24):  # of the local header and the directory
+                content[field:field + 4] = (1 << 30).to_bytes(4, "little")
+            path.write_bytes(content)
+            command = ["bash", "-c", 'ulimit -v 600000; exec "$@"', "bash", PROGRAM, "info", str(path)]
+            process = subprocess.run(command, capture_output=True, text=True, timeout=60)
+            self.fails(process, 2, "x.xml is smaller than the archive says")
+
     def test_say_where_a_stored_member_is_damaged(self):
         path = self.folder / "made.zip"
         with zipfile.ZipFile(path, "w") as archive:
@@ -92,6 +110,18 @@ class BadScores(Case):
         process = self.fails(run(HIDE, "--all", "--in-place", "--jobs", "2", bad, good), 2, "bad.xml:1:1: not MusicXML")
         self.assertEqual(good.read_text(), score(HIDDEN_NOTE))
         self.assertIn("2 scores: 1 changed, 0 unchanged, 1 failed", process.stdout)
+
+
+class OddScores(Case):
+    """Small files that say large numbers."""
+
+    def test_of_more_staves_than_there_can_be_take_no_memory_for_them(self):
+        parts = "".join(f"<part id='{number}'><measure><note><staff>32767</staff></note></measure></part>"
+                        for number in range(400))
+        path = self.write("staves.musicxml", f"<score-partwise>{parts}</score-partwise>")
+        self.fails(run(HIDE, "--all", "--in-place", path), 2, "staves.musicxml:1:", "more than 32767 staves")
+        largest = resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss  # in KB
+        self.assertLess(largest, 400 << 10)
 
 
 class Archives(Case):

@@ -130,6 +130,23 @@ TEST_F(ScoreRecords, OfTextsHoldNamesWithTags) {
   EXPECT_EQ(Word(kStaff, 2, 32), 0);
 }
 
+TEST_F(ScoreRecords, OfTextsAreMadeInOneGo) {
+  constexpr int kFlats = 500'000;
+  std::string flats;
+  std::u16string tags;
+  for (int i = 0; i < kFlats; ++i) {
+    flats += "\u266D";
+    tags += u"^flat()";
+  }
+  const Score score = ReadMusicXml(
+      "<score-partwise><part-list><score-part id='A'><part-name font-family='" + std::string(kFlats, '(') + "'>" +
+      flats + "</part-name></score-part></part-list><part id='A'><measure/></part></score-partwise>");
+  const double start = ProcessorSeconds();
+  StoreScoreRecords(score, records);
+  EXPECT_LT(ProcessorSeconds() - start, 1);
+  EXPECT_TRUE(RawText(1) == u"^font()" + tags);
+}
+
 TEST_F(ScoreRecords, OfGroupsHaveTheirStaves) {
   Read(
       "<score-partwise><part-list><score-part id='A'/>"

@@ -7,7 +7,7 @@
 int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION*) {
   if (index != 0 || region == nullptr) return 0;
   BX_AlertMessage(nullptr, kAlertMessage, 0, "working", kBrvVersion);
-  void* const display = reinterpret_cast<void*>(BX_StartMassEdit(nullptr, 1000, kBrvVersion));
+  void* const display = BX_StartMassEdit(nullptr, 1000, kBrvVersion);
   while (!EventUtilCancelInQueue()) {
     BX_MassEditProgress(display, 1, 0, 0, -1, kBrvVersion);
     usleep(1000);

@@ -1,3 +1,3 @@
 #include "extension.h"
 
-std::uint32_t BrevixExtensionVersion() { return 0x18000000; }
+uint32 BrevixExtensionVersion() { return 0x18000000; }
