@@ -16,13 +16,15 @@ const char kOwnImage[] = "dlbundle";
 // The wording that crash reports are filed under, whatever the source looks like by now.
 [[noreturn]] void NoBundle() { BrvAssertFailed("CopyPlugInStringResource", "LIB/portable", 176, "bundleRef != NULL"); }
 
+// The folder as a bundle, or null if it has no executable. A folder that is not read, as memory runs out or it is gone,
+// could be the one that is looked for.
 CFBundleRef BundleAt(const char* folder) {
   const CFURLRef url = CFURLCreateFromFileSystemRepresentation(
       kCFAllocatorDefault, reinterpret_cast<const UInt8*>(folder), static_cast<CFIndex>(std::strlen(folder)), true);
-  if (url == nullptr) return nullptr;
+  if (url == nullptr) NoBundle();
   const CFBundleRef bundle = CFBundleCreate(kCFAllocatorDefault, url);
   CFRelease(url);
-  if (bundle == nullptr) return nullptr;
+  if (bundle == nullptr) NoBundle();
   if (CFBundleGetValueForInfoDictionaryKey(bundle, kCFBundleExecutableKey) != nullptr) return bundle;
   CFRelease(bundle);
   return nullptr;

@@ -38,6 +38,7 @@ void ConvertForApplication(CFStringRef text, char (&converted)[256]) {
 CFStringRef CopyPlugInStringResource(int id) {
   const CFBundleRef bundle = GetPluginBundle();
   const CFStringRef key = CreateKey(id);
+  if (key == nullptr) return nullptr;
   const CFStringRef value = CFBundleCopyLocalizedString(bundle, key, key, nullptr);
   const bool found = value != nullptr && CFStringCompare(value, key, 0) != kCFCompareEqualTo;
   CFRelease(key);

@@ -2,6 +2,7 @@
 
 void* FindHostFunction(const char* name) {
   const CFStringRef hostName = CFStringCreateWithCString(kCFAllocatorDefault, name, kCFStringEncodingMacRoman);
+  if (hostName == nullptr) return nullptr;
   void* function = nullptr;
   if (gBrevixBundle != nullptr) {
     CFBundleIsExecutableLoaded(gBrevixBundle);

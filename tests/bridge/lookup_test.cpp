@@ -50,6 +50,13 @@ TEST_F(Lookup, FindsNothingInAHostThatIsUnboundWhileItIsAsked) {
   EXPECT_THAT(host_.Calls(), IsEmpty());
 }
 
+TEST_F(Lookup, FindsNothingWithoutMemoryForTheName) {
+  host_.Answer("BX_GetCurrentPartID", 7);
+  lookupSteps.namesCannotBeMade = true;
+  EXPECT_EQ(BX_GetCurrentPartID(kBrvVersion), -1);
+  EXPECT_THAT(found_, IsEmpty());
+}
+
 TEST_F(Lookup, ThatThrowsIsTriedAgain) {
   host_.Answer("BX_CountParts", 5);
   int throwsLeft = 2;

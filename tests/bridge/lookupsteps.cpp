@@ -17,6 +17,7 @@ Function* Platforms(Function*, const char* name) {
 
 CFStringRef CFStringCreateWithCString(CFAllocatorRef allocator, const char* text, CFStringEncoding encoding) {
   if (lookupSteps.makeName) lookupSteps.makeName(text);
+  if (lookupSteps.namesCannotBeMade) return nullptr;
   return Platforms(&CFStringCreateWithCString, __func__)(allocator, text, encoding);
 }
 

@@ -8,6 +8,7 @@
 // Called before each step, in the thread of the lookup; unset, nothing is done.
 struct LookupSteps {
   std::function<void(const std::string& name)> makeName;
+  bool namesCannotBeMade = false;  // for want of memory
   std::function<void()> askWhetherLoaded;
   std::function<void(const std::string& name)> findFunction;
 };

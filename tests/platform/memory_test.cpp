@@ -7,8 +7,8 @@
 #include <array>
 #include <string>
 
-#include "failingmemory.h"
 #include "ownbundle.h"
+#include "tests/support/failingmemory.h"
 #include "vectors.h"
 
 extern "C" __attribute__((visibility("default"))) int BrvFunctionOfTheProgram() { return 42; }
