@@ -16,7 +16,8 @@ int32 bx_sprintf(UniChar* dst, std::size_t dstSize, const UniChar* format, ...) 
   va_end(arguments);
   CFRelease(formatString);
 
-  // For dstSize = 0 the room wraps to the largest number, and the whole result is written.
+  // Compatibility: a dstSize of 0 wraps to the largest number, and the whole result is written. Extensions pass 0 for a
+  // buffer that they know to be large enough.
   const std::size_t units = std::min(static_cast<std::size_t>(CFStringGetLength(result)), dstSize - 1);
   CFStringGetCharacters(result, CFRangeMake(0, static_cast<CFIndex>(units)), dst);
   StoreUnit(dst + units, 0);

@@ -201,6 +201,8 @@ void bx_strncpy(UniChar* dst, const UniChar* src, std::size_t n) {
 
 void bx_strcpy(UniChar* dst, const UniChar* src) { CopyUpTo(dst, src, kNoLimit); }
 
+// Compatibility: the size is not used, and nothing is cut. Extensions pass sizes in bytes, or of another buffer.
 void bx_strcpy(UniChar* dst, std::size_t, const UniChar* src) { bx_strcpy(dst, src); }
 
+// Compatibility: the size is not used, as in bx_strcpy.
 void bx_strcat(UniChar* dst, std::size_t, const UniChar* src) { bx_strcpy(dst + bx_strlen(dst), src); }

@@ -41,18 +41,19 @@ BRV_EXPORT int32 bx_strncmp(const UniChar* a, const UniChar* b, std::size_t n);
 // its end. With n = 0 nothing is written.
 BRV_EXPORT void bx_strncpy(UniChar* dst, const UniChar* src, std::size_t n);
 
-// Appends all of src to the text in dst. dstSize, the room of dst in units, is there so that calls look like those of
-// the bounded functions; it is not looked at, and nothing is cut. The caller sees to it that dst has room.
+// Appends all of src to the text in dst. dstSize, the size of dst in units, makes calls look like those of the bounded
+// functions, but is not used, and nothing is cut. Check that bx_strlen(dst) + bx_strlen(src) is less than the size
+// first.
 BRV_EXPORT void bx_strcat(UniChar* dst, std::size_t dstSize, const UniChar* src);
 
 // Formats text as the platform's strings do (CFStringCreateWithFormat): the conversions of printf, `%@` for a CFString,
 // `%S` for units ended by 0, `%C` for one unit, positions as in `%2$d`, widths and precisions as `*`.
 //
-// dstSize is the room of dst in units, the final 0 unit included, and is at least 1: a longer result is cut to
-// dstSize - 1 units, through a surrogate pair if need be. dstSize = 0 is not guarded against, and cuts nothing:
-// extensions rely on their sizes being taken as they are. A format that the platform cannot use is the caller's error.
+// dstSize is the size of dst in units, with the final 0 unit, and must be at least 1. A longer result is cut to
+// dstSize - 1 units, even between the halves of a surrogate pair. Never pass 0: then nothing is cut. A format that the
+// platform cannot use is the caller's error.
 //
-// Returns the number of units written, the final 0 unit not counted: after a cut, less than the whole result has.
+// Returns the number of units written, without the final 0 unit: after a cut, fewer than the whole result has.
 //
 // Example:
 //   UniChar text[64];
@@ -64,6 +65,11 @@ BRV_EXPORT int32 bx_sprintf(UniChar* dst, std::size_t dstSize, const UniChar* fo
 // Copies src to dst, the 0 unit included.
 BRV_EXPORT void bx_strcpy(UniChar* dst, const UniChar* src);
 
-// The same. dstSize, the room of dst in units, is there so that calls look like those of the bounded functions; it is
-// not looked at, and nothing is cut. The caller sees to it that dst has room.
+// The same. dstSize, the size of dst in units, makes calls look like those of the bounded functions, but is not used,
+// and nothing is cut. Where src may be too long, use bx_strncpy and end dst yourself.
+//
+// Example:
+//
+//   bx_strncpy(dst, src, dstSize - 1);
+//   dst[dstSize - 1] = 0;
 BRV_EXPORT void bx_strcpy(UniChar* dst, std::size_t dstSize, const UniChar* src);

@@ -6,7 +6,8 @@
 
 namespace {
 
-// The bytes are signed: lists in documents are sorted in that order.
+// Compatibility: bytes are signed, so that those from 0x80 up come before all others. Lists in documents are sorted in
+// that order.
 int UpperCase(char byte) { return static_cast<signed char>(std::toupper(static_cast<unsigned char>(byte))); }
 
 }  // namespace

@@ -46,7 +46,8 @@ eu16string::eu16string(unsigned int codePoint) {
     units_.push_back(static_cast<UniChar>(0xDC00 | (codePoint & 0x3FF)));
     return;
   }
-  // A text given as units ends at its first 0, and so does this one.
+  // Compatibility: a value that is no code point is cut to 16 bits. Extensions pass single units of surrogate pairs,
+  // and units with their sign. A text given as units ends at its first 0, and so does this one.
   const UniChar unit = static_cast<UniChar>(codePoint);
   if (unit != 0) units_.push_back(unit);
 }
@@ -92,6 +93,8 @@ eu16string& eu16string::AnsiDelete(std::uint32_t index, std::int32_t count) {
   return *this;
 }
 
+// Compatibility: a start below 1 is taken as 1, where AnsiDelete leaves the text alone. Extensions take the beginning
+// of a text with a start of 0, and delete at 0 what they have not found.
 eu16string eu16string::AnsiSubString(std::int32_t start, std::int32_t count) const {
   eu16string part(0u);
   const Units::size_type first = start < 1 ? 1 : static_cast<Units::size_type>(start);
@@ -111,11 +114,15 @@ UniChar eu16string::AnsiCharAtIndex(std::int32_t index) const {
   return units_[static_cast<Units::size_type>(index) - 1];
 }
 
+// Compatibility: outside of the text this is its first unit, also for writing. Extensions count on every index giving a
+// unit of the text itself, and take the address of its units in this way.
 UniChar& eu16string::AnsiCharAtIndex(std::int32_t index) {
   const bool inside = index >= 1 && static_cast<Units::size_type>(index) <= units_.size();
   return units_.data()[inside ? index - 1 : 0];
 }
 
+// Compatibility: the default is for an empty text alone; a text that is no number gives 0. Extensions read optional
+// fields of dialogs with it, where only an empty field means the default.
 int32 StrToIntDef(eu16string text, int32 defaultValue) {
   if (text.units_.empty()) return defaultValue;
   const StringHolder string = StringOf(text.units_);

@@ -64,7 +64,7 @@ class BRV_EXPORT eu16string {
   UniChar AnsiCharAtIndex(std::int32_t index) const;
 
   // The unit at index, to be read or written, until the text changes. Outside of the text it is the first unit, or the
-  // 0 unit that ends an empty text: extensions rely on there being a unit of this very text at any index.
+  // 0 unit that ends an empty text, and writing there changes that unit. Check the index before you write.
   //
   // Example: the units of a text, ended by 0, for a host function
   //   const UniChar* units = &text.AnsiCharAtIndex(1);

@@ -13,7 +13,8 @@ namespace {
 // An object of the extension itself, by which its image is found.
 const char kOwnImage[] = "dlbundle";
 
-// The wording that crash reports are filed under, whatever the source looks like by now.
+// Compatibility: the failed assertion keeps the function, file and line by which existing crash reports are sorted,
+// wherever the check is now.
 [[noreturn]] void NoBundle() { BrvAssertFailed("CopyPlugInStringResource", "LIB/portable", 176, "bundleRef != NULL"); }
 
 // The folder as a bundle, or null if it has no executable. A folder that is not read, as memory runs out or it is gone,
@@ -31,7 +32,10 @@ CFBundleRef BundleAt(const char* folder) {
 }
 
 // Climbs from the executable to the first folder that is a bundle with an executable. A relative path that meets none
-// ends at "."; an absolute one reaches "/" and is tried there again and again: hosts load extensions from bundles.
+// ends at ".".
+//
+// Compatibility: an absolute path that meets none reaches "/" and is tried there for ever. Hosts load extensions from
+// bundles alone; outside of one there is no text to show and no host to show it.
 CFBundleRef FindPluginBundle() {
   Dl_info image;
   if (dladdr(kOwnImage, &image) == 0) NoBundle();

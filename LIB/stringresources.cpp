@@ -27,7 +27,8 @@ bool HasStringTable(CFBundleRef bundle) {
 void ConvertForApplication(CFStringRef text, char (&converted)[256]) {
   unsigned char pascal[256];
   pascal[0] = 0;
-  // What does not convert, or is too long, leaves an empty string or the beginning of one.
+  // Compatibility: a text that cannot be converted, or is too long, comes out empty or cut, and nothing reports it.
+  // Hosts ask for menu texts in encodings that cannot hold them, and take an empty one for none.
   CFStringGetPascalString(text, pascal, sizeof(pascal), GetApplicationTextEncoding());
   std::memcpy(converted, pascal + 1, pascal[0]);
   converted[pascal[0]] = '\0';
@@ -42,6 +43,8 @@ CFStringRef CopyPlugInStringResource(int id) {
   const CFStringRef value = CFBundleCopyLocalizedString(bundle, key, key, nullptr);
   const bool found = value != nullptr && CFStringCompare(value, key, 0) != kCFCompareEqualTo;
   CFRelease(key);
+  // Compatibility: the alert comes at each lookup, not once a run: hosts ask for texts before they can show an alert,
+  // and the first ones are lost.
   if (!found && !HasStringTable(bundle)) {
     BX_AlertMessage(nullptr, kAlertPlain, 0, "Missing Localizable.strings", kBrvVersion);
   }

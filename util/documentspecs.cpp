@@ -4,7 +4,9 @@
 
 namespace {
 
-// A group's key has a third word behind the two of every record's.
+// The key of a group.
+//
+// Compatibility: a third word, 0, follows the two that every key has. Older hosts read three words for groups.
 struct GroupKey {
   EDataKey key;
   std::uint16_t third;

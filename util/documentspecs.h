@@ -27,15 +27,21 @@ BRV_EXPORT short16 BXUtilPutMeasureSpec(short16 measure, EDTMeasureSpec2014* spe
 // Whether a measure of a staff holds no music: 1, or 0 at the first entry with the content bit, in any layer, hidden or
 // not. scope is that of the region, as BX_LoadTGF takes it.
 //
-// The frames that it looks at stay loaded: LoadedTGFCounter goes up by the number of layers that were asked for.
+// The frames that it looks at stay loaded: LoadedTGFCounter goes up by 1 for each layer that was asked for. Where that
+// matters, as in a job over many measures, load each layer with BX_LoadTGF, look at its entries, and free it with
+// BX_FreeTGF.
 BRV_EXPORT int BXUtilIsEmptyMeasure(short16 scope, short16 staff, short16 measure);
 
-// Writes the name of a staff, without its formatting tags, into a buffer with room for capacity UTF-16 units, and
-// returns its length in units; 0 if it has none, and then the buffer holds the empty text. The second argument means
-// nothing.
+// Writes the name of a staff, without its formatting tags, into a buffer of capacity UTF-16 units, and returns its
+// length in units. A staff without a name gives 0 and the empty text. The second argument has no meaning.
 //
-// The capacity has to be above the length of the longest name: a longer one leaves the buffer without its final 0, and
-// the length is then counted beyond it.
+// A name of capacity units or more leaves the buffer without a final 0, and the length is then counted beyond its end.
+// Keep one unit back, set to 0, and a long name is cut instead.
+//
+// Example:
+//
+//   UniChar name[129] = {};
+//   const int length = BXUtilGetStaffName(staff, 0, name, 128);
 BRV_EXPORT int BXUtilGetStaffName(short16 staff, short16 unused, UniChar* buffer, int capacity);
 
 // The number of slots of an instrument: slots count from 1 without gaps. id is what BX_SlotToInst takes.

@@ -15,8 +15,8 @@ bool HasContent(const EXTGF2005a& frame) {
 
 }  // namespace
 
-// No frame is freed: hosts share the frames of a measure between callers, and extensions of old keep on working with
-// them.
+// Compatibility: no frame is freed. Hosts share the frames of a measure between callers, and older extensions go on
+// working with the frames that this call has loaded.
 int BXUtilIsEmptyMeasure(short16 scope, short16 staff, short16 measure) {
   const int layers = BX_GetMaxLayers(kBrvVersion);
   for (int layer = 0; layer < layers; ++layer) {

@@ -6,7 +6,10 @@
 
 inline bool IsStandardKey(short16 keySignature) { return SignExtend16(keySignature) < kNonStandardKey; }
 
-// The number of sharps, negative for flats. A non-standard key counts with its whole number: it has no such count.
+// The number of sharps, negative for flats.
+//
+// Compatibility: a non-standard key, which has no such number, counts with its whole value. Documents hold
+// transpositions that were respelt by it.
 inline int SharpsOfKey(short16 keySignature) {
   if (!IsStandardKey(keySignature)) return SignExtend16(keySignature);
   return static_cast<signed char>(keySignature);

@@ -8,7 +8,10 @@
 
 namespace {
 
-// The spelling of each semitone above C: B flat, not A sharp, is the usual name of the tenth.
+// The spelling of each semitone above C.
+//
+// Compatibility: the tenth is B flat, where the other black keys are sharps. Files that extensions wrote have pitches
+// in this spelling.
 constexpr std::array<tDiaPitch, 12> kChromaticToMajor = {
     {{0, 0}, {0, 1}, {1, 0}, {1, 1}, {2, 0}, {3, 0}, {3, 1}, {4, 0}, {4, 1}, {5, 0}, {6, -1}, {6, 0}}};
 

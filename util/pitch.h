@@ -60,8 +60,9 @@ BRV_EXPORT short16 BXUtilAbsTCDToChrom(const tDiaPitch& pitch);
 // Example: after BXUtilSetPitchFormatting(3) middle C is C3.
 BRV_EXPORT short16 BXUtilSetPitchFormatting(short16 mode);
 
-// Writes a pitch as text: C4, F#3, Bb2, C##4, C-1, or a number such as 60. The text is ended by a zero; its buffer must
-// hold all of it: bufferSize is part of the signature and not consulted.
+// Writes a pitch as text: C4, F#3, Bb2, C##4, C-1, or a number such as 60, ended by a zero. bufferSize is not used: the
+// buffer must hold the whole text, which has one sign for each semitone of the alteration. The alteration, without its
+// sign, and 8 bytes more are always enough.
 BRV_EXPORT void BXUtilFormatPitch(tDiaPitch pitch, char* text, short16 bufferSize);
 
 // Reads a pitch as text. Names take upper-case and lower-case letters, at most one accidental (# or b) and an octave of
@@ -72,8 +73,8 @@ BRV_EXPORT void BXUtilFormatPitch(tDiaPitch pitch, char* text, short16 bufferSiz
 // Example: with middle C as C4, "f#3" gives {-4, 1}.
 BRV_EXPORT short16 BXUtilParsePitch(const char* text, tDiaPitch* pitch);
 
-// Writes a range as its two pitches with a slash between: C4/G5. The buffer must hold all of it: bufferSize is not
-// consulted.
+// Writes a range as its two pitches with a slash between: C4/G5. bufferSize is not used: the buffer must hold the whole
+// text. The two alterations, without their signs, and 16 bytes more are always enough.
 BRV_EXPORT void BXUtilFormatRange(const tDiaRange& range, char* text, short16 bufferSize);
 
 // Reads a range, and puts the lower pitch first. Either side may have up to 31 characters; a longer one is read as far

@@ -54,6 +54,8 @@ int AlterationOf(char accidental) {
   return 0;
 }
 
+// Compatibility: the bounds are steps, whichever octave number middle C has. Ranges of instruments that extensions keep
+// as text were checked against the same bounds.
 bool IsNamedPitch(int step, int alteration) {
   if (step < kLowestStep || step > kHighestStep) return false;
   if (step == kHighestStep && alteration > 0) return false;
@@ -64,6 +66,8 @@ short16 ParseName(const char* text, tDiaPitch* pitch) {
   if (std::strlen(text) < 2) return kBadPitchName;
   const int letter = StepOfLetter(text[0]);
   if (letter < 0) return kBadPitchName;
+  // Compatibility: no more than one accidental is read, though more are written. Extensions check with this what a user
+  // typed, and what they stored has one at most.
   const int alteration = AlterationOf(text[1]);
   const char octave = alteration == 0 ? text[1] : text[2];
   if (octave < '0' || octave > '9') return kBadPitchName;
@@ -89,6 +93,7 @@ void CopySide(const char* begin, const char* end, char* side) {
 
 }  // namespace
 
+// Compatibility: the buffer's size is not used, here and for ranges. Older extensions pass 0 or a size in other units.
 void BXUtilFormatPitch(tDiaPitch pitch, char* text, short16) {
   if (sUsePitchNames) {
     FormatName(pitch, text);

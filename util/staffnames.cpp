@@ -31,6 +31,8 @@ int BXUtilGetStaffName(short16 staff, short16, UniChar* buffer, int capacity) {
   UniChar* const name = LoadNameOfStaff(spec);
   if (name == nullptr) return 0;
   BXUtilStripTextTags(name);
+  // Compatibility: a name of `capacity` units or more has no final 0, and its length is counted beyond the buffer.
+  // Hosts limit the names of staves, and extensions use buffers above that limit.
   bx_strncpy(buffer, name, static_cast<std::size_t>(static_cast<std::ptrdiff_t>(capacity)));
   const auto length = static_cast<int>(bx_strlen(buffer));
   BXUtilFreeRawText(name);

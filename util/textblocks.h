@@ -20,10 +20,12 @@ BRV_EXPORT UniChar* BXUtilLoadRawTextUTF16(short16 number);
 // Frees what BXUtilLoadRawTextUTF16 returned; null is allowed.
 BRV_EXPORT void BXUtilFreeRawText(UniChar* text);
 
-// Takes the formatting tags out of a text, in place: from each caret to the first closing parenthesis behind the first
-// opening one behind it, whatever stands between. A flat sign, "^flat()", becomes the letter b.
+// Removes the formatting tags of a text, in place: from each caret to the first closing parenthesis after the next
+// opening one, with everything between. A flat sign, "^flat()", becomes the letter b.
 //
-// Every caret has to open a complete tag: at one that does not, the function does not return.
+// Every caret must open a complete tag: at one that does not, the function never returns. Text of the host's own is
+// always complete. For text from anywhere else, such as what a user typed or the beginning of a longer text, first
+// check that each caret is followed by "(" and that by ")", or replace the carets.
 //
 // Examples: "A^font(Times)B" becomes "AB", "x^flat()y" becomes "xby", and "a^f(1(2))b" becomes "a)b".
 BRV_EXPORT void BXUtilStripTextTags(UniChar* text);

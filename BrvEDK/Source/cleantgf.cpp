@@ -17,9 +17,10 @@ constexpr std::uint8_t kHasPlaceholder = 0x01;
 
 // The notes in use of one entry, as they lie in memory.
 //
-// Compatibility: a count above twelve is followed as the host gives it. Note 12 then covers the entry's own position,
-// and note 14 the note count of the next entry, which is read only when its turn comes. The array EXENTRY::notes ends
-// with its twelfth element, and compilers count on that, so the notes are reached as bytes.
+// Compatibility: a note count above twelve is followed past the entry, as hosts follow it: what they read has to be
+// what was numbered here. Note 12 covers the entry's own position, and note 14 the note count of the next entry, which
+// is read only when its turn comes. The array EXENTRY::notes ends with its twelfth element, and compilers count on
+// that, so the notes are reached as bytes.
 class Notes {
  public:
   Notes(unsigned char* entry, int count) : first_(entry + offsetof(EXENTRY, notes)), count_(count) {}
@@ -52,7 +53,10 @@ class Notes {
   int count_;
 };
 
-// The greatest identifier, read as the host reads it: those from 0x8000 up count as negative.
+// The greatest identifier.
+//
+// Compatibility: identifiers from 0x8000 up count as negative, as hosts read them: the next number follows the greatest
+// of the others.
 int GreatestNoteID(const Notes& notes) {
   int greatest = 0;
   for (int i = 0; i < notes.Count(); ++i) {
@@ -79,8 +83,8 @@ bool AreNumbered(const Notes& notes) {
 
 // Of two equal identifiers the earlier one gives way: once it has its new number, the later is alone.
 //
-// Compatibility: numbers beyond 0x7FFF are given without asking whether a note before has them; a host reads those as
-// negative, and gives none itself.
+// Compatibility: a number beyond 0x7FFF is given without checking whether an earlier note has it. Hosts read such
+// numbers as negative, and give out none themselves.
 void RenumberNotes(const Notes& notes) {
   int greatest = GreatestNoteID(notes);
   for (int i = 0; i < notes.Count(); ++i) {

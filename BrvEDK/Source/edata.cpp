@@ -15,7 +15,8 @@ constexpr std::uint32_t kFretInstrument = 0x4F156649;
 constexpr std::uint32_t kFretInstrumentSize = 252;
 // Extensions built for hosts before this version save legacy records themselves.
 //
-// Compatibility: loading has no such test. What they load is the same either way.
+// Compatibility: saving depends on the version, loading does not. Extensions of any version load preference records,
+// and get the same settings as from the legacy records.
 constexpr BrvVersion kFirstVersionWithPrefs = 0x08000000;
 
 HOST_LOOKUP(LoadLookup, BX_LoadEData);
@@ -33,7 +34,10 @@ short16 Flag(bool value) { return static_cast<short16>(value ? 1 : 0); }
 
 int NumberOf(const EDataKey* key) { return key == nullptr ? 0 : key->recordNumber; }
 
-// Whether the fret-instrument record could be loaded, or holds something all the same.
+// Returns whether the host could load the fret-instrument record.
+//
+// Compatibility: the failed assertion keeps the file name and line by which existing crash reports are sorted, wherever
+// the check is now.
 bool LoadFretInstrument(EDataKey* key, void* data, std::int32_t* size, BrvVersion version) {
   if (static_cast<std::uint32_t>(*size) < kFretInstrumentSize) {
     BrvAssertFailed("BX_LoadEData", "BrvEDK/Source/brevixpdk", 1442, "*size >= sizeof(EDTFretInstrument25_3)");
@@ -50,7 +54,10 @@ bool IsAnyByteSet(const void* data, std::uint32_t size) {
 
 // Legacy records ----------------------------------------------------------------------------------------------------
 
-// What the host has of a legacy record; zeros where it has none.
+// The host's legacy record, or zeros if it has none.
+//
+// Compatibility: a load or save that the host refuses is not reported. Hosts lack the records of settings that came
+// after them, and extensions still expect the rest of a preference record.
 LegacyRecord LoadLegacy(const LegacyAddress& address, BrvVersion version) {
   LegacyRecord record{};
   EDataKey key = address.Key();
@@ -59,6 +66,8 @@ LegacyRecord LoadLegacy(const LegacyAddress& address, BrvVersion version) {
   return record;
 }
 
+// Compatibility: the record goes out with the kit's version, not with the caller's: the kit is what wrote it, and hosts
+// choose the layout by the version.
 void SaveLegacy(const LegacyAddress& address, LegacyRecord record) {
   EDataKey key = address.Key();
   SaveToHost(address.tag, &key, &record, sizeof(record), kBrvVersion);
@@ -160,15 +169,17 @@ void ForEachLegacyRecord(std::span<const PrefFieldMap> map, BrvVersion version, 
   }
 }
 
-// The sizes of its fields: not the extent of the record, in which some stand apart.
+// The size that a load reports.
+//
+// Compatibility: it is the sum of the fields' sizes, less than the extent of a record with gaps. Extensions compare it
+// with the sizes that they were built with.
 std::int32_t SizeOf(std::span<const PrefFieldMap> map) {
   std::int32_t size = 0;
   for (const PrefFieldMap& field : map) size += field.fieldSize;
   return size;
 }
 
-// Compatibility: the capacity in *size is not compared with the record. Callers have always given the whole record, and
-// some of them no size.
+// Compatibility: the capacity in *size is not checked. Extensions pass the whole record, and some leave *size unset.
 bool LoadByTable(std::span<const PrefFieldMap> map, void* data, std::int32_t* size, BrvVersion version) {
   if (size == nullptr) return false;
   *size = SizeOf(map);
@@ -180,7 +191,7 @@ bool LoadByTable(std::span<const PrefFieldMap> map, void* data, std::int32_t* si
   return true;
 }
 
-// Compatibility: a size of two bytes a field will do, whatever the fields' sizes. Older callers give no more.
+// Compatibility: two bytes for each field are enough, whatever the fields' sizes. Older extensions pass no more.
 bool SaveByTable(std::span<const PrefFieldMap> map, const void* data, std::uint32_t size, BrvVersion version) {
   if (data == nullptr || 2 * map.size() > size) return false;
   bool changed = false;
@@ -196,16 +207,17 @@ bool SaveByTable(std::span<const PrefFieldMap> map, const void* data, std::uint3
 
 }  // namespace
 
-// Both look their host function up before anything else, whether or not this call comes to it: what is called before
-// the host is bound stays without its host function for good, as every other call to the host does.
+// Compatibility: both look up their host function before anything else, whether or not the call needs it, so that they
+// are bound at their first call as all other host calls are.
 
 short16 BX_LoadEData(uint32 tag, EDataKey* key, void* data, std::int32_t* size, BrvVersion version) {
   LoadLookup::Address();
   if (tag == kFretInstrument && data != nullptr && !LoadFretInstrument(key, data, size, version)) {
+    // Compatibility: a failed load counts as success if any byte arrived. Some hosts fill the record and report
+    // failure.
     return Flag(IsAnyByteSet(data, kFretInstrumentSize));
   }
-  // Compatibility: the fret-instrument record is loaded a second time. Hosts complete it only when they are asked
-  // again.
+  // Compatibility: the fret-instrument record is loaded a second time below. Hosts complete it only when asked again.
   const std::span<const PrefFieldMap> map = FindPrefFieldMap(tag, NumberOf(key));
   if (!map.empty()) return Flag(LoadByTable(map, data, size, version));
   LegacyRow row;

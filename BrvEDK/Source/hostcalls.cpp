@@ -9,8 +9,10 @@ std::int32_t BrevixEditDepth = 0;
 
 namespace {
 
-// Leaves the innermost edit, if one is open. Ends and cancels refuse to go below zero, where starts and mass edits only
-// count: an end too many must not close an edit that the host opened for itself.
+// Leaves the innermost edit, if one is open.
+//
+// Compatibility: only the end and the cancel of an edit check its depth; starts and mass edits just count. An end too
+// many must not reach the host, where it would close an edit that the host opened itself.
 bool LeaveEdit() {
   if (BrevixEditDepth <= 0) return false;
   --BrevixEditDepth;

@@ -61,8 +61,11 @@ class HostFunction<Result(Arguments...), ResultClass(ArgumentClasses...)> {
   std::atomic<Function> function_{nullptr};
 };
 
-// Declares the lookup of a host function: done once for the life of the process, under the guard of a static's
-// initialisation, and its answer is kept, that of a missing function included.
+// Declares the lookup of a host function: done once in the life of the process, under the guard of a static's
+// initialisation.
+//
+// Compatibility: the answer is kept for good, also that the function is missing or the host not bound yet. Hosts export
+// the same functions for as long as they run, and extensions test for a function by calling it once.
 #define HOST_LOOKUP(lookup, name)                           \
   struct lookup {                                           \
     static void* Address() {                                \

@@ -44,7 +44,7 @@ bool StoreLong(const PrefFieldMap& field, std::uint32_t value, LegacyRecord& leg
 }
 
 // Compatibility: a byte is loaded without its sign and stored with it. Hosts keep these settings as small signed
-// numbers and have always taken them back so. From 128 up a byte therefore counts as changed, whatever the host has.
+// numbers and expect them back like that. From 128 up a byte therefore always counts as changed.
 std::uint16_t StoredValue(const PrefFieldMap& field, std::uint16_t value) {
   return field.conversion == kPrefByte ? static_cast<std::uint16_t>(static_cast<std::int8_t>(value)) : value;
 }

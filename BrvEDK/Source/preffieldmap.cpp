@@ -36,7 +36,8 @@ constexpr PrefFieldMap Byte(int offset, const Legacy& record, int word) {
 
 }  // namespace
 
-// The order of the fields is the order in which the host is asked for its records.
+// Compatibility: fields stay in this order, though their offsets are not always ascending. Hosts see their records read
+// and written in it.
 // clang-format off
 
 const PrefFieldMap EDTDistancePrefs_MAP_ARRAY[36] = {

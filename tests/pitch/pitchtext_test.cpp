@@ -129,6 +129,17 @@ TEST_F(PitchText, NumbersAreReadAsAtoiReadsThem) {
   EXPECT_EQ(Parsed("text"), (tDiaPitch{-35, 0}));
 }
 
+TEST_F(PitchText, IsWrittenWholeWhateverTheSize) {
+  UseNames();
+  for (const int size : {0, 1, 3, -1}) {
+    char text[64];
+    BXUtilFormatPitch({0, 12}, text, size);
+    EXPECT_STREQ(text, "C############4") << size;
+    BXUtilFormatRange({{0, 12}, {14, -3}}, text, size);
+    EXPECT_STREQ(text, "C############4/Cbbb6") << size;
+  }
+}
+
 TEST_F(PitchText, ARangeIsWrittenWithASlash) {
   UseNames();
   EXPECT_EQ(Format(tDiaRange{{0, 0}, {11, 0}}), "C4/G5");

@@ -1,6 +1,10 @@
 // Bundles that are not as they should be: a copy of the product's, changed, in a folder of its own.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
 
 #include "portable.h"
 #include "recordinghost.h"
@@ -96,13 +100,30 @@ TEST_F(OwnBundle, IsFoundByClimbingFromTheExecutable) {
   EXPECT_EQ(TextOf(buffer), u"Hide Ledger Lines");
 }
 
-class OwnBundleDeathTest : public OwnBundle {};
+class OwnBundleDeathTest : public OwnBundle {
+ protected:
+  // Looks a text up from an executable outside of any bundle.
+  static void AskAlone(const fs::path& executable) {
+    reinterpret_cast<CFStringRef (*)(int)>(Load(executable, "CopyPlugInStringResource"))(1);
+  }
+};
+
+TEST_F(OwnBundleDeathTest, AnExecutableOutsideOfAnyBundleOnAnAbsolutePathIsSearchedForEver) {
+  fs::copy(Contents() / "Linux-x86-64/LegerLines.so", folder_ / "Alone.so");
+  EXPECT_EXIT(
+      {
+        alarm(1);
+        AskAlone(folder_ / "Alone.so");
+        std::exit(0);
+      },
+      testing::KilledBySignal(SIGALRM), "");
+}
 
 TEST_F(OwnBundleDeathTest, AnExecutableOutsideOfAnyBundleOnARelativePathFailsTheAssertion) {
   fs::copy(Contents() / "Linux-x86-64/LegerLines.so", folder_ / "Alone.so");
   const auto ask = [&] {
     fs::current_path(folder_);
-    reinterpret_cast<CFStringRef (*)(int)>(Load("./Alone.so", "CopyPlugInStringResource"))(1);
+    AskAlone("./Alone.so");
   };
   EXPECT_DEATH(ask(),
                testing::StrEq(AssertionMessage("CopyPlugInStringResource", "LIB/portable:176", "bundleRef != NULL")));
