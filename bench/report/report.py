@@ -127,7 +127,7 @@ class Report:
                               text=True).stdout
 
     def check_results(self, names, out):
-        """Each peer's result says what ours says."""
+        """Each peer's result has the same content as ours."""
         ours = self.content_hash(out["brvhost"])
         for name in names:
             if name in out and name not in ("brvhost", "cp") and self.content_hash(out[name]) != ours:
@@ -136,7 +136,7 @@ class Report:
     def main_job(self):
         self.say("## 6. The main job, from file to file",
                  "", "Every ratio is of the tool's time to brvhost's, so that larger is better for brvhost; for expat alone it is "
-                 "brvhost's to expat's. A peer's time counts only after its result was found to say the same.", "")
+                 "brvhost's to expat's. A peer's time counts only after its result was found to be the same.", "")
         sizes = {"the score": 0, "10 MB": 10 * MEGABYTE}
         if not self.quick:
             sizes |= {"100 MB": 100 * MEGABYTE, "1000 MB": 1000 * MEGABYTE}
@@ -169,7 +169,7 @@ class Report:
         self.table(("tool", "wall, s", "processor, s", "memory / XML", "ratio: median (least to greatest)", "goal"),
                    rows)
         if failed:
-            self.say(f"Of the tools, {', '.join(failed)} cannot do a score of this size on this machine.", "")
+            self.say(f"Of the tools, {', '.join(failed)} cannot process a score of this size on this machine.", "")
         for path in [source, *map(pathlib.Path, out.values())]:
             path.unlink(missing_ok=True)
 

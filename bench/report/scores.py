@@ -21,7 +21,7 @@ def unpacked(path):
 
 
 def stacked(text, size, target):
-    """Writes a score of nearly `size` bytes: `text`, and behind its parts the same parts again, under new names."""
+    """Writes a score of nearly `size` bytes: `text`, followed by the same parts again under new names."""
     start, end = text.index("<part id="), text.rindex("</score-partwise>")
     head, body, tail = text[:start], text[start:end], text[end:]
     parts = [part.encode() for part in re.split(r"(?=<part id=)", body) if part]
