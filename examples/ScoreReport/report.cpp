@@ -23,7 +23,7 @@ std::u16string Text(int id) {
 
 std::u16string Widened(const std::string& ascii) { return {ascii.begin(), ascii.end()}; }
 
-// A column, with at least two blanks behind it.
+// A column, followed by at least two blanks.
 std::u16string Column(std::u16string text, std::size_t width) {
   text.resize(text.size() < width ? width : text.size(), u' ');
   return text + u"  ";
@@ -31,8 +31,8 @@ std::u16string Column(std::u16string text, std::size_t width) {
 std::u16string Column(const std::string& text, std::size_t width) { return Column(Widened(text), width); }
 
 std::u16string NameOfStaff(int staff) {
-  std::array<UniChar, 1024> buffer;
-  const int length = BXUtilGetStaffName(staff, 0, buffer.data(), buffer.size());
+  std::array<UniChar, 1024> buffer = {};
+  const int length = BXUtilGetStaffName(staff, 0, buffer.data(), buffer.size() - 1);
   return {reinterpret_cast<const char16_t*>(buffer.data()), static_cast<std::size_t>(length)};
 }
 
