@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
 
-// Blocks looked at one by one before four at a time are worth their cost: most texts are names of a few units.
+// So many blocks are checked one by one before four at a time pay off: most texts are names of a few units.
 constexpr std::size_t kShortTextBlocks = 4;
 
 struct IsEnd {
@@ -26,7 +26,7 @@ struct IsUnitOrEnd {
   UniChar wanted;
 };
 
-// The first unit, from units on, at which the scan is to stop. The end of the text must be among those.
+// Returns the first unit, from units on, at which stopsAt holds. It must hold at the end of the text.
 template <class StopsAt>
 const UniChar* Scan(const UniChar* units, StopsAt stopsAt) {
   const auto nextStop = [&](std::size_t blocks) {
@@ -56,13 +56,13 @@ const UniChar* Scan(const UniChar* units, StopsAt stopsAt) {
   }
 }
 
-// Marks the units that are equal in both and do not end the text.
+// Marks the units that are equal in both and not the end of the text.
 UnitBlock MarkMatch(const UniChar* a, const UniChar* b) {
   const UnitBlock blockA = LoadBlock(a);
   return OnlyFirst(MarkEqual(blockA, LoadBlock(b)), MarkZero(blockA));
 }
 
-// Where a and b first differ, or end together: -1, 0 or 1 for the units there; 0 if the first limit units are equal.
+// Compares a and b at the first place where they differ or both end: -1, 0 or 1; 0 if the first limit units are equal.
 int Compare(const UniChar* a, const UniChar* b, std::size_t limit) {
   std::size_t at = 0;
   const auto decide = [&] {
@@ -98,8 +98,9 @@ int Compare(const UniChar* a, const UniChar* b, std::size_t limit) {
   return 0;
 }
 
-// Copies four blocks at a time, so many as there are before the end of the text; says how many blocks. Each four are
-// loaded before the first is stored, so that dst may overlap src from before. Apart, so that short texts do not pay.
+// Copies four blocks at a time, as long as the text does not end in them; returns the number of blocks. Each four are
+// loaded before the first is stored, so that dst may overlap src if it comes first. A function of its own, so that
+// short texts do not pay for it.
 [[gnu::noinline]] std::size_t CopyLongText(UniChar* dst, const UniChar* src, std::size_t blocks) {
   std::size_t copied = 0;
   for (; blocks - copied >= 4; copied += 4) {
@@ -114,8 +115,8 @@ int Compare(const UniChar* a, const UniChar* b, std::size_t limit) {
   return copied;
 }
 
-// Copies up to the 0 unit, which is copied too, and no more than limit units; returns how many were copied. What is
-// loaded of src is stored before more is loaded, and never beyond it, so that dst may overlap src from before.
+// Copies up to and including the 0 unit, but no more than limit units; returns how many were copied. What is loaded
+// from src is stored before more is loaded, so that dst may overlap src if it comes first.
 std::size_t CopyUpTo(UniChar* dst, const UniChar* src, std::size_t limit) {
   std::size_t at = 0;
   while (at < limit) {
@@ -170,8 +171,8 @@ UniChar* bx_strstr(const UniChar* haystack, const UniChar* needle) {
   if (second == 0) return bx_strchr(haystack, first);
   for (const UniChar* at = haystack;;) {
     for (std::size_t blocks = BlocksInPage(at); blocks != 0; --blocks, at += kBlockUnits) {
-      // Most blocks do not have the first unit. Where it is frequent, the second rules out most of its places, and none
-      // costs a scan of its own.
+      // Most blocks do not have the first unit. Where it is frequent, checking the second as well rules out most places
+      // without a scan for each.
       const UnitBlock block = LoadBlock(at);
       if (!AnyMarked(Either(MarkEqual(block, Filled(first)), MarkZero(block)))) continue;
       const UnitBlock pairs = MarkPair(block, first, second);

@@ -24,8 +24,8 @@ int strnicmp(const char* a, const char* b, std::size_t count) {
 }
 
 int num2str(int value, char* buffer) {
-  constexpr int kMostCharacters = 11;
-  char* const end = std::to_chars(buffer, buffer + kMostCharacters, value).ptr;
+  constexpr int kMaxCharacters = 11;
+  char* const end = std::to_chars(buffer, buffer + kMaxCharacters, value).ptr;
   *end = '\0';
   return static_cast<int>(end - buffer);
 }

@@ -21,7 +21,7 @@ StringHolder StringOf(const Units& units) {
       CFStringCreateWithCharacters(kCFAllocatorDefault, units.data(), static_cast<CFIndex>(units.size())));
 }
 
-// Appends what the bytes say, up to its first 0 unit; nothing if they are not text in the encoding.
+// Appends the text of the bytes, up to its first 0 unit; nothing if they are not text in the encoding.
 template <class Units>
 void AppendConverted(Units& units, const char* text, CFStringEncoding encoding) {
   const StringHolder string(CFStringCreateWithCString(kCFAllocatorDefault, text, encoding));
@@ -73,11 +73,11 @@ void eu16string::GetStdString(std::string& text) const {
   if (!string) return;
   const CFStringEncoding encoding = GetApplicationTextEncoding();
   const CFIndex length = CFStringGetLength(string.get());
-  const CFIndex room = CFStringGetMaximumSizeForEncoding(length, encoding);
-  std::vector<UInt8> bytes(static_cast<std::size_t>(room) + 1);
+  const CFIndex capacity = CFStringGetMaximumSizeForEncoding(length, encoding);
+  std::vector<UInt8> bytes(static_cast<std::size_t>(capacity) + 1);
   CFIndex used = 0;
-  CFStringGetBytes(string.get(), CFRangeMake(0, length), encoding, '?', false, bytes.data(), room + 1, &used);
-  bytes[static_cast<std::size_t>(used < 0 || used > room ? room : used)] = 0;
+  CFStringGetBytes(string.get(), CFRangeMake(0, length), encoding, '?', false, bytes.data(), capacity + 1, &used);
+  bytes[static_cast<std::size_t>(used < 0 || used > capacity ? capacity : used)] = 0;
   text = reinterpret_cast<const char*>(bytes.data());
 }
 

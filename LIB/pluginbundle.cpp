@@ -10,7 +10,7 @@
 
 namespace {
 
-// An object of the extension itself, by which its image is found.
+// An object of the extension itself, used to find its image.
 const char kOwnImage[] = "dlbundle";
 
 // Compatibility: the failed assertion keeps the function, file and line by which existing crash reports are sorted,

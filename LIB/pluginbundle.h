@@ -3,6 +3,6 @@
 
 #include <CoreFoundation/CoreFoundation.h>
 
-// The bundle that this code was loaded from; found once, and kept for the life of the process. Without one an assertion
-// stops the process.
+// Returns the bundle that this code was loaded from. It is found once and kept for the life of the process. If there is
+// none, an assertion stops the process.
 CFBundleRef GetPluginBundle();

@@ -6,39 +6,41 @@
 #include "hostrecords.h"
 #include "hosttypes.h"
 
-// A string ID names a text of the Localizable.strings of the extension's own bundle: its high 16 bits are a table's
-// number, its low 16 bits an index. The key in the file is "table,index", or "index" alone for table 0; both halves are
-// signed.
+// A string ID (stringids.h) names a text in the Localizable.strings of the extension's own bundle: its high 16 bits are
+// the number of a table, its low 16 bits an index. The key in the file is "table,index", or only "index" for table 0.
+// Both halves are signed.
 //
 // Example: 0x4E200001 is the key "20000,1".
 //
-// A text that is missing from the file comes back as its key; when there is no file for any language, the host shows
-// the alert "Missing Localizable.strings" as well, once per lookup. An extension whose bundle cannot be found is not
-// installed right: the assertion "bundleRef != NULL" stops the process.
+// If a text is missing from the file, its key is returned instead. If there is no file for any language, the host also
+// shows the alert "Missing Localizable.strings", once for each lookup. If the extension's bundle cannot be found, the
+// extension is not installed correctly, and the assertion "bundleRef != NULL" stops the process. An executable that is
+// loaded by its absolute path, but is in no bundle, never returns from the first lookup: always load it from its
+// bundle.
 
 extern "C" {
 
-// The text of an ID. The caller releases it; null only if there was no memory.
+// Returns the text of an ID, which the caller releases; null only if memory runs out.
 BRV_EXPORT CFStringRef CopyPlugInStringResource(int id);
 
-// The text of an ID of (table, index) in the application's 8-bit encoding, cut to size - 1 bytes. Returns its length.
+// Writes the text of (table, index) in the application's 8-bit encoding, cut to size - 1 bytes. Returns its length.
 BRV_EXPORT short16 LoadIndString(short16 table, short16 index, char* buffer, short16 size);
 
-// Compare without regard to case: -1, 0 or 1. Bytes are signed, so 0x80 and above sort before all ASCII and before the
-// end of a string: "ab" is greater than "ab\xE9". strnicmp compares at most count bytes.
+// Compare two texts without regard to case. Return -1, 0 or 1. Bytes are signed, so those from 0x80 up come before all
+// of ASCII and before the end of a string: "ab" is greater than "ab\xE9". strnicmp compares at most count bytes.
 BRV_EXPORT int stricmp(const char* a, const char* b);
 BRV_EXPORT int strnicmp(const char* a, const char* b, std::size_t count);
 
-// Writes a number in decimal, into 12 bytes at most. Returns the number of characters.
+// Writes a number in decimal, which takes up to 12 bytes with the final zero. Returns the number of characters.
 BRV_EXPORT int num2str(int value, char* buffer);
 
 }  // extern "C"
 
-// Fills a buffer of size units with the text of an ID, cut to size - 1 units, which may be between the halves of a
-// surrogate pair, and ended by a 0. It holds the empty text while the text is looked up, which an alert may show.
-// Returns the buffer, or null for a size of 0, and then nothing is written.
+// Writes the text of an ID into a buffer of size units, cut to size - 1 units (perhaps between the halves of a
+// surrogate pair) and ended by a 0. During the lookup, when an alert may be shown, the buffer holds the empty text.
+// Returns the buffer, or null for a size of 0 or less; then nothing is written.
 BRV_EXPORT UniChar* PlugIn_GetStringResource(int id, UniChar* buffer, short size);
 
-// The same in the application's 8-bit encoding: size is in bytes, and what the text leaves of the buffer is zeroed. A
-// text that the encoding cannot hold, or one of more than 255 bytes, comes out empty.
+// The same in the application's 8-bit encoding. size is in bytes, and the rest of the buffer is zeroed. A text that the
+// encoding cannot hold, or one of more than 255 bytes, comes out empty.
 BRV_EXPORT char* PlugIn_GetStringResource(int id, char* buffer, short size);

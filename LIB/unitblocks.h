@@ -1,4 +1,4 @@
-// Blocks of eight UTF-16 units, looked at all at once, with the instructions that every x86-64 processor has.
+// Blocks of eight UTF-16 units that are processed at once, with instructions that every x86-64 processor has.
 #pragma once
 
 #include <emmintrin.h>
@@ -13,14 +13,15 @@
 typedef __m128i UnitBlock;
 inline constexpr std::size_t kBlockUnits = sizeof(UnitBlock) / sizeof(UniChar);
 
-// How many whole blocks lie between units and the end of its page. A page is readable as a whole or not at all, so all
-// of them can be loaded wherever the text in them ends, if the first byte of units can be read.
+// The number of whole blocks between units and the end of its page. A page is readable as a whole or not at all, so if
+// the first byte of units can be read, all of them can be loaded, wherever the text ends.
 inline std::size_t BlocksInPage(const UniChar* units) {
-  constexpr std::uintptr_t kSmallestPage = 4096;
-  return (kSmallestPage - reinterpret_cast<std::uintptr_t>(units) % kSmallestPage) / sizeof(UnitBlock);
+  constexpr std::uintptr_t kMinPageSize = 4096;
+  return (kMinPageSize - reinterpret_cast<std::uintptr_t>(units) % kMinPageSize) / sizeof(UnitBlock);
 }
 
-// The address sanitizer reports the units behind the end of the text, which are loaded but never looked at.
+// Not checked by the address sanitizer: it would report the units after the end of the text, which are loaded but never
+// used.
 __attribute__((no_sanitize("address"))) inline UnitBlock LoadBlock(const UniChar* units) {
   return _mm_loadu_si128(reinterpret_cast<const __m128i_u*>(units));
 }
@@ -29,7 +30,7 @@ inline void StoreBlock(UniChar* units, UnitBlock block) {
   _mm_storeu_si128(reinterpret_cast<__m128i_u*>(units), block);
 }
 
-// Single units go through memcpy because they may stand at an odd address.
+// Single units go through memcpy because they may be at an odd address.
 inline UniChar LoadUnit(const UniChar* units) {
   UniChar unit;
   std::memcpy(&unit, units, sizeof(unit));
@@ -38,7 +39,7 @@ inline UniChar LoadUnit(const UniChar* units) {
 
 inline void StoreUnit(UniChar* units, UniChar unit) { std::memcpy(units, &unit, sizeof(unit)); }
 
-// Stores the first count units of the block, fewer than the whole or all of it.
+// Stores the first count units of the block, which may be all of it.
 inline void StoreFirstUnits(UniChar* units, UnitBlock block, std::size_t count) {
   if (count == kBlockUnits) return StoreBlock(units, block);
   if (count & 4) {
@@ -60,7 +61,7 @@ inline UnitBlock Filled(UniChar unit) { return _mm_set1_epi16(static_cast<short>
 // The marks below are all ones at each unit that is marked, and 0 elsewhere.
 inline UnitBlock MarkEqual(UnitBlock a, UnitBlock b) { return _mm_cmpeq_epi16(a, b); }
 inline UnitBlock MarkZero(UnitBlock block) { return _mm_cmpeq_epi16(block, _mm_setzero_si128()); }
-// Marks first where second may follow it: what follows the last unit of the block is not known.
+// Marks first where second follows it or may follow it: the unit after the block is not known.
 inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
   const UnitBlock last = _mm_slli_si128(_mm_set1_epi8(-1), sizeof(UnitBlock) - sizeof(UniChar));
   const UnitBlock followed = MarkEqual(_mm_srli_si128(block, sizeof(UniChar)), Filled(second));
@@ -73,11 +74,11 @@ inline UnitBlock OnlyFirst(UnitBlock a, UnitBlock b) { return _mm_andnot_si128(b
 
 inline bool AnyMarked(UnitBlock marks) { return _mm_movemask_epi8(marks) != 0; }
 inline bool AllMarked(UnitBlock marks) { return _mm_movemask_epi8(marks) == 0xFFFF; }
-// One bit for each unit, that of the first unit lowest.
+// One bit for each unit; that of the first unit is the lowest.
 inline unsigned MarkedUnits(UnitBlock marks) {
   return static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(marks, _mm_setzero_si128())));
 }
-// The place of the first marked unit, or kBlockUnits if none is marked.
+// The index of the first marked unit, or kBlockUnits if none is marked.
 inline std::size_t FirstMarked(UnitBlock marks) {
   const unsigned bytes = static_cast<unsigned>(_mm_movemask_epi8(marks)) | 0x10000u;
   return static_cast<std::size_t>(std::countr_zero(bytes)) / sizeof(UniChar);

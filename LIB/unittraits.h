@@ -1,5 +1,5 @@
-// What std::basic_string has to know of UTF-16 units. The standard library promises traits for its own character types
-// only, and a unit is none of them.
+// What std::basic_string needs to know about UTF-16 units. The standard library has traits only for its own character
+// types, and a unit is not one of them.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 #include "bxstring.h"
 
-// Visible because a member of a visible class is made with it.
+// Visible because a member of a visible class uses it.
 struct BRV_EXPORT UnitTraits {
   typedef UniChar char_type;
   typedef int int_type;

@@ -1,4 +1,4 @@
-// The entry points of LegerLines: item 0 hides, item 1 shows the ledger lines of a region.
+// The entry points of LegerLines. Item 0 hides the ledger lines of a region, item 1 shows them.
 #include "brevixpdk.h"
 #include "convention.h"
 #include "integerclasses.h"
@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kItems = 2;
 
-// Texts: a table for each item, and one of messages.
+// Tables of texts: one for each item, and one of messages.
 constexpr int kFirstItemTable = 20000;
 constexpr int kMessageTable = 20100;
 constexpr int32 kAskForWholeScore = StringID(kMessageTable, 1);
@@ -40,8 +40,8 @@ int BrevixExtensionEnumerate_UTF16(void*, ushort16 itemIndex, MenuItemTexts* tex
   return 1;
 }
 
-// Returns non-zero if a frame was changed. Else the user is told so, unless the question was declined or there is no
-// such item.
+// Returns non-zero if a frame was changed. If not, the user gets a message, unless the question was declined or there
+// is no such item.
 int BrevixExtensionInvoke(void* context, ushort16 itemIndex, EREGION* region, EREGION* fallback) {
   const int item = ZeroExtend16(itemIndex);
   if (item >= kItems) return 0;

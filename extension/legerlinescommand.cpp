@@ -9,8 +9,8 @@
 
 namespace {
 
-// The positions of a measure that belong to the region, ends included. They depend on the measure alone: the first and
-// last measure are cut alike in every staff and layer.
+// The positions in a measure that belong to the region, both ends included. They depend on the measure alone: the first
+// and last measure have the same ones in every staff and layer.
 struct PositionRange {
   std::int32_t low;
   std::int32_t high;
@@ -21,7 +21,7 @@ PositionRange RangeOfMeasure(const EREGION& region, int measure) {
           measure == region.endMeasure ? region.endPosition : INT32_MAX};
 }
 
-// Sets or clears the bit; says whether it was otherwise before.
+// Sets or clears the bit. Returns whether that changed it.
 bool ChangeEntry(EXENTRY& entry, bool hide) {
   const auto wanted =
       static_cast<std::uint16_t>(hide ? entry.flags | kNoLegerLines : entry.flags & ~std::uint16_t{kNoLegerLines});
@@ -30,8 +30,8 @@ bool ChangeEntry(EXENTRY& entry, bool hide) {
   return true;
 }
 
-// Says whether any entry changed. Entries stand in ascending order of position, so the first behind the range ends the
-// scan.
+// Returns whether any entry changed. Entries are in ascending order of position, so the first one after the range ends
+// the scan.
 bool ChangeFrame(EXTGF2005a& frame, PositionRange range, bool hide) {
   bool changed = false;
   for (int i = 0; i < frame.entryCount; ++i) {
@@ -58,7 +58,7 @@ class Walk {
   }
 
  private:
-  // These say whether to go on: false after a cancel.
+  // These return whether to go on: false after a cancel.
 
   bool WalkStaff(int staff, int layers) {
     if (region_.startMeasure > region_.endMeasure) return true;
@@ -89,7 +89,7 @@ class Walk {
   EREGION& region_;
   const bool hide_;
   tProgressReport report_ = {};
-  int loaded_ = 0;  // counts as 16 bits in the report
+  int loaded_ = 0;  // in the report, only its low 16 bits count
   bool changed_ = false;
 };
 

@@ -1,4 +1,4 @@
-// Records of the document behind typed functions, and what follows from several of them.
+// Typed functions for records of the document, and for what several records give together.
 #pragma once
 
 #include "documentrecords.h"
@@ -7,8 +7,8 @@
 
 extern "C" {
 
-// These load a record. They return the host's answer, non-zero for success; the record is the caller's, and where the
-// host does not write it stays as it was.
+// These load a record into the caller's. They return the host's result, non-zero for success. Bytes that the host does
+// not write keep their value.
 //
 // Example:
 //
@@ -16,16 +16,16 @@ extern "C" {
 //   if (BXUtilGetMeasureSpec(12, &spec) != 0) beats = spec.beats;
 BRV_EXPORT short16 BXUtilGetMeasureSpec(short16 measure, EDTMeasureSpec2014* spec);
 BRV_EXPORT short16 BXUtilGetStaffSpec(short16 staff, EDTStaffSpec2014* spec);
-// first and second are the two words of the group's key, as the host numbers its groups.
+// first and second are the two words of the group's key, by which the host numbers its groups.
 BRV_EXPORT short16 BXUtilGetGroupSpec(short16 first, short16 second, EDTGroupSpec* spec);
 BRV_EXPORT short16 BXUtilGetPageSpec(short16 page, EDTPageSpec* spec);
 BRV_EXPORT short16 BXUtilGetGeneralPrefs(EDTGeneralPrefs2008* prefs);
 
-// Saves the record of a measure. Returns the host's answer, non-zero for success.
+// Saves the record of a measure. Returns the host's result, non-zero for success.
 BRV_EXPORT short16 BXUtilPutMeasureSpec(short16 measure, EDTMeasureSpec2014* spec);
 
-// Whether a measure of a staff holds no music: 1, or 0 at the first entry with the content bit, in any layer, hidden or
-// not. scope is that of the region, as BX_LoadTGF takes it.
+// Returns 1 if a measure of a staff holds no music, or 0 if an entry of any layer, even a hidden one, has the content
+// bit. scope is that of the region (EREGION::regionScope).
 //
 // The frames that it looks at stay loaded: LoadedTGFCounter goes up by 1 for each layer that was asked for. Where that
 // matters, as in a job over many measures, load each layer with BX_LoadTGF, look at its entries, and free it with
@@ -44,7 +44,7 @@ BRV_EXPORT int BXUtilIsEmptyMeasure(short16 scope, short16 staff, short16 measur
 //   const int length = BXUtilGetStaffName(staff, 0, name, 128);
 BRV_EXPORT int BXUtilGetStaffName(short16 staff, short16 unused, UniChar* buffer, int capacity);
 
-// The number of slots of an instrument: slots count from 1 without gaps. id is what BX_SlotToInst takes.
+// Returns the number of slots that id has in BX_SlotToInst. Slots are numbered from 1 without gaps.
 BRV_EXPORT short16 BXUtilCountIUSlots(short16 id);
 
 }  // extern "C"

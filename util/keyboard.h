@@ -1,16 +1,16 @@
-// The state of the keyboard at the moment of the call; no event is taken from any queue.
+// The state of the keyboard at the time of the call. No event is taken from any queue.
 #pragma once
 
 #include "hosttypes.h"
 
 extern "C" {
 
-// Whether a key is down: 1 or 0. Key codes run from 0 to 127; any other is up.
+// Returns 1 if a key is down, else 0. Key codes are 0 to 127; for any other the result is 0.
 //
-// Example: KbdUtilKeyIsDown(53) asks for the Escape key.
+// Example: KbdUtilKeyIsDown(53) checks the Escape key.
 BRV_EXPORT int KbdUtilKeyIsDown(char keyCode);
 
-// Whether Command and the period key are both down: the user's wish to cancel.
+// Returns whether Command and the period key are both down, by which the user cancels a command.
 BRV_EXPORT bool EventUtilCancelInQueue();
 
 }  // extern "C"

@@ -7,14 +7,14 @@
 
 namespace {
 
-// Where the tonic of a key stands.
+// The tonic of a key.
 struct tKeySigOffsets {
   std::int16_t tonicStep;        // of the major tonic, 0 to 6 above C
   std::int16_t tonicAlteration;  // of the major tonic
   std::int16_t modeOffset;       // steps from the major to the minor tonic, 0 in major
 };
 
-// Up or down to the minor tonic, so that it stays within the octave above C.
+// The steps up or down to the minor tonic, so that it is within the octave above C.
 int MinorTonicOffset(int sharps) {
   const int remainder = sharps % 7;
   return remainder == -5 || remainder == 0 || remainder == 2 ? 5 : -2;

@@ -1,4 +1,4 @@
-// What the number of a key signature says.
+// The parts of a key signature's number.
 #pragma once
 
 #include "integerclasses.h"

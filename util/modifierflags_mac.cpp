@@ -1,4 +1,4 @@
-// Asks AppKit through the Objective-C runtime: this is the one call, and no reason for a second language.
+// Calls AppKit through the Objective-C runtime: a single call is no reason for a second language.
 #include <objc/message.h>
 #include <objc/runtime.h>
 

@@ -11,7 +11,7 @@
 namespace {
 
 constexpr char kLetters[] = "CDEFGAB";
-constexpr int kHighestNoteNumber = 127;
+constexpr int kMaxNoteNumber = 127;
 constexpr int kMiddleCNumber = 60;
 constexpr std::size_t kRangeSideBytes = 32;
 constexpr std::size_t kNumberBytes = 12;
@@ -33,7 +33,7 @@ void FormatName(tDiaPitch pitch, char* text) {
   WriteNumber(octave + sMiddleCRef, text);
 }
 
-// The sum is an int here: a number far from middle C is printed whole, where BXUtilAbsTCDToChrom would cut it.
+// Computed as an int: BXUtilAbsTCDToChrom would cut a number far from middle C to 16 bits.
 void FormatNumber(tDiaPitch pitch, char* text) {
   short step;
   short octave;
@@ -57,9 +57,9 @@ int AlterationOf(char accidental) {
 // Compatibility: the bounds are steps, whichever octave number middle C has. Ranges of instruments that extensions keep
 // as text were checked against the same bounds.
 bool IsNamedPitch(int step, int alteration) {
-  if (step < kLowestStep || step > kHighestStep) return false;
-  if (step == kHighestStep && alteration > 0) return false;
-  return step != kLowestStep || alteration >= 0;
+  if (step < kMinStep || step > kMaxStep) return false;
+  if (step == kMaxStep && alteration > 0) return false;
+  return step != kMinStep || alteration >= 0;
 }
 
 short16 ParseName(const char* text, tDiaPitch* pitch) {
@@ -79,7 +79,7 @@ short16 ParseName(const char* text, tDiaPitch* pitch) {
 
 short16 ParseNumber(const char* text, tDiaPitch* pitch) {
   const int number = std::atoi(text);
-  if (number < 0 || number > kHighestNoteNumber) return kBadPitchNumber;
+  if (number < 0 || number > kMaxNoteNumber) return kBadPitchNumber;
   *pitch = BXUtilChromToAbsTCD(number - kMiddleCNumber);
   return 0;
 }
@@ -113,7 +113,7 @@ void BXUtilFormatRange(const tDiaRange& range, char* text, short16 bufferSize) {
 }
 
 short16 BXUtilParseRange(const char* text, tDiaRange* range) {
-  *range = {{kLowestStep, 0}, {kHighestStep, 0}};
+  *range = {{kMinStep, 0}, {kMaxStep, 0}};
   const char* slash = std::strchr(text, '/');
   if (slash == nullptr) return kNoRangeSeparator;
   char side[kRangeSideBytes];

@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::int64_t kNanosecondsPerMs = 1'000'000;
 constexpr std::int64_t kFirstCheckMs = 667;  // two thirds of a second
-constexpr std::int64_t kLongestUnshownMs = 666;
-constexpr std::int64_t kBetweenUpdatesMs = 33;  // about thirty a second
+constexpr std::int64_t kMaxUnshownMs = 666;
+constexpr std::int64_t kBetweenUpdatesMs = 33;  // about thirty times a second
 
 std::int64_t SteadyNanoseconds() {
   const auto now = std::chrono::steady_clock::now().time_since_epoch();
@@ -23,12 +23,12 @@ void ReportUnits(tProgressReport* report, int units) {
   BX_MassEditProgress(report->massEdit, units, 0, 0, -1, kBrvVersion);
 }
 
-// Whether the whole job, at the pace so far, would be over before a display is worth opening. It is looked at again
-// only when it should be over.
+// Whether the whole job, at the pace so far, will be over before a display is worth opening. The next check is then at
+// the time when it should be over.
 bool IsTooShortToShow(tProgressReport* report, std::int64_t elapsedMs, int unitsDone) {
   if (unitsDone == 0) return false;
   const std::int64_t wholeJobMs = report->jobSize * elapsedMs / unitsDone;
-  if (wholeJobMs > kLongestUnshownMs) return false;
+  if (wholeJobMs > kMaxUnshownMs) return false;
   if (elapsedMs + kBetweenUpdatesMs < wholeJobMs) report->nextCheckMs = wholeJobMs;
   return true;
 }

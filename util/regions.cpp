@@ -4,10 +4,10 @@
 
 namespace {
 
-// A host's own record may be longer than the part of it that the kit knows.
+// A host's record may be longer than the part of it that the kit knows.
 union ScratchRegion {
   EREGION region;
-  unsigned char room[64];
+  unsigned char bytes[64];
 };
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 extern "C" {
 
-// Asks the host for the selected regions; either record may be null. Returns the host's result.
+// Asks the host for the selected regions. Either record may be null. Returns the host's result.
 BRV_EXPORT short16 GetRegions(EREGION* first, EREGION* second);
 
 }  // extern "C"

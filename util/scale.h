@@ -1,4 +1,4 @@
-// The C major scale in semitones: where steps and semitones meet.
+// The C major scale in semitones.
 #pragma once
 
 #include <array>
@@ -6,5 +6,5 @@
 
 inline constexpr int kSemitonesOfAnOctave = 12;
 
-// Semitones of each step of an octave above its C.
+// The semitones of each step above the octave's C.
 inline constexpr std::array<std::uint8_t, 7> kMajorToChromatic = {0, 2, 4, 5, 7, 9, 11};

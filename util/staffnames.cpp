@@ -8,7 +8,7 @@
 
 namespace {
 
-// The raw text of a text block, or null; the caller's.
+// The raw text of a text block, or null. The caller frees it.
 UniChar* LoadTextOfBlock(short16 block) {
   EDTTextBlock25_4 textBlock;
   if (BXUtilGetTextBlock(block, &textBlock) == 0) return nullptr;

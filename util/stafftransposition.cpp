@@ -8,14 +8,14 @@
 
 namespace {
 
-// The signed number that stands in the given bits of a code.
+// The signed number in the given bits of a code.
 constexpr int SignedField(int code, int firstBit, int bits) {
   const int field = code >> firstBit & ((1 << bits) - 1);
   return field >= 1 << (bits - 1) ? field - (1 << bits) : field;
 }
 
-// Whether a downward interval is a second, third, sixth or seventh, which come as major and minor; unison, fourth and
-// fifth do not. remainder is the steps modulo 7 with their sign.
+// Whether a downward interval is a second, third, sixth or seventh, which may be major or minor; a unison, fourth or
+// fifth may not. remainder is the steps modulo 7, with their sign.
 bool IsDownwardMajorOrMinor(int remainder) {
   return remainder == -6 || remainder == -5 || remainder == -2 || remainder == -1;
 }
@@ -27,7 +27,7 @@ tInterval DiatonicInterval(int code) {
   return {static_cast<std::int16_t>(steps), static_cast<std::int16_t>(alteration)};
 }
 
-// Respells a transposition that would lead to a key of more than six sharps or flats by its enharmonic equivalent.
+// Replaces a transposition to a key of more than six sharps or flats by its enharmonic equivalent.
 void KeepKeyInSixFifths(int sharps, int* fifths, int* steps) {
   while (*fifths + sharps > 6) {
     *fifths -= 12;

@@ -43,7 +43,7 @@ UniChar* BXUtilLoadRawTextUTF16(short16 number) {
     std::free(text);
     return nullptr;
   }
-  // The second size may be another: what lies beyond it was not written, and what lies beyond the first does not fit.
+  // The second size may differ: units beyond it were not written, and units beyond the first do not fit.
   const std::int32_t loaded = std::clamp(size, 0, allocated);
   text[static_cast<std::size_t>(loaded) / sizeof(UniChar)] = 0;
   return text;

@@ -1,7 +1,7 @@
 // Text blocks of the document and their raw text.
 //
-// Raw text is UTF-16 with formatting tags in it, each a caret, a word and an argument in parentheses: "Clarinet in
-// B^flat() ^fontTxt(Times)".
+// Raw text is UTF-16 with formatting tags, each a caret, a word and an argument in parentheses, as in
+// "^font(Times)Clarinet in B^flat()".
 #pragma once
 
 #include "documentrecords.h"
@@ -10,14 +10,14 @@
 
 extern "C" {
 
-// Loads a text block into the caller's record, which is cleared first. Returns the host's answer, non-zero for success.
+// Loads a text block into the caller's record, which is cleared first. Returns the host's result, non-zero for success.
 BRV_EXPORT short16 BXUtilGetTextBlock(short16 block, EDTTextBlock25_4* textBlock);
 
-// A copy of a raw text, ended by a 0 unit, or null if the host has none of that number. The caller frees it with
-// BXUtilFreeRawText.
+// Returns a copy of a raw text, ended by a 0 unit, or null if the host has none with this number or memory runs out.
+// The caller frees it with BXUtilFreeRawText.
 BRV_EXPORT UniChar* BXUtilLoadRawTextUTF16(short16 number);
 
-// Frees what BXUtilLoadRawTextUTF16 returned; null is allowed.
+// Frees a text from BXUtilLoadRawTextUTF16; null is allowed.
 BRV_EXPORT void BXUtilFreeRawText(UniChar* text);
 
 // Removes the formatting tags of a text, in place: from each caret to the first closing parenthesis after the next

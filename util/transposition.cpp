@@ -6,9 +6,8 @@
 
 namespace {
 
-// The alteration that a move upward inside the C major scale needs to become the major or perfect interval: a row for
-// each starting step from D to B, a column for each interval from second to seventh. From C every such move is one
-// already.
+// The alteration that turns a move upward in the C major scale into the major or perfect interval: a row for each
+// starting step from D to B, a column for each interval from second to seventh. From C, every such move is one already.
 constexpr std::int8_t kTransposeUpAlts[6][6] = {
     {0, 1, 0, 0, 0, 1},   // D
     {1, 1, 0, 0, 1, 1},   // E

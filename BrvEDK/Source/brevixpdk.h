@@ -1,21 +1,21 @@
-// The chief header of BrvEDK: every service of the host that an extension can call.
+// The main header of BrvEDK: every service of the host that an extension can call.
 //
-// Each function below is the kit's; it looks up the host's function of the same name when it is first called, keeps it
-// for the life of the process, and passes the call on. The contract that all of them share:
+// Each function below belongs to the kit. When first called, it looks up the host's function of the same name, keeps it
+// for the life of the process, and passes the call on. All of them share this contract:
 //
-// - The host's bundle must be bound before the first call; the host does it by way of the extension's main
-//   (hostbundle.h). A function that was called earlier stays without its host function for good.
-// - Where the host has no such function nothing is called, and the result is the default that the comment names:
-//   [default 0] is 0, null or no. Nothing else is ever reported by the kit.
-// - version is kBrvVersion, the version of the interface that the extension was built for. It goes to the host as
-//   it is.
-// - 16-bit and 8-bit arguments are cut to their class and extended, whatever stands in their upper bits; 16-bit results
-//   come back extended (hosttypes.h). A 16-bit result is non-zero for success or yes unless the comment says otherwise.
+// - The host's bundle must be bound before the first call. The host does this by calling the extension's main
+//   (hostbundle.h). A function that is called earlier never finds its host function.
+// - If the host has no such function, nothing is called, and the result is the default that the comment gives:
+//   [default 0] is 0, null or no. The kit reports nothing else.
+// - version is kBrvVersion, the version of the interface that the extension was built for. It is passed to the host
+//   unchanged.
+// - 16-bit and 8-bit arguments are cut to their class and extended, whatever is in their upper bits; 16-bit results are
+//   returned extended (hosttypes.h). A 16-bit result is non-zero for success or yes unless the comment says otherwise.
 // - All calls are made on the host's main thread. [main-thread]
-// - What a pointer points to stays the property of the side that made it, unless the comment says otherwise.
+// - Memory stays the property of the side that allocated it, unless the comment says otherwise.
 //
-// Where a comment says that arguments are passed through, their meaning is between the extension and its host: the kit
-// looks at none of them.
+// Where a comment says that arguments are passed through, their meaning is between the extension and its host, and the
+// kit does not look at them.
 #pragma once
 
 #include <cstdint>
@@ -25,16 +25,17 @@
 
 extern "C" {
 
-// Counters and flags of the kit, open to the extension. The kit reads none of the counters but BrevixEditDepth.
+// Counters and flags of the kit, which extensions may read and set. Of the counters, the kit itself reads only
+// BrevixEditDepth.
 
-BRV_EXPORT extern std::int32_t LoadedTGFCounter;  // calls of BX_LoadTGF less calls of BX_FreeTGF
-BRV_EXPORT extern std::int32_t MassEditDepth;  // mass edits started and not ended; below 0 after an end without a start
-BRV_EXPORT extern std::int32_t BrevixEditDepth;  // edits started and neither ended nor cancelled; never below 0
+BRV_EXPORT extern std::int32_t LoadedTGFCounter;  // calls of BX_LoadTGF minus calls of BX_FreeTGF
+BRV_EXPORT extern std::int32_t MassEditDepth;     // mass edits started minus mass edits ended; may be below 0
+BRV_EXPORT extern std::int32_t BrevixEditDepth;   // edits that are open; the kit never lowers it below 0
 
-// Whether a rest gets a placeholder note when its frame goes back to the host: 1 at first, 0 for no.
+// Whether a rest gets a placeholder note when its frame goes back to the host. 1 unless an extension sets it to 0.
 BRV_EXPORT extern std::uint8_t CanAddNoteRecordToRests;
 
-// Writes a line to the console, formatted as printf does it, for debugging. Output beyond 4095 characters is cut.
+// Writes a line to the console for debugging, formatted as by printf. A line is cut after 4095 characters.
 //
 // Example:
 //   DbgPrintF("measure %d has %d entries", measure, frame->entryCount);

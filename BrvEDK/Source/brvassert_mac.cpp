@@ -1,4 +1,4 @@
-// The system declares its reporter only where assertions are on.
+// The system declares this function only if assertions are on.
 #undef NDEBUG
 #include <cassert>
 

@@ -73,7 +73,7 @@ bool IsTaken(const Notes& notes, int count, int note) {
   return false;
 }
 
-// Whether each note has an identifier of its own, as almost all that come from a host have.
+// Whether each note has its own identifier, as in almost every entry that comes from a host.
 bool AreNumbered(const Notes& notes) {
   for (int i = 0; i < notes.Count(); ++i) {
     if (notes.NoteID(i) == 0 || IsTaken(notes, i, i)) return false;
@@ -81,7 +81,7 @@ bool AreNumbered(const Notes& notes) {
   return true;
 }
 
-// Of two equal identifiers the earlier one gives way: once it has its new number, the later is alone.
+// Of two equal identifiers the earlier one is replaced; after that, the later one is unique.
 //
 // Compatibility: a number beyond 0x7FFF is given without checking whether an earlier note has it. Hosts read such
 // numbers as negative, and give out none themselves.
@@ -100,8 +100,8 @@ void MirrorNoteIDs(const Notes& notes) {
 
 void ClearNotes(EXNOTE* first, int count) { std::memset(first, 0, sizeof(EXNOTE) * static_cast<std::size_t>(count)); }
 
-// Three notes at a time, the last three perhaps over one that is clear: a length that the compiler knows takes two
-// stores, and one that varies more than all else that is done to an entry.
+// Clears three notes at a time, the last three perhaps over one that is already clear: a length that the compiler knows
+// takes two stores, and a variable one takes longer than everything else that is done to an entry.
 void ClearUnusedNotes(EXENTRY& entry, int count) {
   constexpr int kLastThree = EXENTRY::kMaxNotes - 3;
   if (count <= kLastThree) {
@@ -111,7 +111,7 @@ void ClearUnusedNotes(EXENTRY& entry, int count) {
   }
 }
 
-// The note is zeroed by now, its identifier too.
+// The note has been zeroed before, and so has its identifier.
 void AddPlaceholderNote(EXENTRY& entry) {
   entry.noteCount = 1;
   entry.notes[0].hostWord = 0;
@@ -121,7 +121,7 @@ void AddPlaceholderNote(EXENTRY& entry) {
 
 void CleanEntry(unsigned char* bytes, bool fillRests) {
   auto& entry = *reinterpret_cast<EXENTRY*>(bytes);
-  // A negative count does not come from a host; it is no reason to write before the first note.
+  // No host gives a negative count; if one comes, nothing before the first note must be written.
   const int count = std::max<int>(entry.noteCount, 0);
   const Notes notes(bytes, count);
   if (!AreNumbered(notes)) RenumberNotes(notes);

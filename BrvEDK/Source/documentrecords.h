@@ -1,5 +1,4 @@
-// Records of the document, as far as the kit reads them, and the tags by which hosts keep them. The rest of each is the
-// host's.
+// Records of the document, as far as the kit reads them, and their tags. Their other bytes belong to the host.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +9,7 @@
 
 inline constexpr std::uint32_t kMeasureSpecTag = RecordTag("SOMS");   // EDTMeasureSpec2014, by measure
 inline constexpr std::uint32_t kStaffSpecTag = RecordTag("SOIS");     // EDTStaffSpec2014, by staff
-inline constexpr std::uint32_t kGroupSpecTag = RecordTag("SDNG");     // EDTGroupSpec, by the host's numbers of groups
+inline constexpr std::uint32_t kGroupSpecTag = RecordTag("SDNG");     // EDTGroupSpec, by two numbers of the host's
 inline constexpr std::uint32_t kPageSpecTag = RecordTag("SOPS");      // EDTPageSpec, by page
 inline constexpr std::uint32_t kTextBlockTag = RecordTag("SOTX");     // EDTTextBlock25_4, by text block
 inline constexpr std::uint32_t kRawTextTag = RecordTag("txbl");       // UTF-16 units without a final 0, by raw text
@@ -23,11 +22,11 @@ inline constexpr std::uint32_t kGeneralPrefsTag = RecordTag("pfgp");  // EDTGene
 inline constexpr short16 kMinorKey = 0x0100;
 inline constexpr short16 kNonStandardKey = 0x4000;
 
-// A staff's transposition is a 16-bit code that leads from sounding to written pitch, in one of two forms.
+// A staff's transposition, from sounding to written pitch, is a 16-bit code in one of two forms.
 //
-//   diatonic, bit 13 set     bits 0 to 7 the steps, bits 8 to 11 the alteration, both signed: the key stays as it is
-//   chromatic, bit 13 clear  bits 0 to 5 the change of the key in fifths, bits 6 to 11 the steps, both signed; with
-//                            bit 14 set a key of more than six sharps or flats is taken as it comes, else respelt
+//   diatonic, bit 13 set     bits 0 to 7 the steps, bits 8 to 11 the alteration, both signed; the key does not change
+//   chromatic, bit 13 clear  bits 0 to 5 the change of the key in fifths, bits 6 to 11 the steps, both signed; a key
+//                            of more than six sharps or flats is respelt, unless bit 14 is set
 //
 // Examples: 0x2007 is written an octave above its sound (a double bass); 0x0042 a major second above it, two fifths up
 // (a clarinet in B flat).
@@ -36,7 +35,7 @@ inline constexpr int kKeepKey = 0x4000;
 
 #pragma pack(push, 2)
 
-// Of a measure.
+// A measure.
 struct EDTMeasureSpec2014 {
   std::uint8_t hostHead[2];
   std::int16_t keySignature;  // the key as it sounds
@@ -50,15 +49,15 @@ static_assert(offsetof(EDTMeasureSpec2014, keySignature) == 2);
 static_assert(offsetof(EDTMeasureSpec2014, beats) == 8);
 static_assert(offsetof(EDTMeasureSpec2014, beatUnit) == 10);
 
-// Of a staff.
+// A staff.
 struct EDTStaffSpec2014 {
   std::uint8_t hostHead[20];
   std::int16_t transposition;  // a code, as above
   std::uint8_t hostMiddle[8];
   std::int16_t nameTextBlock;        // of the staff's name; 0: none
-  std::int16_t secondNameTextBlock;  // of the name that stands in for it; 0: none
+  std::int16_t secondNameTextBlock;  // of the name used if there is no first; 0: none
   std::uint8_t hostMiddle2[68];
-  std::uint8_t newerHostData[12];  // hosts of old do not write these
+  std::uint8_t newerHostData[12];  // older hosts do not write these
   std::uint8_t hostTail[22];
 };
 static_assert(sizeof(EDTStaffSpec2014) == 136);
@@ -67,19 +66,19 @@ static_assert(offsetof(EDTStaffSpec2014, nameTextBlock) == 30);
 static_assert(offsetof(EDTStaffSpec2014, secondNameTextBlock) == 32);
 static_assert(offsetof(EDTStaffSpec2014, newerHostData) == 102);
 
-// Of a group of staves.
+// A group of staves.
 struct EDTGroupSpec {
   std::uint8_t hostData[36];
 };
 static_assert(sizeof(EDTGroupSpec) == 36);
 
-// Of a page.
+// A page.
 struct EDTPageSpec {
   std::uint8_t hostData[22];
 };
 static_assert(sizeof(EDTPageSpec) == 22);
 
-// Of a text block.
+// A text block.
 struct EDTTextBlock25_4 {
   std::int16_t rawText;  // the number of its raw text
   std::uint8_t hostTail[28];
@@ -87,11 +86,11 @@ struct EDTTextBlock25_4 {
 static_assert(sizeof(EDTTextBlock25_4) == 30);
 static_assert(offsetof(EDTTextBlock25_4, rawText) == 0);
 
-// Of the document: how pitches are written as text.
+// General preferences of the document: how pitches are written as text.
 struct EDTGeneralPrefs2008 {
   std::uint8_t hostHead[38];
   std::int16_t usePitchNames;  // 0: pitches are numbers, 60 for middle C
-  std::int16_t octaveOffset;   // how far the numbers of octaves are moved, in semitones; 0: middle C is C4
+  std::int16_t octaveOffset;   // offset of octave numbers, in semitones; 0: middle C is C4
   std::uint8_t hostTail[24];
 };
 static_assert(sizeof(EDTGeneralPrefs2008) == 66);

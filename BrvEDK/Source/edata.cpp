@@ -73,7 +73,7 @@ void SaveLegacy(const LegacyAddress& address, LegacyRecord record) {
   SaveToHost(address.tag, &key, &record, sizeof(record), kBrvVersion);
 }
 
-// What a preference tag without a table stands for: a row of legacy records, one after the other.
+// The legacy records that a preference tag without a table maps to: some in a row.
 struct LegacyRow {
   LegacyAddress first;
   int count = 0;  // 0: the tag needs no mapping
@@ -84,13 +84,13 @@ struct LegacyRow {
   std::uint32_t Size() const { return static_cast<std::uint32_t>(count) * sizeof(LegacyRecord); }
 };
 
-// A preference tag, what it stands for, and the record numbers that it allows.
+// A preference tag, the legacy records that it maps to, and the record numbers that it allows.
 struct PrefTag {
   std::uint32_t tag;
   std::uint32_t legacyTag;
   int count;
   int lastNumber;  // from 1; 0 allows any
-  bool isIndexed;  // the number says which legacy record it is
+  bool isIndexed;  // the record number chooses the legacy record
 };
 
 constexpr PrefTag kPrefTags[] = {
@@ -105,7 +105,7 @@ constexpr PrefTag kPrefTags[] = {
     {RecordTag("pfTp"), RecordTag("ot85"), 4, 0, false},  {RecordTag("pfTs"), RecordTag("ot90"), 1, 9, true},
 };
 
-// False when the record number is not one that the tag allows.
+// Returns false if the tag does not allow the record number.
 bool mapPrefTag(std::uint32_t tag, int recordNumber, LegacyRow& row) {
   row = {};
   const auto* const found = std::find_if(std::begin(kPrefTags), std::end(kPrefTags),
@@ -131,7 +131,7 @@ bool LoadRow(const LegacyRow& row, void* data, std::int32_t* size, BrvVersion ve
   const auto whole = static_cast<std::int32_t>(row.Size());
   if (data != nullptr && *size < whole) return false;
   if (data != nullptr) LoadRowInto(data, row, version);
-  // Last: until then the host sees the caller's size.
+  // Set last: until then the host sees the caller's size.
   *size = whole;
   return true;
 }
@@ -149,12 +149,12 @@ bool SaveRow(const LegacyRow& row, const void* data, std::uint32_t size) {
 
 // Preference records with a table -----------------------------------------------------------------------------------
 
-// Goes through the legacy records that a table needs, each once, in the order in which they first appear: loads each,
-// hands each of its fields to `forField(field, record)`, and then the record to `afterRecord(address, record)`.
+// Goes through the legacy records that a table needs, each once, in the order in which they first appear: loads the
+// record, calls `forField(field, record)` for each of its fields, and then `afterRecord(address, record)`.
 template <class ForField, class AfterRecord>
 void ForEachLegacyRecord(std::span<const PrefFieldMap> map, BrvVersion version, ForField forField,
                          AfterRecord afterRecord) {
-  std::uint64_t done = 0;  // a bit a field
+  std::uint64_t done = 0;  // one bit for each field
   static_assert(std::size(EDTMiscDocPrefs_MAP_ARRAY) <= 64, "the longest table");
   for (std::size_t i = 0; i < map.size(); ++i) {
     if ((done >> i & 1) != 0) continue;
@@ -213,7 +213,7 @@ bool SaveByTable(std::span<const PrefFieldMap> map, const void* data, std::uint3
 short16 BX_LoadEData(uint32 tag, EDataKey* key, void* data, std::int32_t* size, BrvVersion version) {
   LoadLookup::Address();
   if (tag == kFretInstrument && data != nullptr && !LoadFretInstrument(key, data, size, version)) {
-    // Compatibility: a failed load counts as success if any byte arrived. Some hosts fill the record and report
+    // Compatibility: a failed load counts as success if any byte arrived. Some hosts fill the record, yet report
     // failure.
     return Flag(IsAnyByteSet(data, kFretInstrumentSize));
   }

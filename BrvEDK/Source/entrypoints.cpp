@@ -1,5 +1,5 @@
-// What every extension has besides its own entry points: main, and the older names of these. Apart from the rest of the
-// kit, so that a program that links the kit statically keeps its own main.
+// What every extension has besides its own entry points: main, and the older names of the entry points. It is separate
+// from the rest of the kit, so that a program that links the kit statically keeps its own main.
 #include "convention.h"
 #include "hostbundle.h"
 

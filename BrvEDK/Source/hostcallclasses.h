@@ -1,4 +1,4 @@
-// How each argument and result of a host function is widened: as its prototype says.
+// How each argument and result of a host function is widened, as read from its prototype.
 #pragma once
 
 #include <type_traits>
@@ -7,8 +7,8 @@
 #include "hosttypes.h"
 #include "integerclasses.h"
 
-// The prototypes in types that tell the integer classes apart, which are all int to everybody else. They declare
-// functions of this namespace, which do not exist: only their types are looked at.
+// The prototypes a second time, with the integer classes as distinct types; everywhere else they are all int. They
+// declare functions of this namespace that are defined nowhere: only their types are used.
 namespace classes {
 
 enum short16 : int {};
@@ -20,7 +20,7 @@ enum int32 : int {};
 
 }  // namespace classes
 
-// Extends a value as its class says. Nothing is taken for granted of an int's upper bits.
+// Extends a value by its class, whatever is in its upper bits.
 template <class Class, class Value>
 Value Widen(Value value) {
   if constexpr (std::is_same_v<Class, classes::short16>) {

@@ -25,7 +25,7 @@ using HostArgument = std::tuple_element_t<index, typename HostSignature<Signatur
 #define BRV_RESCAN_2(...) BRV_RESCAN_3(BRV_RESCAN_3(BRV_RESCAN_3(__VA_ARGS__)))
 #define BRV_RESCAN(...) BRV_RESCAN_2(BRV_RESCAN_2(BRV_RESCAN_2(__VA_ARGS__)))
 
-// BRV_PARAMETERS(f, a, b) is HostArgument<f, 0> a, HostArgument<f, 0 + 1> b; up to 27 of them.
+// BRV_PARAMETERS(f, a, b) is HostArgument<f, 0> a, HostArgument<f, 0 + 1> b; there may be up to 27.
 #define BRV_PARAMETERS(function, ...) BRV_RESCAN(BRV_PARAMETER(function, 0, __VA_ARGS__))
 #define BRV_PARAMETER(function, index, name, ...)          \
   HostArgument<decltype(function), index> name __VA_OPT__( \

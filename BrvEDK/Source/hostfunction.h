@@ -1,4 +1,4 @@
-// The one mechanism behind every call to the host: lookup by name, once, and the widening of arguments and result.
+// What every call to the host does: it looks up the function by name, once, and widens arguments and result.
 #pragma once
 
 #include <atomic>
@@ -7,10 +7,10 @@
 #include "brevixpdk.h"
 #include "hostcallclasses.h"
 
-// The address of a host function, or null if the host is not bound or has no such function.
+// Returns the address of a host function, or null if the host is not bound or has no such function.
 void* FindHostFunction(const char* name);
 
-// A number as a result of any type: the default of a function that the host lacks.
+// Converts a number to any result type: the default of a function that the host lacks.
 template <class Result>
 Result ResultOf(long value) {
   if constexpr (std::is_pointer_v<Result>) {
@@ -24,12 +24,12 @@ template <class Signature, class Classes>
 class HostFunction;
 
 // One host function, as a static of the kit's function of the same name. Signature is its type, Classes its prototype
-// in integer classes. Once it is found, a call costs a load, a test and an indirect call; all that comes before stands
-// out of the way in CallFirst.
+// in integer classes. Once it is found, a call costs a load, a test and an indirect call; the rest is in CallFirst, out
+// of the way.
 template <class Result, class... Arguments, class ResultClass, class... ArgumentClasses>
 class HostFunction<Result(Arguments...), ResultClass(ArgumentClasses...)> {
  public:
-  // Calls the host; without the function calls nothing and returns the default. Lookup::Address finds the function.
+  // Calls the host, or returns the default if the host lacks the function. Lookup::Address finds the function.
   template <class Lookup>
   Result Call(long defaultResult, Arguments... arguments) {
     const Function function = function_.load(std::memory_order_acquire);
@@ -41,7 +41,7 @@ class HostFunction<Result(Arguments...), ResultClass(ArgumentClasses...)> {
  private:
   using Function = Result (*)(Arguments...);
 
-  // Also each call to a function that the host lacks: Lookup remembers that, too.
+  // The first call, and each call to a function that the host lacks; Lookup remembers that it is missing.
   template <class Lookup>
   [[gnu::noinline, gnu::cold]] Result CallFirst(long defaultResult, Arguments... arguments) {
     const auto function = reinterpret_cast<Function>(Lookup::Address());
@@ -74,7 +74,7 @@ class HostFunction<Result(Arguments...), ResultClass(ArgumentClasses...)> {
     }                                                       \
   }
 
-// Passes a call on to the host function of that name, which the lookup finds.
+// Passes a call on to the host function of this name, which the lookup finds.
 #define FORWARD_WITH_LOOKUP(lookup, name, defaultResult, ...)                  \
   static constinit HostFunction<decltype(name), decltype(classes::name)> host; \
   return host.Call<lookup>(defaultResult, __VA_ARGS__)

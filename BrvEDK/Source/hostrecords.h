@@ -1,5 +1,5 @@
-// Records that host and extension hand to each other by pointer. Their layout is the host's: packed to two bytes, in
-// the byte order of the machine. Members named hostData are the host's own; an extension leaves them as they are.
+// Records that host and extension pass to each other by pointer. The host defines their layout: packed to two bytes, in
+// the byte order of the machine. Members named host... belong to the host; an extension leaves them alone.
 #pragma once
 
 #include <cstddef>
@@ -7,21 +7,21 @@
 
 #include "hosttypes.h"
 
-// One UTF-16 unit. All text for people crosses the interface as units in the machine's byte order, ended by a 0 unit.
+// One UTF-16 unit. Text for people crosses the interface as units in the machine's byte order, ended by a 0 unit.
 typedef unsigned short UniChar;
 
 #pragma pack(push, 2)
 
-// The region of the score that the user selected, ends included.
+// The region of the score that the user selected. Both ends are included.
 struct EREGION {
-  std::uint16_t regionScope;   // handed to BX_LoadTGF as it is
+  std::uint16_t regionScope;   // passed to BX_LoadTGF unchanged
   std::int16_t startStaff;     // first staff, from 1
   std::int16_t startMeasure;   // first measure, from 1
   std::int32_t startPosition;  // first position inside the first measure
   std::uint16_t hostData;
-  std::int16_t endStaff;     // last staff, included
-  std::int16_t endMeasure;   // last measure, included
-  std::int32_t endPosition;  // last position inside the last measure, included
+  std::int16_t endStaff;     // last staff
+  std::int16_t endMeasure;   // last measure
+  std::int32_t endPosition;  // last position inside the last measure
 };
 static_assert(sizeof(EREGION) == 20);
 static_assert(offsetof(EREGION, startStaff) == 2);
@@ -48,11 +48,11 @@ static_assert(offsetof(MenuItemTexts, reserved) == 768);
 // One note of an entry.
 struct EXNOTE {
   std::uint8_t hostData[4];
-  // Never 0, and unique within the entry up to 0x7FFF: a number that the kit gives beyond it may be that of a note
-  // before.
+  // Never 0, and unique within the entry up to 0x7FFF: a number beyond it that the kit gives may be that of an earlier
+  // note.
   std::uint16_t noteID;
   std::uint16_t hostWord;
-  std::uint16_t noteWord;  // bits 0 to 4: the low bits of noteID; bit 15: the placeholder that the kit gives a rest
+  std::uint16_t noteWord;  // bits 0 to 4: the low bits of noteID; bit 15: set for the placeholder note of a rest
 };
 static_assert(sizeof(EXNOTE) == 10);
 static_assert(offsetof(EXNOTE, noteID) == 4);
@@ -66,7 +66,7 @@ struct EXENTRY {
   std::uint8_t entryFlags[4];
   std::uint16_t flags;      // bit 0x40: no ledger lines
   std::int16_t noteCount;   // 0 to 12; 0 is a rest
-  EXNOTE notes[kMaxNotes];  // those from noteCount on are unused
+  EXNOTE notes[kMaxNotes];  // those from index noteCount on are unused
   std::int32_t position;    // within the measure
   std::uint8_t hostTail[6];
 };
@@ -97,7 +97,7 @@ static_assert(offsetof(EDataKey, recordIndex) == 2);
 
 #pragma pack(pop)
 
-// The record number of a record that belongs to the document as a whole.
+// The record number of a record of the whole document.
 inline constexpr std::uint16_t kDocumentRecord = 0xFFFE;
 
 // The bit of EXENTRY::flags that hides the entry's ledger lines.

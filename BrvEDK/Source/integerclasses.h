@@ -1,4 +1,4 @@
-// The low bits of an integer argument, extended as its class says, whatever the caller left above them.
+// The low bits of an integer argument, extended by its class, whatever the caller left above them.
 #pragma once
 
 #include <cstdint>

@@ -18,7 +18,7 @@ T Get(const void* data, const PrefFieldMap& field) {
 
 std::uint32_t Joined(std::uint16_t high, std::uint16_t low) { return static_cast<std::uint32_t>(high) << 16 | low; }
 
-// The 32-bit field that the words say; 0 where the conversion is none of those for 32 bits.
+// The value of a 32-bit field, or 0 if the conversion is not one for 32 bits.
 std::uint32_t LongOf(const PrefFieldMap& field, const LegacyRecord& legacy) {
   const std::uint16_t* const words = legacy.words + field.wordIndex;
   if (field.conversion == kPrefHighWordFirst) return Joined(words[0], words[1]);

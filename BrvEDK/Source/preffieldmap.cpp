@@ -1,12 +1,12 @@
-// The tables of the preference records, a field a line: its offset in the record, its legacy record, and the word
-// there.
+// The tables of the preference records, one field on each line: its offset in the record, its legacy record, and the
+// word there.
 #include "preffieldmap.h"
 
 #include "recordtag.h"
 
 namespace {
 
-// A legacy record's address: its tag after the "ot", its index, its number.
+// The address of a legacy record: its tag without the "ot", its index, its number.
 struct Legacy {
   char tag[3];
   std::uint16_t index = 0;

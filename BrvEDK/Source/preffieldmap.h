@@ -1,8 +1,8 @@
 // How preference records are put together from legacy records.
 //
-// Hosts that do not have the newer preference records (tags that begin with "pf") keep the same settings as words of
-// legacy records (tags that begin with "ot", twelve bytes each). A table per preference record says where each of its
-// fields comes from.
+// Hosts that do not have the newer preference records (tags that begin with "pf") keep the same settings in words of
+// legacy records (tags that begin with "ot", twelve bytes each). For each preference record, a table lists where its
+// fields come from.
 #pragma once
 
 #include <cstdint>
@@ -10,13 +10,13 @@
 
 #include "hostrecords.h"
 
-// How a field follows from the legacy record's words.
+// How a field is made from the words of its legacy record.
 enum PrefConversion : std::uint32_t {
   kPrefWord = 0,           // the 16-bit word as it is
   kPrefHighWordFirst = 1,  // a 32-bit field: its high half in the word, its low half in the next
   kPrefLowWordFirst = 2,   // a 32-bit field: its low half in the word, its high half in the next
   kPrefInverted = 3,       // a 16-bit truth value: 1 if the word is 0, else 0
-  kPrefByte = 4,           // the low byte of the word; see StorePrefField for what becomes of it on its way back
+  kPrefByte = 4,           // the low byte of the word, zero-extended; stored with its sign
 };
 
 // Where a host keeps a legacy record.
@@ -56,5 +56,5 @@ extern const PrefFieldMap EDTExtractPrefs_MAP_ARRAY[25];
 extern const PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[22];
 extern const PrefFieldMap EDT2005Prefs_MAP_ARRAY[11];
 
-// The table of a preference record, or none. Of the page-format records ("pfPF") only number 0 has one.
+// Returns the table of a preference record, or an empty one. Of the page-format records ("pfPF") only number 0 has one.
 std::span<const PrefFieldMap> FindPrefFieldMap(std::uint32_t tag, int recordNumber);

@@ -1,4 +1,4 @@
-// The tags of document records: four characters, the first in the most significant byte.
+// Tags of document records: four characters, the first in the most significant byte.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// String IDs, by which an extension names its localized texts: the number of a table in the high half, an index in the
-// low half. Both are signed.
+// String IDs, which identify an extension's localized texts: the number of a table in the high half, an index in the
+// low half. Both are signed 16-bit numbers.
 #pragma once
 
 #include <cstdio>
@@ -15,7 +15,7 @@ constexpr int32 StringID(int table, int index) {
 constexpr int StringTable(int32 id) { return SignExtend16(id >> 16); }
 constexpr int StringIndex(int32 id) { return SignExtend16(id); }
 
-// The key of a text in Localizable.strings: "20000,1", or the index alone for table 0.
+// The key of a text in Localizable.strings: "20000,1", or only the index for table 0.
 //
 // Example: StringKey(0x4E200001).text is "20000,1".
 struct StringKey {

@@ -35,12 +35,12 @@ const std::vector<std::pair<std::string, void*>> kFunctions = {
 #include "hostcalltable.inc"
 };
 
-constexpr std::size_t kMostArguments = 20;
+constexpr std::size_t kMaxArguments = 20;
 
 template <std::size_t... index>
-std::uint64_t CallWith(void* function, const std::array<std::uint64_t, kMostArguments>& r,
+std::uint64_t CallWith(void* function, const std::array<std::uint64_t, kMaxArguments>& r,
                        std::index_sequence<index...>) {
-  using Function = std::uint64_t (*)(std::enable_if_t<(index < kMostArguments), std::uint64_t>...);
+  using Function = std::uint64_t (*)(std::enable_if_t<(index < kMaxArguments), std::uint64_t>...);
   return reinterpret_cast<Function>(function)(r[index]...);
 }
 
@@ -67,7 +67,7 @@ void* KitFunction(const std::string& name) {
 
 // Every call gets the same number of words; a function reads as many as it has arguments.
 std::uint64_t CallWithRegisters(void* function, const std::vector<std::uint64_t>& registers) {
-  std::array<std::uint64_t, kMostArguments> all{};
+  std::array<std::uint64_t, kMaxArguments> all{};
   std::copy(registers.begin(), registers.end(), all.begin());
-  return CallWith(function, all, std::make_index_sequence<kMostArguments>());
+  return CallWith(function, all, std::make_index_sequence<kMaxArguments>());
 }

@@ -17,7 +17,7 @@ std::string Format(tDiaPitch pitch) {
 
 template <class Check>
 void ForEveryNamedStep(Check check) {
-  for (int step = kLowestStep; step <= kHighestStep; ++step) {
+  for (int step = kMinStep; step <= kMaxStep; ++step) {
     for (int alteration = -1; alteration <= 1; ++alteration) {
       check(tDiaPitch{static_cast<std::int16_t>(step), static_cast<std::int16_t>(alteration)});
     }
@@ -31,7 +31,7 @@ bool HasOctaveOfOneDigit(tDiaPitch pitch, int middleC) {
 }
 
 bool IsSharpAtTheTopOrFlatAtTheBottom(tDiaPitch pitch) {
-  return (pitch.step == kHighestStep && pitch.alteration > 0) || (pitch.step == kLowestStep && pitch.alteration < 0);
+  return (pitch.step == kMaxStep && pitch.alteration > 0) || (pitch.step == kMinStep && pitch.alteration < 0);
 }
 
 TEST(PitchNames, AreReadAsWrittenButForOctavesOfTwoCharactersAndTheOuterAccidentals) {
