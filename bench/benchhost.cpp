@@ -1,4 +1,4 @@
-// A host for measuring: functions that do as little as a host's can, and one that does what a host's does.
+// A host for benchmarks: functions that do as little as possible, and one that does what a real host's does.
 #include <unordered_map>
 
 #include "brevixpdk.h"
@@ -22,7 +22,7 @@ extern "C" short16 BX_GetShowLayer(short16 layer, BrvVersion) {
   return static_cast<int>(shownLayers >> (layer & 31) & 1);
 }
 
-// Gives a pointer, which the kit passes on as it is.
+// Returns a pointer, which the kit passes on unchanged.
 extern "C" HostResult BX_GetCurrentWindow(BrvVersion) { return reinterpret_cast<HostResult>(&window); }
 
 // Finds a frame of the score.

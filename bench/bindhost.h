@@ -1,4 +1,4 @@
-// Binds the kit to a host that stands in a bundle beside the programs.
+// Binds the kit to a host in a bundle beside the programs.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

@@ -1,5 +1,5 @@
-// What a call through the kit costs, beside a call of the host's function by a plain pointer, and beside looking the
-// function up each time. Prints the ratios: the least time of each over many turns, taken in turn within one run.
+// What a call through the kit costs, compared with a call of the host's function by a plain pointer, and with looking
+// the function up each time. Prints the ratios of the least times over many turns, taken in turn within one run.
 #include <CoreFoundation/CoreFoundation.h>
 #include <benchmark/benchmark.h>
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr char16_t kAbsent = u'#';
 
-// A text without kAbsent, and all that one measurement needs besides.
+// A text without kAbsent, and everything else that one measurement needs.
 struct Texts {
   explicit Texts(std::size_t length) : count(static_cast<int>(length) + 1) {
     for (std::size_t i = 0; i < length; ++i) text.push_back(static_cast<char16_t>(u'a' + i % 26));
@@ -30,7 +30,7 @@ struct Texts {
 };
 
 const char16_t kRareNeedle[] = u"#z";
-// Its first unit stands in every 26th place, its first two never follow one another.
+// Its first unit is at every 26th place; its first two are never next to each other.
 const char16_t kFrequentNeedle[] = u"aa";
 
 const UniChar* AsUnits(const char16_t* text) { return reinterpret_cast<const UniChar*>(text); }
@@ -62,7 +62,7 @@ const Pair kPairs[] = {
 
 constexpr std::size_t kLengths[] = {8, 64, 1024, 65536};
 
-// So many that a turn takes about a millisecond.
+// As many as take about a millisecond.
 int CallsAt(std::size_t length) { return static_cast<int>(4'000'000 / (length + 8)); }
 
 void Compare(const Pair& pair, std::size_t length) {

@@ -1,5 +1,5 @@
-// What it costs to put a preference record together from legacy records, beside the bare calls to the host that it
-// needs.
+// What it costs to put a preference record together from legacy records, compared with only the calls to the host that
+// it needs.
 #include <CoreFoundation/CoreFoundation.h>
 #include <benchmark/benchmark.h>
 

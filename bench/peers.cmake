@@ -1,4 +1,4 @@
-# Programs that brvhost is measured beside; those whose library is not there are left out.
+# Programs that brvhost is compared with; those whose library is not installed are left out.
 find_package(EXPAT REQUIRED)
 find_package(pugixml QUIET)
 add_executable(parse-expat peers/parse_expat.cpp)

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <vector>
 
-// Nanoseconds of one call, over many. The call is told its number.
+// The mean time of many calls, in nanoseconds. Each call is given its number.
 template <class Call>
 double NanosecondsOf(int calls, Call call) {
   const auto start = std::chrono::steady_clock::now();
@@ -15,8 +15,8 @@ double NanosecondsOf(int calls, Call call) {
   return elapsed.count() / calls;
 }
 
-// Prints both times and their ratio, each the best of all turns, and behind it the least, the median and the greatest
-// ratio of a single turn.
+// Prints both times and their ratio, each the best of all turns, and then the least, the median and the greatest ratio
+// of a single turn.
 template <class First, class Second>
 void PrintRatio(const char* text, int calls, First first, Second second) {
   constexpr int kTurns = 25;

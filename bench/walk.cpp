@@ -1,5 +1,5 @@
-// What the command's walk over a score costs, beside a bare loop over the same frames. Nothing is left to change, so
-// that loading and saving are no part of it. With a path, that score; without, a sample.
+// What the command's walk over a score costs, compared with a bare loop over the same frames. Nothing is left to
+// change, so that no frame is saved. With a path, that score is used; without one, a sample.
 #include <CoreFoundation/CoreFoundation.h>
 #include <benchmark/benchmark.h>
 
@@ -23,7 +23,7 @@ Function* Find(const char* name) {
   return reinterpret_cast<Function*>(address);
 }
 
-// Sets the bit where it is clear; says whether it was anywhere.
+// Sets the bit where it is clear. Returns whether it was clear anywhere.
 bool HideFrame(EXTGF2005a& frame, std::int32_t low, std::int32_t high) {
   bool changed = false;
   for (int i = 0; i < frame.entryCount; ++i) {
@@ -36,14 +36,14 @@ bool HideFrame(EXTGF2005a& frame, std::int32_t low, std::int32_t high) {
   return changed;
 }
 
-// What is left of the walk when its frames are at hand.
+// What is left of the walk if its frames are at hand.
 bool BareLoop(const std::vector<EXTGF2005a*>& frames) {
   bool changed = false;
   for (EXTGF2005a* const frame : frames) changed |= HideFrame(*frame, 0, INT32_MAX);
   return changed;
 }
 
-// What is left of it when they have to be asked for: the host's functions, called by their addresses.
+// What is left of it if the host has to be asked for them: the host's functions, called by their addresses.
 class AskingLoop {
  public:
   explicit AskingLoop(const EREGION& region) : region_(region), layers_(BX_GetMaxLayers(kBrvVersion)) {}

@@ -1,4 +1,4 @@
-// A host that holds a whole score in frames, ready to hand out: what it does itself is next to nothing.
+// A host that holds a whole score in frames, ready to return: it does next to nothing itself.
 #pragma once
 
 #include <vector>

@@ -1,5 +1,5 @@
-// Prints a number that two XML files share when they say the same: the same elements, attributes in any order, and
-// text.
+// Prints a number that is the same for two XML files of the same content: the same elements, attributes in any order,
+// and text.
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>

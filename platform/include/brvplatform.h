@@ -1,4 +1,4 @@
-// What a host on Linux tells the platform: the state of the keyboard and the application's text encoding. On macOS
+// What a host on Linux sets in the platform: the state of the keyboard and the application's text encoding. On macOS
 // these belong to the system, and there is no such header.
 #pragma once
 
@@ -10,15 +10,15 @@ extern "C" {
 #include <stdbool.h>
 #endif
 
-// Presses or releases a key; codes from 128 up are ignored. Safe to call from a signal handler.
+// Sets whether a key is down; codes from 128 up are ignored. Safe to call from a signal handler.
 BRVPLATFORM_EXPORT void BrvPlatformSetKeyDown(unsigned char keyCode, bool down);
 
-// The modifier keys that are held, as NSEvent's modifierFlags gives them: Command is 0x100000. Safe to call from a
+// The modifier keys that are down, in the bits of NSEvent's modifierFlags: Command is 0x100000. Safe to call from a
 // signal handler.
 BRVPLATFORM_EXPORT void BrvPlatformSetModifierFlags(unsigned long flags);
 BRVPLATFORM_EXPORT unsigned long BrvPlatformModifierFlags(void);
 
-// The 8-bit encoding that GetApplicationTextEncoding reports from now on.
+// Sets the 8-bit encoding that GetApplicationTextEncoding returns from now on.
 BRVPLATFORM_EXPORT void BrvPlatformSetApplicationTextEncoding(CFStringEncoding encoding);
 
 #ifdef __cplusplus

@@ -1,10 +1,10 @@
-// Where the platform is entered. Its calls are those of C: no exception may leave them.
+// The boundary of the platform. Its calls are C functions, so no exception may leave them.
 #pragma once
 
 namespace brvplatform {
 
-// What the body answers; if it throws, since memory runs out or a file system fails, what stands for nothing: null, 0
-// or false. Every exported call that can throw has its body in here.
+// Returns the result of the body, or null, 0 or false if it throws because memory runs out or a file system fails. The
+// body of every exported call that can throw is passed to this.
 template <class Body>
 auto OrNothing(Body body) noexcept -> decltype(body()) {
   using Answer = decltype(body());

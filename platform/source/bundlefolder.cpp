@@ -12,7 +12,7 @@ constexpr const char* kInfoPlist = "Info.plist";
 constexpr std::string_view kLocalizationSuffix = ".lproj";
 constexpr const char* kBase = "Base";
 
-// These hold a part of a bundle and are none themselves, though an Info.plist may stand in them.
+// These hold a part of a bundle and are not bundles themselves, though they may contain an Info.plist.
 bool IsPartOfABundle(const std::string& folder) {
   const std::string_view name = LastName(folder);
   return name == "Contents" || name == "Resources" || name == "Support Files";

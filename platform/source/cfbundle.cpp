@@ -14,7 +14,7 @@ using namespace brvplatform;
 
 namespace {
 
-// They are there before any code runs, and need no memory.
+// They exist before any code runs, and need no memory.
 constinit const String executableKey(u"CFBundleExecutable");
 constinit const String identifierKey(u"CFBundleIdentifier");
 
@@ -35,7 +35,7 @@ Dictionary ReadPropertyList(const std::string& path) {
   return ParsePropertyList(bytes).value_or(Dictionary());
 }
 
-// The text as the name of a file or a function, empty without a text; nothing if none can have it.
+// The text as the name of a file or a function, empty for null; nothing if it cannot be such a name.
 std::optional<std::string> NameOf(CFStringRef string) {
   if (string == nullptr) return std::string();
   const std::u16string_view text = UnitsOf(string);
@@ -44,7 +44,7 @@ std::optional<std::string> NameOf(CFStringRef string) {
   return std::move(name.bytes);
 }
 
-// Null if the system does not tell where the program is.
+// Null if the program's path is not known.
 CFBundleRef NewMainBundle() {
   const std::optional<std::string> program = ProgramPath();
   return program ? RefOf(new Bundle(std::string(FolderOf(*program)), Image::MainProgram())) : nullptr;

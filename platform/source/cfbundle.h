@@ -25,7 +25,7 @@ class Bundle final : public Object {
 
   // Null if there is none.
   CFTypeRef InfoValue(std::u16string_view key) const;
-  // Null if there is none, or it is no string.
+  // Null if there is none, or it is not a string.
   CFStringRef InfoString(std::u16string_view key) const;
 
   const std::string& Path() const { return folder_.top; }

@@ -44,15 +44,15 @@ class Arguments {
   }
 
  private:
-  // Positions beyond these stand in no sensible format; reading so far would leave the caller's arguments.
-  static constexpr int kMostArguments = 128;
+  // No sensible format has positions beyond these; reading so many would go beyond the caller's arguments.
+  static constexpr int kMaxArguments = 128;
 
   void Expect(const FormatNumber& number) {
     if (number.kind == FormatNumber::kArgument) Expect(number.value, ArgumentType::kInt);
   }
 
   void Expect(int index, ArgumentType type) {
-    if (index >= kMostArguments) return;
+    if (index >= kMaxArguments) return;
     const auto at = static_cast<std::size_t>(index);
     if (types_.size() <= at) types_.resize(at + 1, ArgumentType::kInt);
     types_[at] = type;
@@ -116,7 +116,7 @@ class Formatter {
       case ArgumentType::kUnits:
         return Units(static_cast<const char16_t*>(value_.asPointer));
       case ArgumentType::kObject:
-        // An object is described whole, whatever the width and the precision.
+        // The whole description is given, whatever the width and the precision.
         return value_.asPointer == nullptr ? kNull : ObjectOf(value_.asPointer).Description();
       case ArgumentType::kPointer:
         return spec_.conversion == 'p' ? Pointer() : std::u16string();
@@ -132,13 +132,13 @@ class Formatter {
   }
 
   std::u16string Padded(std::u16string text) const {
-    // A negative width from an argument is none; only numbers take it for the flag "-".
+    // A negative width from an argument counts as none; only numbers take it as the flag "-".
     const auto width = static_cast<std::size_t>(std::max(width_, 0));
     if (text.size() < width) text.insert(left_ ? text.size() : 0, width - text.size(), u' ');
     return text;
   }
 
-  // A character is a unit below 0x100. The end of a text has no place inside of one.
+  // A character is a unit below 0x100. A 0 gives no unit, since it would end the text.
   std::u16string Character(unsigned char byte) const { return Padded(std::u16string(byte == 0 ? 0 : 1, byte)); }
 
   // Precision counts bytes, width units.
@@ -170,16 +170,16 @@ class Formatter {
   std::u16string Printed(const std::string& conversion, Value value) const {
     std::string format("%");
     format.append(spec_.flags).append(left_ ? "-" : "").append("*");
-    if (hasPrecision_) format.append(".").append(std::to_string(std::min(precision_, kMostRoom)));
+    if (hasPrecision_) format.append(".").append(std::to_string(std::min(precision_, kMaxWidth)));
     format.append(conversion);
-    std::array<char, kMostRoom + 1> text;
-    std::snprintf(text.data(), text.size(), format.c_str(), std::clamp(width_, -kMostRoom, kMostRoom), value);
-    return Widen(std::string(text.data()).substr(0, kLongestNumber));
+    std::array<char, kMaxWidth + 1> text;
+    std::snprintf(text.data(), text.size(), format.c_str(), std::clamp(width_, -kMaxWidth, kMaxWidth), value);
+    return Widen(std::string(text.data()).substr(0, kMaxNumberLength));
   }
 
-  // The system cuts a number here.
-  static constexpr int kLongestNumber = 510;
-  static constexpr int kMostRoom = 2 * kLongestNumber;
+  // The system cuts numbers after this many characters.
+  static constexpr int kMaxNumberLength = 510;
+  static constexpr int kMaxWidth = 2 * kMaxNumberLength;
   static constexpr const char16_t* kNull = u"(null)";
 
   const FormatSpec& spec_;

@@ -10,7 +10,7 @@
 
 namespace brvplatform {
 
-// Nothing, if it is no format.
+// Returns nothing if it is not a format.
 std::optional<std::u16string> Format(std::u16string_view format, va_list arguments);
 
 }  // namespace brvplatform

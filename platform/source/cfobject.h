@@ -1,4 +1,4 @@
-// What every object of the platform has: a count of references, a type, equality and a description.
+// What all objects of the platform have: a reference count, a type, equality and a description.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
@@ -33,7 +33,7 @@ enum TypeIDs : CFTypeID { kStringType = 7, kDictionaryType = 18, kNumberType = 2
 
 inline const Object& ObjectOf(CFTypeRef object) { return *static_cast<const Object*>(object); }
 
-// A reference that is released with its owner.
+// A reference that is released when its owner is destroyed.
 template <class Ref>
 class Owned {
  public:

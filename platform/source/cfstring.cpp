@@ -16,7 +16,7 @@ bool IsAscii(std::u16string_view text) {
 
 bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
 
-// Controls and the spaces of typography count as blank before a number and behind its sign.
+// Before a number and after its sign, control characters and all kinds of spaces count as blank.
 bool IsBlank(char16_t unit) {
   return unit <= u' ' || (unit >= 0x7F && unit <= 0xA0) || (unit >= 0x2000 && unit <= 0x200B) || unit == 0x3000;
 }
@@ -63,8 +63,8 @@ CFIndex CFStringGetBytes(CFStringRef string, CFRange range, CFStringEncoding enc
   return OrNothing([&] {
     const std::u16string_view text =
         UnitsOf(string).substr(static_cast<std::size_t>(range.location), static_cast<std::size_t>(range.length));
-    const std::size_t room = buffer == nullptr ? SIZE_MAX : static_cast<std::size_t>(bufferSize);
-    const Encoded encoded = EncodeInto(text, encoding, lossByte, room);
+    const std::size_t capacity = buffer == nullptr ? SIZE_MAX : static_cast<std::size_t>(bufferSize);
+    const Encoded encoded = EncodeInto(text, encoding, lossByte, capacity);
     if (buffer != nullptr) std::copy(encoded.bytes.begin(), encoded.bytes.end(), buffer);
     if (usedSize != nullptr) *usedSize = static_cast<CFIndex>(encoded.bytes.size());
     return static_cast<CFIndex>(encoded.units);
@@ -72,14 +72,14 @@ CFIndex CFStringGetBytes(CFStringRef string, CFRange range, CFStringEncoding enc
 }
 
 Boolean CFStringGetPascalString(CFStringRef string, StringPtr buffer, CFIndex bufferSize, CFStringEncoding encoding) {
-  constexpr std::size_t kLongest = 255;
+  constexpr std::size_t kMaxPascalLength = 255;
   const std::u16string_view text = UnitsOf(string);
-  if (bufferSize < 1 || text.size() > kLongest) return false;
-  const std::size_t room = std::min(static_cast<std::size_t>(bufferSize - 1), kLongest);
+  if (bufferSize < 1 || text.size() > kMaxPascalLength) return false;
+  const std::size_t capacity = std::min(static_cast<std::size_t>(bufferSize - 1), kMaxPascalLength);
   // The system copies a plain text whole or not at all, and converts any other as far as it goes.
-  if (IsAscii(text) && text.size() > room) return false;
+  if (IsAscii(text) && text.size() > capacity) return false;
   return OrNothing([&] {
-    const Encoded encoded = EncodeInto(text, encoding, 0, room);
+    const Encoded encoded = EncodeInto(text, encoding, 0, capacity);
     const bool whole = encoded.units == text.size();
     // A text that does not convert leaves its beginning in the buffer, but no length.
     std::copy(encoded.bytes.begin(), encoded.bytes.end(), buffer + 1);

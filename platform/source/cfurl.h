@@ -11,7 +11,7 @@ CFURLRef NewFileURL(std::string path);
 
 const std::string& PathOf(CFURLRef url);
 
-// For people to read: a path need not be text, and each part of it that is none gives a U+FFFD.
+// For people to read. A path need not be valid text; each part that is not gives a U+FFFD.
 std::u16string DescriptionOf(const std::string& path);
 
 }  // namespace brvplatform

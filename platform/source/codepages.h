@@ -1,4 +1,4 @@
-// The upper halves of the 8-bit encodings: the unit of each byte from 0x80 up, 0 where there is none.
+// The upper halves of the 8-bit encodings: the unit of each byte from 0x80 up, or 0 if there is none.
 #pragma once
 
 #include <array>

@@ -47,7 +47,7 @@ std::optional<std::string> AbsolutePath(const std::string& path) {
   return getcwd(current, sizeof(current)) == nullptr ? std::nullopt : std::optional(Inside(current, path));
 }
 
-// The system tells it in /proc; without, it tells what the program was started as.
+// From /proc; without that, the path by which the program was started.
 std::optional<std::string> ProgramPath() {
   char path[PATH_MAX];
   const ssize_t length = readlink("/proc/self/exe", path, sizeof(path));

@@ -1,5 +1,5 @@
-// Files and folders by their paths. A path is bytes, which need not be text; what cannot be read counts as not there.
-// Here instead of std::filesystem, whose paths and iterators do not stand it when memory runs out.
+// Files and folders by their paths. A path is bytes, which need not be valid text; what cannot be read counts as
+// missing. std::filesystem is not used because its paths and iterators fail badly when memory runs out.
 #pragma once
 
 #include <optional>
@@ -13,16 +13,16 @@ bool Exists(const std::string& path);
 bool IsFile(const std::string& path);
 bool IsFolder(const std::string& path);
 
-// The path of a name inside of a folder; that of the folder for an empty name.
+// The path of a name in a folder; for an empty name, the path of the folder.
 std::string Inside(const std::string& folder, std::string_view name);
 // "c" for "/a/b/c".
 std::string_view LastName(std::string_view path);
 // "/a/b" for "/a/b/c".
 std::string_view FolderOf(std::string_view path);
 
-// From the root, without symbolic links; nothing if there is no such file or folder.
+// The absolute path without symbolic links; nothing if there is no such file or folder.
 std::optional<std::string> RealPath(const std::string& path);
-// From the root; nothing for a relative path if the current folder is gone.
+// The absolute path; nothing for a relative path if the current folder has been removed.
 std::optional<std::string> AbsolutePath(const std::string& path);
 // The program's own file.
 std::optional<std::string> ProgramPath();

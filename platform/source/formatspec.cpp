@@ -54,7 +54,7 @@ bool IsNumber(ArgumentType type) {
          type == ArgumentType::kLongDouble;
 }
 
-constexpr int kMostArguments = 127;
+constexpr int kMaxPosition = 127;
 
 bool IsBeyondNumbers(const FormatNumber& number) {
   return number.kind == FormatNumber::kNumber && number.value == INT32_MAX;
@@ -110,8 +110,8 @@ class Parser {
     return number ? FormatNumber{FormatNumber::kNumber, *number} : FormatNumber{};
   }
 
-  // An unknown conversion gives the unit behind its percent sign; so "%%" gives "%". The old names of "%ld", "%lu" and
-  // "%lo" stand for themselves.
+  // An unknown conversion gives the unit after its percent sign, so "%%" gives "%". The old names of "%ld", "%lu" and
+  // "%lo" give themselves.
   FormatPiece Unknown(char16_t unit, std::size_t begin) const {
     if (unit == u'D' || unit == u'U' || unit == u'O') return {std::u16string{u'%', unit}, std::nullopt};
     return {std::u16string(1, format_[begin]), std::nullopt};
@@ -135,10 +135,10 @@ class Parser {
     spec.conversion = unit < 0x80 ? static_cast<char>(unit) : '\0';
     spec.type = TypeOf(spec.conversion, spec.length);
     if (spec.type == ArgumentType::kNone) return Unknown(unit, begin);
-    if (IsBeyondNumbers(spec.width) || IsBeyondNumbers(spec.precision) || position.value_or(0) >= kMostArguments) {
+    if (IsBeyondNumbers(spec.width) || IsBeyondNumbers(spec.precision) || position.value_or(0) >= kMaxPosition) {
       valid_ = false;
     }
-    // "%.f" has a precision of 0; texts take a point alone for none.
+    // "%.f" has a precision of 0; for texts, a point alone means no precision.
     if (hasPoint && spec.precision.kind == FormatNumber::kNone && IsNumber(spec.type)) {
       spec.precision = {FormatNumber::kNumber, 0};
     }

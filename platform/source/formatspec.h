@@ -33,8 +33,8 @@ struct FormatPiece {
   std::optional<FormatSpec> spec;
 };
 
-// Positions and numbers have their limits: a format with an argument beyond the 127th, or a width or precision of more
-// than 31 bits, is none.
+// Positions and numbers are limited: nothing is returned for a format with an argument beyond the 127th, or with a
+// width or precision of more than 31 bits.
 std::optional<std::vector<FormatPiece>> ParseFormat(std::u16string_view format);
 
 }  // namespace brvplatform

@@ -6,7 +6,7 @@
 namespace brvplatform {
 namespace {
 
-// Whether the address lies in the image of that handle.
+// Whether the address is in the image of that handle.
 bool Owns(void* handle, void* address) {
   link_map* map = nullptr;
   Dl_info info;
@@ -19,7 +19,7 @@ bool Owns(void* handle, void* address) {
 
 Image Image::MainProgram() { return Image(dlopen(nullptr, RTLD_NOW)); }
 
-// To dlopen no path at all is the main program.
+// For dlopen, a null path is the main program.
 Image Image::Load(const std::string& path) {
   return path.empty() ? Image() : Image(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL));
 }

@@ -10,19 +10,19 @@ class Image {
   Image() = default;
   // The main program itself.
   static Image MainProgram();
-  // The shared object of that path, loaded for itself alone; not open if it cannot be loaded.
+  // The shared object of that path, loaded with its symbols kept local; not open if it cannot be loaded.
   static Image Load(const std::string& path);
 
   bool IsOpen() const { return handle_ != nullptr; }
 
-  // A function of the image itself, never one of another image that it was linked with: an extension and its host both
-  // have functions of the same names, and one that asked for the host's would find its own and call it for ever.
+  // A function of the image itself, never of another image that it is linked with. An extension and its host have
+  // functions of the same names, and an extension that asked for the host's would find its own and call it for ever.
   void* Function(const char* name) const;
 
  private:
   explicit Image(void* handle) : handle_(handle) {}
 
-  // Executables stay loaded for the life of the process, as the system's do: a function pointer must not outlive its
+  // Executables stay loaded for the life of the process, as on macOS, so that a function pointer never outlives its
   // code.
   void* handle_ = nullptr;
 };

@@ -26,7 +26,7 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 13> kOtherNa
     {"zh", "zh-hans"},
 }};
 
-// One spelling for every name of a language: lower case, with hyphens.
+// One spelling for each name of a language: lower case, with hyphens.
 std::string Canonical(std::string_view language) {
   std::string name(language.substr(0, language.find_first_of(".@")));
   std::transform(name.begin(), name.end(), name.begin(),

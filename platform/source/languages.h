@@ -1,4 +1,4 @@
-// The user's languages, and which localization of a bundle serves them.
+// The user's languages, and the localization of a bundle that fits them.
 #pragma once
 
 #include <optional>
@@ -11,7 +11,7 @@ namespace brvplatform {
 // first.
 std::vector<std::string> UserLanguages();
 
-// The localization that serves one of the languages best: the language itself, else its parent ("de" for "de-AT"), else
+// The localization that fits one of the languages best: the language itself, else its parent ("de" for "de-AT"), else
 // a relative ("de-CH"). Old names ("German") and separators ("de_CH") count as the new ones.
 std::optional<std::string> BestLocalization(const std::vector<std::string>& localizations,
                                             const std::vector<std::string>& languages);

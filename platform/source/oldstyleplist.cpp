@@ -29,7 +29,7 @@ class Parser {
  public:
   explicit Parser(std::u16string_view text) : text_(text) {}
 
-  // What follows the last pair is not looked at.
+  // The rest after the last pair is ignored.
   std::optional<Dictionary> Top() {
     if (!TakeAfterBlanks(u'{')) return Pairs();
     std::optional<Dictionary> dictionary = Pairs();
@@ -38,7 +38,7 @@ class Parser {
 
  private:
   bool AtEnd() const { return at_ == text_.size(); }
-  // The unit so many from here, 0 behind the end.
+  // The unit at this distance from here, or 0 after the end.
   char16_t Peek(std::size_t ahead = 0) const { return at_ + ahead < text_.size() ? text_[at_ + ahead] : u'\0'; }
 
   bool Take(char16_t unit) {
@@ -67,7 +67,7 @@ class Parser {
     }
   }
 
-  // Pairs up to what is no key. A key without a value stands for itself.
+  // Pairs, up to the first thing that is not a key. The value of a key without one is the key.
   std::optional<Dictionary> Pairs() {
     Dictionary dictionary;
     while (true) {
@@ -84,7 +84,7 @@ class Parser {
     }
   }
 
-  // Values within values go so deep and no deeper: a file must not exhaust the stack.
+  // Values may be nested to this depth: a file must not exhaust the stack.
   Owned<CFTypeRef> Value() {
     constexpr int kDeepest = 200;
     if (depth_ == kDeepest) return Owned<CFTypeRef>();

@@ -13,11 +13,11 @@
 
 namespace brvplatform {
 
-// The top level of a property list. Values that are no strings are kept as objects without a use.
+// The top level of a property list. Values that are not strings are kept as objects of no use.
 using Dictionary = std::map<std::u16string, Owned<CFTypeRef>, std::less<>>;
 
-// The dictionary in the bytes of a file: XML, binary, or the old text form with or without braces. Nothing, if the file
-// is broken anywhere: a list is read whole or not at all.
+// Returns the dictionary in the bytes of a file: XML, binary, or the old text form with or without braces. A list is
+// read whole or not at all: nothing is returned if the file is broken anywhere.
 std::optional<Dictionary> ParsePropertyList(std::string_view bytes);
 
 }  // namespace brvplatform

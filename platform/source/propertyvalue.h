@@ -1,11 +1,11 @@
-// Values of a property list that are no strings: arrays, dictionaries, data, numbers.
+// Values of a property list that are not strings: arrays, dictionaries, data, numbers.
 #pragma once
 
 #include "cfobject.h"
 
 namespace brvplatform {
 
-// Such a value tells that its key is there, and no more.
+// Such a value only shows that its key exists.
 class OtherValue final : public Object {
  public:
   CFTypeID TypeID() const override { return kDictionaryType; }

@@ -54,7 +54,7 @@ bool IsCombining(char16_t unit) {
   return u_charType(unit) == U_NON_SPACING_MARK || u_charType(unit) == U_ENCLOSING_MARK;
 }
 
-// The number of units from at on that are written together: a character and the marks that combine with it.
+// The number of units from `at` on that are encoded together: a character and the marks that combine with it.
 std::size_t ClusterLength(std::u16string_view text, std::size_t at) {
   std::size_t end = at + 1;
   if (IsCombining(text[at])) return 1;
@@ -62,7 +62,7 @@ std::size_t ClusterLength(std::u16string_view text, std::size_t at) {
   return end - at;
 }
 
-// The one unit that stands for the character and its mark.
+// The single unit of a character and its mark, if there is one.
 std::optional<char16_t> Composed(std::u16string_view cluster) {
   constexpr char16_t kOhm = 0x2126;
   constexpr char16_t kOmega = 0x03A9;
@@ -88,9 +88,9 @@ std::optional<char> ByteOfCluster(std::u16string_view cluster, const UpperHalf& 
   return unit ? ByteOf(*unit, upper) : std::nullopt;
 }
 
-Encoded EncodeAscii(std::u16string_view text, unsigned char lossByte, std::size_t room) {
+Encoded EncodeAscii(std::u16string_view text, unsigned char lossByte, std::size_t capacity) {
   Encoded result;
-  for (; result.units < text.size() && result.units < room; ++result.units) {
+  for (; result.units < text.size() && result.units < capacity; ++result.units) {
     const char16_t unit = text[result.units];
     if (unit >= 0x80 && lossByte == 0) break;
     result.bytes.push_back(static_cast<char>(unit < 0x80 ? unit : lossByte));
@@ -98,15 +98,15 @@ Encoded EncodeAscii(std::u16string_view text, unsigned char lossByte, std::size_
   return result;
 }
 
-Encoded EncodeBytes(std::u16string_view text, const UpperHalf& upper, unsigned char lossByte, std::size_t room) {
+Encoded EncodeBytes(std::u16string_view text, const UpperHalf& upper, unsigned char lossByte, std::size_t capacity) {
   Encoded result;
-  while (result.units < text.size() && result.bytes.size() < room) {
+  while (result.units < text.size() && result.bytes.size() < capacity) {
     const std::size_t length = ClusterLength(text, result.units);
     const std::optional<char> byte = ByteOfCluster(text.substr(result.units, std::min<std::size_t>(length, 2)), upper);
     if (!byte && lossByte == 0) break;
     result.bytes.push_back(byte.value_or(static_cast<char>(lossByte)));
     if (byte && length > 2) {
-      // The system's conversion ends at a second mark on a character that it could write with the first.
+      // The system's conversion ends at a second mark on a character that it could encode with the first.
       result.units += 2;
       break;
     }
@@ -134,22 +134,22 @@ std::optional<std::u16string> Decode(std::string_view bytes, CFStringEncoding en
   return upper == nullptr ? std::nullopt : DecodeBytes(bytes, *upper);
 }
 
-Encoded EncodeInto(std::u16string_view text, CFStringEncoding encoding, unsigned char lossByte, std::size_t room) {
+Encoded EncodeInto(std::u16string_view text, CFStringEncoding encoding, unsigned char lossByte, std::size_t capacity) {
   switch (encoding) {
     case kCFStringEncodingUTF8:
-      return EncodeUtf8(text, room);
+      return EncodeUtf8(text, capacity);
     case kCFStringEncodingUTF16:
     case kCFStringEncodingUTF16LE:
-      return EncodeUtf16(text, false, room);
+      return EncodeUtf16(text, false, capacity);
     case kCFStringEncodingUTF16BE:
-      return EncodeUtf16(text, true, room);
+      return EncodeUtf16(text, true, capacity);
     case kCFStringEncodingASCII:
-      return EncodeAscii(text, lossByte, room);
+      return EncodeAscii(text, lossByte, capacity);
     default:
       break;
   }
   const UpperHalf* upper = ReadingHalf(encoding);
-  return upper == nullptr ? Encoded{} : EncodeBytes(text, *upper, lossByte, room);
+  return upper == nullptr ? Encoded{} : EncodeBytes(text, *upper, lossByte, capacity);
 }
 
 std::string Encode(std::u16string_view text, CFStringEncoding encoding) {

@@ -5,11 +5,11 @@ namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
 
-// What the first byte of a sequence says.
+// A sequence, as known from its first byte.
 struct Sequence {
-  int length = 0;  // 0: no first byte
+  int length = 0;  // 0: not a first byte
   char32_t bits = 0;
-  char32_t least = 0;  // smaller code points have a shorter sequence
+  char32_t least = 0;  // smaller code points have shorter sequences
 };
 
 Sequence SequenceOf(unsigned char first) {
@@ -78,7 +78,7 @@ std::optional<std::u16string> DecodeUtf8(std::string_view bytes) {
   units.reserve(bytes.size());
   while (!bytes.empty()) {
     const auto first = static_cast<unsigned char>(bytes[0]);
-    // Old copyright lines hold the sign as one byte; the system lets them pass, with a mark in its place.
+    // Old copyright lines have the sign as one byte; the system replaces it by a mark.
     if (first == 0xA9) {
       units.push_back(kReplacement);
       bytes.remove_prefix(1);
@@ -124,14 +124,14 @@ std::optional<std::u16string> DecodeUtf32(std::string_view bytes, bool bigEndian
   return units;
 }
 
-Encoded EncodeUtf8(std::u16string_view text, std::size_t room) {
+Encoded EncodeUtf8(std::u16string_view text, std::size_t capacity) {
   Encoded result;
   while (result.units < text.size()) {
     const std::optional<TextPoint> point = PointAt(text, result.units);
     if (!point) break;
     const std::size_t before = result.bytes.size();
     AppendUtf8(point->codePoint, result.bytes);
-    if (result.bytes.size() > room) {
+    if (result.bytes.size() > capacity) {
       result.bytes.resize(before);
       break;
     }
@@ -140,9 +140,9 @@ Encoded EncodeUtf8(std::u16string_view text, std::size_t room) {
   return result;
 }
 
-Encoded EncodeUtf16(std::u16string_view text, bool bigEndian, std::size_t room) {
+Encoded EncodeUtf16(std::u16string_view text, bool bigEndian, std::size_t capacity) {
   Encoded result;
-  result.units = std::min(text.size(), room / 2);
+  result.units = std::min(text.size(), capacity / 2);
   for (const char16_t unit : text.substr(0, result.units)) {
     const char high = static_cast<char>(unit >> 8);
     const char low = static_cast<char>(unit & 0xFF);

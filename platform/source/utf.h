@@ -15,16 +15,16 @@ constexpr bool IsSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xD
 
 void AppendCodePoint(char32_t codePoint, std::u16string& units);
 
-// A byte order mark at the start is dropped. Nothing, if a byte does not belong.
+// A byte order mark at the start is dropped. Returns nothing if the bytes are not valid.
 std::optional<std::u16string> DecodeUtf8(std::string_view bytes);
 
-// By the byte order mark at the start, which is dropped, else in the machine's order.
+// In the order of the byte order mark at the start, which is dropped, or else in the machine's.
 std::optional<std::u16string> DecodeUtf16(std::string_view bytes);
 std::optional<std::u16string> DecodeUtf16Units(std::string_view bytes, bool bigEndian);
 std::optional<std::u16string> DecodeUtf32(std::string_view bytes, bool bigEndian);
 
 // A lone surrogate ends the conversion.
-Encoded EncodeUtf8(std::u16string_view text, std::size_t room);
-Encoded EncodeUtf16(std::u16string_view text, bool bigEndian, std::size_t room);
+Encoded EncodeUtf8(std::u16string_view text, std::size_t capacity);
+Encoded EncodeUtf16(std::u16string_view text, bool bigEndian, std::size_t capacity);
 
 }  // namespace brvplatform

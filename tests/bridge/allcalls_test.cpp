@@ -1,4 +1,4 @@
-// Every host call, as the host sees it and as the caller gets it back.
+// Every host call: the arguments that the host gets, and the result that the caller gets.
 #include <gtest/gtest.h>
 
 #include "brevixpdk.h"
@@ -15,7 +15,7 @@ std::uint64_t Address(std::size_t index) {
   return reinterpret_cast<std::uint64_t>(&memory[64 * index]);
 }
 
-// A register as a careless caller leaves it: what stands above the low bits of the class is not to arrive.
+// A register as a careless caller leaves it: bits above those of the class must not arrive.
 std::uint64_t CallerRegister(const std::string& type, std::uint16_t low, std::size_t index) {
   if (type == "ptr") return Address(index);
   if (type == "int32") return kJunk | 0x8765'0000u | low;
@@ -68,7 +68,7 @@ TEST_P(EveryHostCall, GivesTheHostItsArgumentsWidenedInTheirOrderAndTheVersionLa
   ExpectHostSees(0xFFC0);
 }
 
-TEST_P(EveryHostCall, TellsMinusOneFrom65535ByTheClass) {
+TEST_P(EveryHostCall, DistinguishesMinusOneFrom65535ByTheClass) {
   host_.Forget();
   std::vector<std::uint64_t> registers;
   for (const std::string& type : GetParam().arguments) {

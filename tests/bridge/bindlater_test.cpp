@@ -1,5 +1,5 @@
-// A function that is called before the host is bound stays without its host function for good. Each test wants a
-// process that is not bound yet.
+// A function that is called before the host is bound never finds its host function. Each test needs a process that is
+// not bound yet.
 #include <gtest/gtest.h>
 
 #include "brevixpdk.h"

@@ -1,4 +1,4 @@
-// Binding to the host's bundle. One process, one host: the tests run in the order in which they stand.
+// Binding to the host's bundle. A process has one host, so the tests run in the order of this file.
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-// A lookup that is disturbed on its way. The bridge is compiled into this program, whose own gBrevixBundle it thereby
-// is.
+// A lookup that is disturbed on its way. The bridge is compiled into this program, which thus has its own
+// gBrevixBundle.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

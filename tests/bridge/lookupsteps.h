@@ -1,5 +1,5 @@
-// The platform's calls that a lookup of a host function goes through. A program that compiles lookupsteps.cpp has them
-// in the place of the platform's own, to which they lead.
+// The platform's calls that a lookup of a host function makes. A program that compiles lookupsteps.cpp has these
+// instead of the platform's own, which they call.
 #pragma once
 
 #include <functional>

@@ -105,7 +105,7 @@ TEST(HostWithoutFunctions, AnEditIsStillLeftWithAResultOfZero) {
   EXPECT_EQ(BrevixEditDepth, 0);
 }
 
-TEST(HostWithoutFunctions, AFrameIsCleanedAllTheSame) {
+TEST(HostWithoutFunctions, AFrameIsStillCleaned) {
   EXENTRY entry = {};
   entry.noteCount = 2;
   EXTGF2005a frame = {};

@@ -1,4 +1,4 @@
-// The command behind the menu items, on a document of frames.
+// The command of the menu items, on a document of frames.
 #include "commandfixture.h"
 
 namespace {
@@ -37,7 +37,7 @@ TEST_F(Command, CountsBothPositionsAsInside) {
   EXPECT_THAT(Flags({1, 1, 0}), ElementsAre(0, 0x40, 0x40, 0x40, 0x40, 0));
 }
 
-TEST_F(Command, StopsAtTheFirstEntryBehindTheRange) {
+TEST_F(Command, StopsAtTheFirstEntryAfterTheRange) {
   Add({1, 1, 0}, {0, 300, 100});
   Select(1, 1, 1, 1, 0, 200);
   Run(kHide);

@@ -1,4 +1,4 @@
-// A document of frames for the command behind the menu items: by staff, measure and layer, as a host keeps them.
+// A document of frames for the command of the menu items: by staff, measure and layer, as a host keeps them.
 #pragma once
 
 #include <brvplatform.h>

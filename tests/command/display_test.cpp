@@ -1,4 +1,4 @@
-// The command with the host's display of progress open: time passes where a test says so.
+// The command with the host's progress display open. Time passes only where a test lets it.
 #include <functional>
 
 #include "commandfixture.h"
@@ -27,10 +27,10 @@ class Display : public Command {
     AfterFrame(n, [ms] { LetTimePass(ms); });
   }
 
-  // A frame without entries wherever the command looks: frames beyond number.
+  // A frame without entries wherever the command looks.
   void LoadTheSameEmptyFrameEverywhere() { host_.Answer("BX_LoadTGF", reinterpret_cast<std::uint64_t>(&emptyFrame_)); }
 
-  // What the host heard of the job, each behind the number of frames that had been freed by then.
+  // The host's calls about the job, each after the number of frames that had been freed by then.
   std::vector<std::string> Reports() const {
     std::vector<std::string> reports;
     int frames = 0;

@@ -49,7 +49,7 @@ class EntryPoints : public testing::Test {
   RecordingHost host_;
 };
 
-TEST_F(EntryPoints, TellTheVersionOfTheInterface) {
+TEST_F(EntryPoints, ReturnTheVersionOfTheInterface) {
   EXPECT_EQ(Find<unsigned()>("BrevixExtensionVersion")(), 0x19500000u);
   EXPECT_EQ(Find<unsigned()>("Ext_getversion")(), 0x19500000u);
 }
@@ -62,7 +62,7 @@ TEST_F(EntryPoints, InitClearsTheHostsWord) {
   }
 }
 
-TEST_F(EntryPoints, EnumerateTellsTheTwoItems) {
+TEST_F(EntryPoints, EnumerateListsTheTwoItems) {
   MenuItemTexts texts;
   std::memset(&texts, 0xAA, sizeof(texts));
   EXPECT_EQ(Enumerate(0, &texts), 1);
@@ -146,7 +146,7 @@ TEST_F(EntryPoints, InvokeWithoutARegionUsesTheFallbackOnAYesOfSixteenBits) {
   EXPECT_THAT(host_.Texts(), testing::Contains("BX_LoadTGF(65244, 4, 9, 0, 1)"));
 }
 
-TEST_F(EntryPoints, InvokeTellsThatNothingChanged) {
+TEST_F(EntryPoints, InvokeReportsThatNothingChanged) {
   EREGION region = {};
   region.startStaff = 1;  // past the end: an empty region
   for (const int item : {0, 1}) {
@@ -210,7 +210,7 @@ TEST_F(DialogHandlers, TakeAnyAnswerButZeroOfSixteenBitsForYes) {
   }
 }
 
-TEST_F(DialogHandlers, RaiseAnInternalErrorElsewhereAndPassThroughAllTheSame) {
+TEST_F(DialogHandlers, RaiseAnInternalErrorElsewhereAndStillPassThrough) {
   host_.Answer("BX_IsMachO", 0x10000);
   EXPECT_EQ(Find<void*(void*)>("NewFF_DialogHandlerProc")(context_), context_);
   ExpectInternalError();

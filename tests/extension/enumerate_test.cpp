@@ -63,7 +63,7 @@ TEST_F(Enumerate, WithoutATableEndsTheListWithoutAnAlert) {
   EXPECT_THAT(host_.Calls(), IsEmpty());
 }
 
-// A text is emptied before it is looked up. Without a table each lookup shows an alert, and the record tells which
+// A text is emptied before it is looked up. Without a table each lookup shows an alert, and the record shows which
 // lookup it is.
 TEST_F(Enumerate, LooksTheThreeTextsUpInTheirOrderAndSetsTheLastWordAfterThem) {
   RemoveTable();

@@ -1,4 +1,4 @@
-# Compares the symbols that the bundle exports with those that stand in a list, and with what the headers declare.
+# Compares the symbols that the bundle exports with those in a list.
 #   cmake -DNM=<nm> -DIMAGE=<executable> -DEXPECTED=<list> -P exports.cmake
 execute_process(COMMAND ${NM} -D --defined-only ${IMAGE} OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
 string(REGEX MATCHALL "[^\n]+" lines "${output}")

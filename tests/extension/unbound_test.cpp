@@ -5,8 +5,8 @@
 #include <cstring>
 
 #include "brevixpdk.h"
-#include "dialoghandlers.h"
 #include "convention.h"
+#include "dialoghandlers.h"
 #include "hostbundle.h"
 #include "recordinghost.h"
 #include "tests/support/text.h"
@@ -19,12 +19,12 @@ class Unbound : public testing::Test {
     setenv("LANGUAGE", "en", 1);
     // There is a host to be found.
     ASSERT_NE(OpenHostBundle("RecordingHost"), nullptr);
-    ASSERT_EQ(GetBrevixBundleRef(), nullptr) << "each test wants a process that is not bound yet";
+    ASSERT_EQ(GetBrevixBundleRef(), nullptr) << "each test needs a process that is not bound yet";
   }
   void TearDown() override { EXPECT_EQ(GetBrevixBundleRef(), nullptr) << "an entry point bound the host"; }
 };
 
-TEST_F(Unbound, TellsTheVersion) {
+TEST_F(Unbound, ReturnsTheVersion) {
   EXPECT_EQ(BrevixExtensionVersion(), 0x19500000u);
   EXPECT_EQ(Ext_getversion(), 0x19500000u);
 }

@@ -20,7 +20,7 @@ constexpr int kFrames = 10000;
 constexpr int kMinCount = -3;
 constexpr int kMaxCount = 40;
 
-// The sanitiser's steps, one after the other, over bytes that are checked at every access.
+// The steps of cleaning, one after the other, over bytes that are checked at every access.
 class Model {
  public:
   explicit Model(Bytes bytes) : bytes_(std::move(bytes)) {}
@@ -101,7 +101,7 @@ class CleanedFrame : public testing::Test {
 TEST_F(CleanedFrame, IsWhatTheStepsMakeOfItForAnyCount) {
   std::mt19937 random(20050415);
   for (int i = 0; i < kFrames; ++i) {
-    // Behind the last entry lies what its count may reach, once a note that covers it has been renumbered.
+    // After the last entry comes memory that its count may reach once a note that covers the count has been renumbered.
     Bytes bytes = RandomWords(random, 4096);
     const int entryCount = 1 + static_cast<int>(random() % 4);
     for (int entry = 0; entry < entryCount; ++entry) PutCount(bytes, entry, RandomCount(random));

@@ -75,7 +75,7 @@ RC_GTEST_PROP(CleanedEntry, ChangesNoMoreWhenCleanedAgainButForAPlaceholder, ())
   RC_ASSERT(std::memcmp(&once, &twice, sizeof(once)) == 0);
 }
 
-// The rule for renumbering, told another way: of each identifier the last note keeps it, the others and those without
+// The rule for renumbering in other words: of each identifier the last note keeps it, the others and those without
 // one take the next free numbers in their order.
 RC_GTEST_PROP(CleanedEntry, KeepsTheLastOfEachId, ()) {
   EXENTRY entry = AnyEntry(*rc::gen::element(0, 1, 1000));

@@ -101,7 +101,7 @@ TEST_F(SaveTGF, KeepsAllNotesOfAFullEntry) {
   EXPECT_EQ(entry.notes[11].hostWord, 0xA5A5);
 }
 
-// The thirteenth note covers the position and what follows it; its identifier stands at byte 140, its word at 144.
+// The thirteenth note covers the position and what follows it; its identifier is at byte 140, its word at 144.
 TEST_F(SaveTGF, FollowsAThirteenthNoteOverTheEndOfItsEntry) {
   EXENTRY entry = Entry({0, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12});
   entry.noteCount = 13;

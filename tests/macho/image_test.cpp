@@ -53,7 +53,7 @@ const std::string kObjectiveC = "/usr/lib/libobjc.A.dylib";
 const std::string kCxx = "/usr/lib/libc++.1.dylib";
 const std::string kSystem = "/usr/lib/libSystem.B.dylib";
 
-// The library that has a symbol on a Mac, by the families that the names tell.
+// The library that has a symbol on a Mac, by the family of its name.
 std::string HomeOf(const std::string& symbol) {
   const std::pair<std::regex, std::string> families[] = {
       {std::regex("_(__)?k?CF[A-Z].*"), kCoreFoundation},

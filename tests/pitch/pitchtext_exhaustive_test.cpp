@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kAlphabet = "ABCDEFGHabcdefgh#x0123456789-/ ";
 constexpr int kMiddleC = 4;
 
-// "b" is both a letter and an accidental; it stands in the alphabet once.
+// "b" is both a letter and an accidental; it is in the alphabet once.
 static_assert(kAlphabet.find('b') != std::string_view::npos);
 
 std::optional<tDiaPitch> ReadName(const std::string& text) {

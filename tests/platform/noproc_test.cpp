@@ -1,4 +1,4 @@
-// A system without /proc: this program's own readlink stands before the C library's.
+// A system without /proc: this program has a readlink of its own, which comes before the C library's.
 #include <CoreFoundation/CoreFoundation.h>
 #include <errno.h>
 #include <gtest/gtest.h>

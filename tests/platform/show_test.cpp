@@ -45,7 +45,7 @@ TEST(Show, PutsAQuestionMarkForEachLoneSurrogate) {
   EXPECT_EQ(ShownText({0xD834, 0xD834, 0xDD1E, u'\n'}), "?\U0001D11E\n");
 }
 
-TEST(Show, WritesWhatStandsBehindAZero) {
+TEST(Show, WritesWhatFollowsAZero) {
   using namespace std::string_literals;
   EXPECT_EQ(ShownText(u"a\0b"s), "a\0b\n"s);
   EXPECT_EQ(ShownText(u"a\0\n"s), "a\0\n"s);

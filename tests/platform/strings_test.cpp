@@ -1,4 +1,4 @@
-// Ranges of strings, and the encodings that no table tells of.
+// Ranges of strings, and the encodings that are in no table.
 #include <CoreFoundation/CoreFoundation.h>
 #include <gtest/gtest.h>
 
@@ -37,7 +37,7 @@ Converted Bytes(const std::u16string& text, CFStringEncoding encoding, CFRange r
                                      static_cast<CFIndex>(room), &converted.size);
   CFRelease(string);
   converted.bytes = bytes.substr(0, static_cast<std::size_t>(converted.size));
-  EXPECT_EQ(bytes.find_first_not_of('\xAA', converted.bytes.size()), std::string::npos) << "more than it says";
+  EXPECT_EQ(bytes.find_first_not_of('\xAA', converted.bytes.size()), std::string::npos) << "more than it reports";
   return converted;
 }
 
@@ -66,7 +66,7 @@ TEST(Bytes, AreThoseOfTheRange) {
   EXPECT_EQ(Bytes(u"abc", kCFStringEncodingUTF8, CFRangeMake(3, 0)), (Converted{0, 0, ""}));
 }
 
-TEST(Bytes, OfARangeBehindTheEndAreNone) {
+TEST(Bytes, OfARangeAfterTheEndAreNone) {
   EXPECT_EQ(Bytes(u"abc", kCFStringEncodingUTF8, CFRangeMake(4, 1)), (Converted{0, 0, ""}));
   EXPECT_EQ(Bytes(u"abc", kCFStringEncodingUTF8, CFRangeMake(-1, 1)), (Converted{0, 0, ""}));
 }

@@ -59,7 +59,7 @@ TEST_F(TextVectors, CompareAndEqual) {
 
 TEST_F(TextVectors, GetBytes) {
   FOR_EACH_ROW("getbytes.tsv") {
-    // Into no room at all the system measures or not by how it happens to store the string.
+    // For a capacity of 0, whether the system measures depends on how it happens to store the string.
     if (row.columns[3] == "0") continue;
     const CFStringRef string = MakeString(UnitsFromHex(row.columns[2]));
     const bool measured = row.columns[3] == "null";

@@ -44,7 +44,7 @@ std::vector<VectorRow> ReadVectors(const std::filesystem::path& table) {
     }
     rows.push_back(std::move(row));
   }
-  EXPECT_FALSE(rows.empty()) << table << " says nothing";
+  EXPECT_FALSE(rows.empty()) << table << " is empty";
   return rows;
 }
 

@@ -1,4 +1,4 @@
-// Tables of facts about the macOS calls: a row a fact, columns separated by tabs.
+// Tables of facts about the macOS calls: one fact in each row, columns separated by tabs.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

@@ -1,4 +1,4 @@
-// A system that cannot tell which image an object belongs to. This program's own dladdr stands before the C library's.
+// A system that cannot tell which image an object belongs to. This program's own dladdr comes before the C library's.
 #include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -169,7 +169,7 @@ TEST(ByteStrings, TakeAHighByteAsItIs) {
   EXPECT_EQ(stricmp("\xC9", "\xE9"), -1);
 }
 
-TEST(ByteStrings, CompareAtMostSoManyBytes) {
+TEST(ByteStrings, CompareNoMoreThanTheCount) {
   EXPECT_EQ(strnicmp("ABC", "abd", 2), 0);
   EXPECT_EQ(strnicmp("ABC", "abd", 3), -1);
   EXPECT_EQ(strnicmp("a", "b", 0), 0);

@@ -13,7 +13,7 @@
 
 namespace {
 
-TEST(KbdUtilKeyIsDown, TellsEachKeyOfTheMap) {
+TEST(KbdUtilKeyIsDown, ReadsEachKeyOfTheMap) {
   for (int key = 0; key < 128; ++key) {
     BrvPlatformSetKeyDown(static_cast<unsigned char>(key), true);
     for (int other = 0; other < 128; ++other) {

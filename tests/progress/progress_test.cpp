@@ -41,7 +41,7 @@ TEST_F(Progress, LaterReportsAreIncrements) {
   EXPECT_THAT(host_.Texts(), ElementsAre("BX_MassEditProgress(pointer, 15, 0, 0, -1)"));
 }
 
-TEST_F(Progress, TheHostIsToldAtMostEvery33Milliseconds) {
+TEST_F(Progress, TheHostGetsAReportAtMostEvery33Milliseconds) {
   Start(100);
   UpdateAfter(700, 10);
   host_.Forget();

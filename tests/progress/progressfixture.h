@@ -27,7 +27,7 @@ class Progress : public testing::Test {
     elapsedMs_ = 0;
   }
 
-  // So many milliseconds after the start.
+  // Sets the time, in milliseconds after the start.
   int UpdateAfter(std::int64_t ms, int unitsDone) {
     LetTimePass(ms - elapsedMs_);
     elapsedMs_ = ms;

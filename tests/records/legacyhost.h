@@ -21,7 +21,7 @@ inline std::uint32_t Tag(const std::string& text) {
 using Address = std::tuple<std::uint32_t, int, int>;
 using Words = std::array<std::uint16_t, 6>;
 
-// A word that tells where it comes from: no two words of the tests' records are alike, and none is 0.
+// A word that shows where it comes from: no two words of the tests' records are alike, and none is 0.
 inline std::uint16_t WordAt(const Address& address, int word) {
   const auto [tag, number, index] = address;
   const std::uint32_t mixed = (tag & 0xFFFF) * 2654435761u + static_cast<std::uint32_t>(number) * 40503u +

@@ -1,5 +1,5 @@
-// When the host's functions for records are looked up: first of all, whatever the call then does. A first call before
-// the host is bound leaves the function without its host function for good.
+// When the host's functions for records are looked up: first of all, whatever the call then does. A function
+// that is first called before the host is bound never finds its host function.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

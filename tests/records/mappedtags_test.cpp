@@ -1,4 +1,4 @@
-// Preference tags that stand for rows of whole legacy records.
+// Preference tags that map to rows of whole legacy records.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -30,7 +30,7 @@ int Save(const ListedRecord& record, Bytes bytes) {
   return BX_SaveEData(Tag(record.tag), &key, bytes.data(), static_cast<std::uint32_t>(bytes.size()), kBrvVersion);
 }
 
-// A load into more room than any record takes, which is filled before, as the product has it: no listing is looked at.
+// A load, without the listing, into a buffer that is larger than any record and filled before.
 Bytes LoadOver(const std::string& tag, std::uint8_t fill) {
   Bytes bytes(256, fill);
   EDataKey key{0, 0};
@@ -52,7 +52,7 @@ int CountDifferent(const Bytes& a, const Bytes& b) {
   return count;
 }
 
-// A record is saved from two bytes a field.
+// A record is saved from two bytes for each field.
 int CountFields(const std::string& tag) {
   Bytes bytes(256);
   EDataKey key{0, 0};
@@ -304,7 +304,7 @@ TEST(PrefRecords, HaveTwoHundredAndFortySevenFields) {
   EXPECT_EQ(fields, 247);
 }
 
-// A word that is set alone tells by what it changes which record has a field of it. A record whose fields shared one
+// If one word alone is set, what changes shows which record has a field of it. A record whose fields shared one
 // would have fewer than two bytes a word.
 TEST(PrefRecords, ShareNoWordOfALegacyRecord) {
   LegacyHost host;

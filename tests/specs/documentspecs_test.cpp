@@ -1,4 +1,4 @@
-// Records behind typed functions.
+// Typed functions for records.
 #include "documentspecs.h"
 
 #include <gmock/gmock.h>

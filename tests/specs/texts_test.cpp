@@ -29,7 +29,7 @@ TEST(StripTextTags, RemovesTags) {
   EXPECT_EQ(Stripped(u"a^f(1(2))b"), u"a)b");
   EXPECT_EQ(Stripped(u"no carets (at all)"), u"no carets (at all)");
   EXPECT_EQ(Stripped(u""), u"");
-  EXPECT_EQ(Stripped(u"^font text (x) rest"), u" rest") << "what stands before the parenthesis goes, too";
+  EXPECT_EQ(Stripped(u"^font text (x) rest"), u" rest") << "what is before the parenthesis is removed, too";
   EXPECT_EQ(Stripped(u"^a^b()c"), u"c");
   EXPECT_EQ(Stripped(u"^flat()^flat()^flat()"), u"bbb");
   EXPECT_EQ(Stripped(u"^flat(x)"), u"") << "only the empty one is a flat";
@@ -109,7 +109,7 @@ TEST_F(RawText, IsNullWhenEitherStepFails) {
   EXPECT_EQ(store.host.Count("BX_LoadEData"), 3);
 }
 
-// A host that tells one size without data and another with it.
+// A host that gives one size without data and another with it.
 TEST_F(RawText, EndsAfterTheSmallerOfTheTwoSizes) {
   struct Sizes {
     std::int32_t first;
@@ -214,7 +214,7 @@ TEST_F(StaffName, IsCutAtTheCapacityAndCountedBeyond) {
   store.PutStaff(2, 40, 0);
   store.PutTextBlock(40, 50);
   store.PutText(50, u"Horn");
-  EXPECT_EQ(Name(2, 2), u"Hod") << "what stood behind";
+  EXPECT_EQ(Name(2, 2), u"Hod") << "what followed";
   EXPECT_EQ(length, 3);
 }
 

@@ -1,9 +1,9 @@
-// Memory that runs out: a program with failingmemory.cpp has an operator new that fails when a test says so.
+// Memory that runs out: a program with failingmemory.cpp has an operator new that fails when a test wants it to.
 #pragma once
 
 #include <gtest/gtest.h>
 
-// From its making to its end so many allocations succeed, then one fails, then all succeed again.
+// While it exists, a number of allocations succeed, then one fails, then all succeed again.
 class FailingMemory {
  public:
   explicit FailingMemory(long successes);
@@ -21,8 +21,8 @@ long LiveAllocations();
 bool MemoryWasNeededToLoad();
 
 // Calls with the first allocation failing, then the second, and so on, until none fails: each time the call must answer
-// nothing, at last something, and again something afterwards. The call tells whether it was answered, and gives back
-// what it got; what a failed call keeps is memory lost.
+// nothing, at last something, and again something afterwards. The call returns whether it got an answer, and frees
+// what it got; what a failed call keeps is a leak.
 template <class Call>
 void ExpectNothingWhileMemoryRunsOut(Call call) {
   bool failed = true;

@@ -1,4 +1,4 @@
-// Data that stands beside the project: facts about the macOS calls, and real scores. Tests that need it skip without
+// Data beside the project: facts about the macOS calls, and real scores. Tests that need it skip without
 // it.
 #pragma once
 

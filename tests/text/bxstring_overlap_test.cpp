@@ -1,5 +1,5 @@
-// Copies whose destination lies in front of the source and reaches into it: all memory has to look as a plain loop over
-// the units leaves it.
+// Copies whose destination is before the source and reaches into it: all memory must be as a plain loop over the units
+// leaves it.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -22,7 +22,7 @@ void PutUnit(char* at, std::size_t unit) {
   std::memcpy(at, &value, sizeof(value));
 }
 
-// The loop: copies no more than count units, and says how many were.
+// The loop: copies no more than count units, and returns how many it copied.
 std::size_t PlainCopy(char* dst, const char* src, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     UniChar unit;
@@ -33,7 +33,8 @@ std::size_t PlainCopy(char* dst, const char* src, std::size_t count) {
   return count;
 }
 
-// A text of so many units, none like its neighbours, so many bytes from the start, among bytes of something else.
+// A text of a given length at a given number of bytes from the start, among other bytes. No unit is like its
+// neighbours.
 Bytes TextAtDistance(std::size_t length, std::size_t distance) {
   Bytes bytes(distance + 2 * (length + 1) + 200, 0x55);
   for (std::size_t i = 0; i < length; ++i) PutUnit(&bytes[distance + 2 * i], 0x100 + i);
@@ -49,7 +50,7 @@ void AtEveryDistance(Check check) {
   for (const std::size_t length : kLengths) {
     for (const std::size_t distance : kDistances) {
       for (const std::size_t front : {4, 5}) {
-        SCOPED_TRACE(testing::Message() << length << " units, " << distance << " bytes behind byte " << front);
+        SCOPED_TRACE(testing::Message() << length << " units, " << distance << " bytes after byte " << front);
         check(TextAtDistance(length, front + distance), front, distance, length);
       }
     }
@@ -85,7 +86,7 @@ TEST(CopiesToTheFront, Strncpy) {
   });
 }
 
-// The source lies behind the text that it is appended to: its distance is from the 0 unit that it is copied over.
+// The source comes after the text that it is appended to: its distance is from the 0 unit that it is copied over.
 TEST(CopiesToTheFront, Strcat) {
   AtEveryDistance([](Bytes before, std::size_t end, std::size_t distance, std::size_t length) {
     if (distance < sizeof(UniChar)) return;  // the 0 unit is the source's own

@@ -1,4 +1,4 @@
-// Long texts of one unit over and over: what is found, or tells two apart, stands at one place, and that may be any.
+// Long texts of one repeated unit: what is found, or differs between two, is at one place, which may be any.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -13,7 +13,7 @@ namespace {
 
 // Around one and four blocks of units, and well beyond.
 constexpr std::size_t kLengths[] = {1, 9, 32, 33, 34, 65, 100};
-// In bytes behind the start of a page: at its start, at odd addresses, and before its end, where texts cross to the
+// In bytes from the start of a page: at its start, at odd addresses, and before its end, where texts cross to the
 // next.
 constexpr std::size_t kPlaces[] = {0, 1, 6, 4096 - 200, 4096 - 33, 4096 - 2};
 
@@ -25,7 +25,7 @@ std::u16string RepeatedBut(std::size_t length, std::size_t place, char16_t unit)
   return text;
 }
 
-// Hands over two texts in memory, the first all of one unit, the second with another unit at one place, and the result
+// Passes on two texts in memory, the first all of one unit, the second with another unit at one place, and the result
 // of comparing them.
 template <class Check>
 void WithOneDifference(Check check) {
@@ -70,7 +70,7 @@ TEST(RepeatedUnits, DifferFromALimitOfOneUnitMoreOn) {
   });
 }
 
-// Hands over a text of one unit but for one, as it stands in memory.
+// Passes on a text in memory that is all of one unit but for one.
 template <class Check>
 void WithOneOther(char16_t other, Check check) {
   const GuardedPages pages;

@@ -35,7 +35,7 @@ TEST(Eu16StringLayout, HasTwoSlotsInItsVirtualTable) {
   ASSERT_NE(dladdr1(slots, &info, reinterpret_cast<void**>(const_cast<ElfW(Sym)**>(&symbol)), RTLD_DL_SYMENT), 0);
   ASSERT_NE(symbol, nullptr);
   EXPECT_STREQ(info.dli_sname, "_ZTV10eu16string");
-  // Before the slots stand the offset to the whole object and the class's type information.
+  // Before the slots come the offset to the whole object and the class's type information.
   EXPECT_EQ(static_cast<const void* const*>(info.dli_saddr) + 2, slots);
   EXPECT_EQ(symbol->st_size, 4 * sizeof(void*));
 }

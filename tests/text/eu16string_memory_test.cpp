@@ -25,7 +25,7 @@ const void* ImageOf(const void* address) {
 // Counts the blocks that are held, and fails one of the kit's allocations.
 class Memory {
  public:
-  // Runs the operation. The kit's allocation of that number fails, from 1 on; with 0 none does. Says whether
+  // Runs the operation. The kit's allocation of that number fails, from 1 on; with 0 none does. Returns whether
   // std::bad_alloc came out.
   template <class Operation>
   bool Throws(Operation operation, int failing) {

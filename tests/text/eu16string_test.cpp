@@ -67,7 +67,7 @@ TEST(AnsiSubString, TakesAStartBelowOneAsOneAtTheFullCount) {
   EXPECT_EQ(UnitsOf(text.AnsiSubString(INT_MIN, 2)), u"12");
 }
 
-TEST(AnsiSubString, IsEmptyBehindTheEndAndForACountBelowOne) {
+TEST(AnsiSubString, IsEmptyAfterTheEndAndForACountBelowOne) {
   const eu16string text = "12345";
   EXPECT_EQ(UnitsOf(text.AnsiSubString(6, 1)), u"");
   EXPECT_EQ(UnitsOf(text.AnsiSubString(INT_MAX, INT_MAX)), u"");

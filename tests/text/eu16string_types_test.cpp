@@ -1,5 +1,5 @@
-// The types that other extensions were compiled against: results, which no mangled name tells, and parameters. A unit
-// is 16 bits wide and has no sign, and every other number says how wide it is.
+// The types that other extensions were compiled against: results, which are not in mangled names, and parameters. A
+// unit is 16 bits wide and has no sign, and every other number has its width in its type.
 #include <gtest/gtest.h>
 
 #include <cstdint>

@@ -1,19 +1,15 @@
-// The units of an eu16string, and texts made of units, by way of the class's own operations.
+// The units of an eu16string, and texts made of units, made by the class's own operations.
 #pragma once
 
 #include <string>
 
 #include "eu16string.h"
 
-inline eu16string FromUtf8(const char* text) {
-  return eu16string(reinterpret_cast<const unsigned char*>(text));
-}
+inline eu16string FromUtf8(const char* text) { return eu16string(reinterpret_cast<const unsigned char*>(text)); }
 
-inline bool IsEmpty(const eu16string& text) {
-  return text.AnsiPos(eu16string(0u)) == 0;
-}
+inline bool IsEmpty(const eu16string& text) { return text.AnsiPos(eu16string(0u)) == 0; }
 
-// All units up to the last one inside: every index behind it names the first unit.
+// All units up to the last one inside: every index after it gives the first unit.
 inline std::u16string UnitsOf(eu16string text) {
   std::u16string units;
   if (IsEmpty(text)) return units;

@@ -26,7 +26,7 @@ class GuardedPages {
   char* Begin() const { return pages_ + page_; }
   char* End() const { return Begin() + 2 * page_; }
 
-  // Room for count units whose last byte is followed by as many bytes as gap says, and then by the forbidden page.
+  // Memory for count units. Their last byte is followed by gap bytes, and then by the page that cannot be read.
   UniChar* RoomAtEnd(std::size_t count, std::size_t gap) const {
     return reinterpret_cast<UniChar*>(End() - gap - count * sizeof(UniChar));
   }

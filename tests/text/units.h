@@ -7,11 +7,9 @@
 
 #include "bxstring.h"
 
-inline const UniChar* Units(const char16_t* text) {
-  return reinterpret_cast<const UniChar*>(text);
-}
+inline const UniChar* Units(const char16_t* text) { return reinterpret_cast<const UniChar*>(text); }
 
-// The units before the first 0, wherever they stand.
+// The units before the first 0, at any address.
 inline std::u16string TextAt(const UniChar* units) {
   std::u16string text;
   for (;; ++units) {

@@ -18,7 +18,7 @@ inline std::ostream& operator<<(std::ostream& out, const tInterval& interval) {
 
 inline int FloorMod(int value, int divisor) { return ((value % divisor) + divisor) % divisor; }
 
-// How many fifths above C the natural of a step stands: C D E F G A B.
+// How many fifths above C the natural of a step is: C D E F G A B.
 inline int FifthsOfStep(int step) {
   return std::array{0, 2, 4, -1, 1, 3, 5}[static_cast<std::size_t>(FloorMod(step, 7))];
 }
@@ -31,7 +31,7 @@ inline tInterval Interval(int steps, int alteration) {
   return {static_cast<std::int16_t>(steps), static_cast<std::int16_t>(alteration)};
 }
 
-// The interval of so many steps and fifths; both have to say the same.
+// The interval of a number of steps and fifths, which have to agree.
 inline tInterval IntervalOf(int steps, int fifths) { return Interval(steps, (fifths - FifthsOfStep(steps)) / 7); }
 
 // "Bb3", "F##5"; the octave of middle C is 4.

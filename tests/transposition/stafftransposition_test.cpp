@@ -16,10 +16,10 @@ int Signed(int value, int bits) {
   return low < 1 << (bits - 1) ? low : low - (1 << bits);
 }
 
-// Codes whose alteration comes out one too low: that of fifths of which the next is a negative multiple of seven.
+// Codes whose alteration is one too low: those where one fifth more is a negative multiple of seven.
 bool IsRoundedDown(int fifths) { return fifths < -1 && (fifths + 1) % 7 == 0; }
 
-// The diatonic form reckons a downward interval from the upward one of as many steps.
+// In the diatonic form, a downward interval is the upward one of as many steps, turned round.
 tInterval DiatonicModel(int code) {
   const int steps = Signed(code, 8);
   const int alteration = Signed(code >> 8, 4);
@@ -27,7 +27,7 @@ tInterval DiatonicModel(int code) {
   return IntervalOf(steps, fifths + 7 * alteration);
 }
 
-// The chromatic form says how far the key moves; its steps are believed, whatever the fifths.
+// The chromatic form has the change of the key; its steps count, whatever the fifths.
 tInterval ChromaticModel(int code, int sharps) {
   int fifths = Signed(code, 6);
   int steps = Signed(code >> 6, 6);
@@ -35,7 +35,7 @@ tInterval ChromaticModel(int code, int sharps) {
     for (; fifths + sharps > 6; fifths -= 12) ++steps;
     for (; fifths + sharps < -6; fifths += 12) --steps;
   }
-  // The pitch so many fifths above C stands 4 steps up for each.
+  // Each fifth above C is 4 steps up.
   const int alteration = (fifths - FifthsOfStep(4 * fifths)) / 7;
   return Interval(static_cast<std::int16_t>(steps), alteration - (IsRoundedDown(fifths) ? 1 : 0));
 }

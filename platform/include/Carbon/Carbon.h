@@ -13,7 +13,7 @@ typedef UInt32 KeyMap[4];
 // Writes the keys that are down now.
 BRVPLATFORM_EXPORT void GetKeys(KeyMap keys);
 
-// The 8-bit encoding of the application: Mac Roman unless the host set another.
+// Returns the 8-bit encoding of the application: Mac Roman unless the host has set another.
 BRVPLATFORM_EXPORT CFStringEncoding GetApplicationTextEncoding(void);
 
 #ifdef __cplusplus

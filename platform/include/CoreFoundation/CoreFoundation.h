@@ -1,7 +1,7 @@
 // The part of CoreFoundation that the product calls, for Linux. Names, values and behaviour are those of the macOS
-// framework. A reference from a function named Create or Copy belongs to the caller, who ends it with CFRelease; one
-// from a function named Get belongs to the object it was got from. Objects may be used from one thread at a time. No
-// call throws: one that memory runs out for, or whose files fail, answers null, 0 or false, and can be made again.
+// framework. A reference from a function named Create or Copy belongs to the caller, who releases it with CFRelease;
+// one from a function named Get belongs to the object that returned it. Objects may be used from one thread at a time.
+// No call throws: if memory runs out or a file cannot be read, it returns null, 0 or false, and can be made again.
 #pragma once
 
 #include <stdarg.h>
@@ -93,8 +93,8 @@ BRVPLATFORM_EXPORT CFIndex CFStringGetMaximumSizeForEncoding(CFIndex length, CFS
 BRVPLATFORM_EXPORT SInt32 CFStringGetIntValue(CFStringRef string);
 BRVPLATFORM_EXPORT CFComparisonResult CFStringCompare(CFStringRef a, CFStringRef b, CFStringCompareFlags options);
 
-// A string that lives for ever, from a literal in UTF-8; null if memory runs out. Where calls want a format, a key, a
-// name or an identifier, null is one of which nothing is known: they answer null.
+// A string that is never released, from a literal in UTF-8; null if memory runs out. Calls that are given null for a
+// format, a key, a name or an identifier return null.
 BRVPLATFORM_EXPORT CFStringRef __CFStringMakeConstantString(const char* text);
 #define CFSTR(literal) __CFStringMakeConstantString("" literal "")
 
@@ -108,7 +108,7 @@ BRVPLATFORM_EXPORT CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorR
 BRVPLATFORM_EXPORT Boolean CFURLGetFileSystemRepresentation(CFURLRef url, Boolean resolveAgainstBase, UInt8* buffer,
                                                             CFIndex bufferSize);
 
-// A bundle is made once for a path: as long as it lives, another call for the same folder gives the same object.
+// Each folder has one bundle: as long as it exists, another call for the same folder returns the same object.
 BRVPLATFORM_EXPORT CFBundleRef CFBundleCreate(CFAllocatorRef allocator, CFURLRef url);
 BRVPLATFORM_EXPORT CFBundleRef CFBundleGetMainBundle(void);
 BRVPLATFORM_EXPORT CFBundleRef CFBundleGetBundleWithIdentifier(CFStringRef identifier);

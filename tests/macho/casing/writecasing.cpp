@@ -2,7 +2,7 @@
 //
 //   writecasing IMAGE > casing.S
 //
-// The casing holds the file's bytes, room to run them in, and each exported symbol at its place in that room, so that a
+// The casing holds the file's bytes, memory to run them in, and each exported symbol at its place there, so that a
 // program links against the image, opens it, asks dladdr about it and shares its variables as those of any library.
 #include <algorithm>
 #include <cstdio>
@@ -23,7 +23,7 @@ const macho::Section& SectionOf(const macho::MachOFile& file, std::uint64_t addr
   throw std::runtime_error("an exported symbol outside of all sections");
 }
 
-// Mach-O does not tell sizes: a symbol reaches to the next one, or to its section's end.
+// Mach-O files have no sizes of symbols: a symbol reaches to the next one, or to its section's end.
 std::uint64_t SizeOf(const macho::MachOFile& file, std::uint64_t address) {
   const macho::Section& section = SectionOf(file, address);
   const auto next = std::upper_bound(file.symbols.begin(), file.symbols.end(), address);

@@ -1,4 +1,4 @@
-// Reads a stretch of bytes from front to back; what lies behind the end throws.
+// Reads a range of bytes from front to back; reading beyond the end throws.
 #pragma once
 
 #include <cstdint>

@@ -14,7 +14,7 @@ std::uint64_t SegmentAddress(const MachOFile& file, std::size_t index) { return 
   throw std::runtime_error(std::string(list) + " has the unknown opcode " + std::to_string(opcode));
 }
 
-// Library ordinals from 1 up name the libraries; the rest stand for the process or the program, and are not two-level.
+// Library ordinals from 1 up name the libraries; the rest are the process or the program, and are not two-level.
 const std::string& LibraryOf(const MachOFile& file, std::uint64_t ordinal) {
   if (ordinal == 0 || ordinal > file.libraries.size()) throw std::runtime_error("a bind to no library of the list");
   return file.libraries[ordinal - 1];

@@ -1,4 +1,4 @@
-// What a Mach-O file says: its segments, the places to rebase and to bind, the symbols that it exports.
+// The contents of a Mach-O file: its segments, the places to rebase and to bind, the symbols that it exports.
 #pragma once
 
 #include <cstdint>
@@ -52,8 +52,8 @@ struct MachOFile {
   std::uint64_t Size() const;
 };
 
-// Reads a file for x86-64 that was linked at address 0. Throws std::runtime_error when it is none, or needs what the
-// loader does not know.
+// Reads a file for x86-64 that was linked at address 0. Throws std::runtime_error if it is not one, or needs something
+// that the loader does not support.
 MachOFile ReadMachO(std::string_view bytes);
 
 }  // namespace macho

@@ -10,8 +10,8 @@ namespace macho {
 // each segment its protection, and runs the initialisers. Throws std::runtime_error when an import is nowhere to be
 // found.
 //
-// `bytes` is the file that `file` was read from. Exceptions do not pass through frames of the image: nobody tells this
-// process's unwinder of them.
+// `bytes` is the file that `file` was read from. Exceptions do not pass through frames of the image: this process's
+// unwinder does not know them.
 void LoadMachO(const MachOFile& file, std::string_view bytes, char* memory);
 
 }  // namespace macho

@@ -18,7 +18,7 @@ namespace {
 
 // ---- libSystem
 
-// Says what a test expects of either image.
+// Prints what a test expects of either image.
 [[noreturn]] void AssertFailed(const char* function, const char* file, int line, const char* expression) {
   __assert_fail(expression, file, static_cast<unsigned>(line), function);
 }

@@ -1,4 +1,4 @@
-// A host that records: every host function, each of which hands its arguments to whoever listens.
+// A host that records: every host function, each of which passes its arguments to the listener.
 #include <array>
 #include <type_traits>
 

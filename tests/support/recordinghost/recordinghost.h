@@ -43,7 +43,7 @@ class RecordingHost {
   RecordingHost(const RecordingHost&) = delete;
   RecordingHost& operator=(const RecordingHost&) = delete;
 
-  // What a function answers; 0 where no handler is set.
+  // What a function returns; 0 if no handler is set.
   void On(const std::string& name, Handler handler) { handlers_[name] = std::move(handler); }
   void Answer(const std::string& name, std::uint64_t result) {
     On(name, [result](const HostCall&) { return result; });
@@ -64,6 +64,6 @@ class RecordingHost {
   std::map<std::string, Handler> handlers_;
 };
 
-// Makes the bundle of a host that stands beside the test programs: "RecordingHost", or "EmptyHost", which has no
+// Makes the bundle of a host beside the test programs: "RecordingHost", or "EmptyHost", which has no
 // function. The kit binds to it when it is next initialised. The bundle stays for the life of the process.
 CFBundleRef OpenHostBundle(const std::string& name);

@@ -1,5 +1,5 @@
-// A steady clock that stands still until a test lets time pass. A program that links SteadyClock has it in the place of
-// the C++ library's, and so has the image that it drives.
+// A steady clock that does not move until a test lets time pass. A program that links SteadyClock has it instead of the
+// C++ library's, and so has the image that it drives.
 #pragma once
 
 #include <cstdint>
