@@ -13,8 +13,9 @@ HOMES = {"BrvEDK/Source/hostprototypes.inc": "BX_", "BrvEDK/Source/convention.h"
 COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.S)
 # A type, the name, arguments, and a semicolon instead of a body. Before the name of a call there is no type.
 DECLARATION = re.compile(
-    r'^[ \t]*(?:extern\s+"C"\s+)?(?:__attribute__\s*\(\(.*?\)\)\s*|\[\[.*?\]\]\s*)*(?!return\b|throw\b|else\b|case\b|new\b|delete\b)'
-    r"(?:[A-Za-z_][\w:]*(?:\s*\*+\s*|\s+))+((?:BX_|BrevixExtension|Ext_)\w+)\s*\((?:[^;{}()]|\([^()]*\))*\)[^;{}=,]*;", re.M)
+    r'^[ \t]*(?:extern\s+"C"\s+)?(?:__attribute__\s*\(\(.*?\)\)\s*|\[\[.*?\]\]\s*)*'
+    r"(?!return\b|throw\b|else\b|case\b|new\b|delete\b)(?:[A-Za-z_][\w:]*(?:\s*\*+\s*|\s+))+"
+    r"((?:BX_|BrevixExtension|Ext_)\w+)\s*\((?:[^;{}()]|\([^()]*\))*\)[^;{}=,]*;", re.M)
 
 
 def declared(text):
