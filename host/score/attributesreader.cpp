@@ -11,13 +11,13 @@
 namespace brvhost {
 namespace {
 
-constexpr int kLargest = 1000;     // beyond what music has
-constexpr int kMostBeats = 32767;  // of a meter, and units of a whole note: what a record has room for
+constexpr int kMaxNumber = 1000;  // beyond what music has
+constexpr int kMaxBeats = 32767;  // of a meter, and units of a whole note: what a record has room for
 
 // A number as far as it makes sense; 0 for anything else.
 int SmallNumber(std::string_view text) {
   const auto number = ParseDecimal(text);
-  if (!number || number->denominator != 1 || std::abs(number->numerator) > kLargest) return 0;
+  if (!number || number->denominator != 1 || std::abs(number->numerator) > kMaxNumber) return 0;
   return static_cast<int>(number->numerator);
 }
 
@@ -29,7 +29,7 @@ int SumOf(std::string_view text) {
     sum += SmallNumber(text.substr(0, plus));
     text.remove_prefix(std::min(plus + 1, text.size()));
   }
-  return sum < 0 || sum > kMostBeats ? 0 : static_cast<int>(sum);
+  return sum < 0 || sum > kMaxBeats ? 0 : static_cast<int>(sum);
 }
 
 // 2/4 and 3/8 are 7/8. Null for more beats, or smaller ones, than a meter can have.
@@ -37,7 +37,7 @@ std::optional<Meter> Sum(const Meter& a, const Meter& b) {
   if (a.beats == 0) return b;
   const std::int64_t unit = std::lcm<std::int64_t>(a.beatUnit, b.beatUnit);
   const std::int64_t beats = a.beats * (unit / a.beatUnit) + b.beats * (unit / b.beatUnit);
-  if (unit > kMostBeats || beats > kMostBeats) return std::nullopt;
+  if (unit > kMaxBeats || beats > kMaxBeats) return std::nullopt;
   return Meter{static_cast<int>(beats), static_cast<int>(unit)};
 }
 

@@ -55,7 +55,7 @@ Fraction NumberFrom0(const char* what, const std::string& text) {
 int StaffNumber(const char* what, const std::string& text, int least) {
   const auto number = ParseDecimal(text);
   if (!number || number->denominator != 1 || number->numerator < least) ThrowBadNumber(what, text);
-  if (number->numerator > kMostStaves) throw InputError("more than 32767 staves");
+  if (number->numerator > kMaxStaves) throw InputError("more than 32767 staves");
   return static_cast<int>(number->numerator);
 }
 

@@ -173,7 +173,7 @@ void MusicXmlHandler::SetStaves(int staves) {
 
 void MusicXmlHandler::AddStaves(int staves) {
   staves_ += staves;
-  if (staves_ > kMostStaves) throw InputError("more than 32767 staves");
+  if (staves_ > kMaxStaves) throw InputError("more than 32767 staves");
 }
 
 MusicXmlHandler::Part* MusicXmlHandler::NewPart(const char* id) {

@@ -22,8 +22,8 @@ constexpr std::string_view kPart = "<part ";
 // thousandth of a second on, that is 64 KB; and as the parser copies its text, 4 MB keep the copies of a large score
 // small.
 constexpr std::size_t kSectionsPerReader = 4;
-constexpr std::size_t kLeastSection = std::size_t{1} << 16;
-constexpr std::size_t kLargestLeast = std::size_t{1} << 22;
+constexpr std::size_t kMinSectionSize = std::size_t{1} << 16;
+constexpr std::size_t kMaxSectionSize = std::size_t{1} << 22;
 
 // With memmem, as it takes a third of the time of std::string_view::find where each second character is a "<".
 std::size_t NextCut(std::string_view document, std::size_t from) {
@@ -43,7 +43,7 @@ std::deque<MusicXmlHandler> HandlersOf(const std::vector<XmlSection>& sections, 
     try {
       for (std::size_t i; (i = next++) < sections.size();) {
         ReadXmlSection(sections[i], handlers[i]);
-        if ((staves += handlers[i].Staves()) > kMostStaves) throw InputError("more than 32767 staves");
+        if ((staves += handlers[i].Staves()) > kMaxStaves) throw InputError("more than 32767 staves");
       }
       return true;
     } catch (const InputError&) {
@@ -92,7 +92,7 @@ std::optional<Score> ReadSections(const std::vector<XmlSection>& sections, int r
 
 std::optional<Score> ReadPartsApart(std::string_view document, int readers) {
   const std::size_t share = document.size() / (static_cast<std::size_t>(readers) * kSectionsPerReader);
-  const auto sections = PartSections(document, std::clamp(share, kLeastSection, kLargestLeast));
+  const auto sections = PartSections(document, std::clamp(share, kMinSectionSize, kMaxSectionSize));
   if (sections.size() < 2) return std::nullopt;
   return ReadSections(sections, std::min(readers, static_cast<int>(sections.size())));
 }

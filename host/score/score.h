@@ -13,10 +13,10 @@
 namespace brvhost {
 
 inline constexpr std::int32_t kTicksPerQuarter = 10080;
-inline constexpr int kFewestLayers = 4;
-inline constexpr int kMostStaves = 32767;
-inline constexpr int kMostMeasures = 32767;
-inline constexpr int kMostLayers = 32767;
+inline constexpr int kMinLayers = 4;
+inline constexpr int kMaxStaves = 32767;
+inline constexpr int kMaxMeasures = 32767;
+inline constexpr int kMaxLayers = 32767;
 
 // What a note's own attribute says of its ledger lines.
 enum class LegerAttribute : std::uint8_t { kAbsent, kNo, kYes };
@@ -79,7 +79,7 @@ struct Score {
   std::vector<PartGroup> groups;  // of parts by their order in `parts`
   int staves = 0;
   int measures = 0;
-  int layers = kFewestLayers;
+  int layers = kMinLayers;
   CodeUnits units = CodeUnits::kBytes;  // in which the document was read, and is to be changed
 
   std::span<const ScoreNote> NotesOf(const ScoreEntry& entry) const {

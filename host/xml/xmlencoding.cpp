@@ -10,10 +10,10 @@
 namespace brvhost {
 namespace {
 
-constexpr int kLongest = 4;  // bytes of one character, the most that the parser takes
+constexpr int kMaxLength = 4;  // bytes of one character, the most that the parser takes
 
 // An encoding with more to search is refused, whatever it is: those that can be read take less than half of it.
-constexpr int kMostTries = 10'000'000;
+constexpr int kMaxTries = 10'000'000;
 
 struct CloseConverter {
   void operator()(UConverter* converter) const { ucnv_close(converter); }
@@ -49,19 +49,19 @@ class Search {
   // markup is in one, or when it takes too long to tell.
   std::optional<int> LengthAfter(char lead) {
     int found = 0;
-    for (int length = 2; length <= kLongest; ++length) {
-      char bytes[kLongest] = {lead};
+    for (int length = 2; length <= kMaxLength; ++length) {
+      char bytes[kMaxLength] = {lead};
       if (!StartsCharacter(bytes, 1, length)) continue;
       if (found != 0) return std::nullopt;
       found = length;
     }
-    return tries_ > kMostTries || sawMarkup_ ? std::nullopt : std::optional(found);
+    return tries_ > kMaxTries || sawMarkup_ ? std::nullopt : std::optional(found);
   }
 
  private:
   // Whether any character starts with these bytes and has `length` in all.
-  bool StartsCharacter(char (&bytes)[kLongest], int count, int length) {
-    for (int next = 0; next < 0x100 && tries_ <= kMostTries; ++next) {
+  bool StartsCharacter(char (&bytes)[kMaxLength], int count, int length) {
+    for (int next = 0; next < 0x100 && tries_ <= kMaxTries; ++next) {
       ++tries_;
       bytes[count] = static_cast<char>(next);
       const int character = CharacterOf(converter_, bytes, count + 1);

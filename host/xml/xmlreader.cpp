@@ -17,7 +17,7 @@ namespace {
 
 // The parser counts the lines and columns of every piece that it is given but the last, which takes a sixth of its
 // time: there is one piece, unless that were more than it takes.
-constexpr std::size_t kLargestPiece = std::size_t{1} << 29;
+constexpr std::size_t kMaxPieceSize = std::size_t{1} << 29;
 
 // A "<" and a name start here, as the parser says, whatever made it take the bytes so. No name has a character 0.
 CodeUnits UnitsOfTag(std::string_view tag) {
@@ -38,15 +38,15 @@ class Reader : public XmlPosition {
   void Read(std::string_view document) {
     start_ = document;
     handler_.Begin(*this);
-    while (document.size() > kLargestPiece) {
-      Parse({document.substr(0, kLargestPiece)}, false);
-      document.remove_prefix(kLargestPiece);
+    while (document.size() > kMaxPieceSize) {
+      Parse({document.substr(0, kMaxPieceSize)}, false);
+      document.remove_prefix(kMaxPieceSize);
     }
     Parse({document}, true);
   }
 
   void Read(const XmlSection& section) {
-    if (section.content.size() > kLargestPiece) throw InputError("the section is too large");
+    if (section.content.size() > kMaxPieceSize) throw InputError("the section is too large");
     start_ = section.opening.empty() ? section.content : section.opening;
     isSection_ = true;
     shift_ = section.offset - section.opening.size();
