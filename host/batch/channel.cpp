@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstddef>
 #include <string_view>
 #include <system_error>
 
@@ -18,7 +19,7 @@ void WriteAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t count = send(descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return;  // whoever listened is gone, which must not end this process too
+    if (count < 0) return;  // the other process is gone, which must not end this one too
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }
 }
@@ -49,7 +50,7 @@ bool Channel::Fill() {
   return true;
 }
 
-// What an extension that writes to any descriptor may have sent is passed over.
+// Passes over what an extension may have sent that writes to any descriptor.
 std::optional<Message> Channel::Next() {
   while (const auto size = EncodedSize(arrived_)) {
     auto message = Decode(std::string_view(arrived_).substr(0, *size));

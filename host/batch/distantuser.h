@@ -11,7 +11,7 @@ namespace brvhost {
 
 class DistantUser : public User {
  public:
-  // Where `agrees`, every question is answered by yes, and the user does not see it.
+  // With `agrees` every question is answered by yes, unseen by the user.
   DistantUser(const Channel& channel, bool agrees) : channel_(channel), agrees_(agrees) {}
 
   void Show(const std::string& text) override { channel_.Send(AlertMessage{text}); }

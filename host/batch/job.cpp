@@ -3,13 +3,16 @@
 #include <fmt/format.h>
 #include <strings.h>
 
+#include <cstddef>
 #include <exception>
 #include <new>
 
+#include "BrvEDK/Source/hostrecords.h"
 #include "host/batch/distantuser.h"
 #include "host/files/outputerror.h"
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
+#include "host/services/document.h"
 #include "host/services/session.h"
 #include "host/text/inputerror.h"
 
@@ -39,7 +42,7 @@ void Invoke(ScoreFile& file, const JobSettings& settings, const Extension& exten
   EREGION fallback = WholeScore(file.GetScore());
   extension.Invoke(settings.item, selected ? &*selected : nullptr, &fallback);
   extension.Terminate();
-  session.RethrowFailure();  // the extension may have gone on, with half of what it was to do
+  session.RethrowFailure();  // the extension may have gone on with half of its work
 }
 
 bool IsNamedMxl(const std::string& path) {

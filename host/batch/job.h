@@ -1,6 +1,7 @@
 // One score, one item of an extension: the work of a process of its own.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -28,7 +29,7 @@ struct Job {
   std::optional<std::string> target;  // where the result goes; nowhere when null
   bool onlyIfChanged = false;         // leave the target alone otherwise
 
-  // Whether a result with so many changed entries is written.
+  // Whether a result with that many changed entries is written.
   bool Writes(std::size_t changedEntries) const { return target && (changedEntries > 0 || !onlyIfChanged); }
 };
 

@@ -8,8 +8,8 @@
 namespace brvhost {
 namespace {
 
-// A message is its kind, which is its index among the alternatives, the size of its content, and the content: the text,
-// or the struct as it lies in memory.
+// A message is its kind, which is its index among the alternatives, the size of its content, and the content: its text,
+// or the bytes of its struct.
 struct Head {
   std::uint32_t kind = 0;
   std::uint32_t size = 0;

@@ -30,7 +30,7 @@ struct ProgressMessage {
   std::int64_t total = 0;
 };
 
-// The display of progress is to go.
+// The display of progress ends.
 struct ProgressEndMessage {};
 
 // The last message is one of these three: why the score cannot be used, why there is no result, or the result.
@@ -55,7 +55,7 @@ std::string Encode(const Message& message);
 // The number of bytes of the first message in `bytes`, or null when not all of it is there.
 std::optional<std::size_t> EncodedSize(std::string_view bytes);
 
-// The message of so many bytes, or null when they are not those of any message.
+// The message in all of these bytes, or null when they are not those of a message.
 std::optional<Message> Decode(std::string_view bytes);
 
 }  // namespace brvhost

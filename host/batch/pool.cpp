@@ -6,7 +6,10 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <system_error>
 #include <utility>
 #include <variant>

@@ -2,7 +2,7 @@
 // the extension left behind in another.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -36,7 +36,7 @@ class Pool {
     int Finished() const { return changed + unchanged + badInput + failed; }
   };
 
-  // False when the system lets no more processes run at the same time than there are.
+  // False when the system allows no more processes at the same time.
   bool TryToStart(const Job& job);
   void Start(const Job& job);
   void WaitForMessages();

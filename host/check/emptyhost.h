@@ -14,7 +14,7 @@ class EmptyHost {
   EmptyHost(const EmptyHost&) = delete;
   EmptyHost& operator=(const EmptyHost&) = delete;
 
-  // From now on, and for the life of this process, extensions find it.
+  // From now on, for the rest of this process's life, extensions find it.
   void Open() const;
 
  private:

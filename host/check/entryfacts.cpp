@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::uint32_t kAnyWord = 0xA5A5A5A5;
 
-// A bundle without what the host makes sure of between the calls.
+// An extension without what the host ensures between the calls.
 struct RawExtension {
   explicit RawExtension(const std::string& path) : bundle(path), entryPoints(bundle) {}
 

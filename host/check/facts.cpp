@@ -34,7 +34,7 @@ std::vector<Fact> FactsAbout(const std::string& path) {
       fact("ends each text of an item", TerminatesTexts),
       fact("clears the last word of each item's texts", ClearsLastWord),
       fact("writes to the texts' record alone", StaysWithinTexts),
-      fact("leaves the texts alone of an item that it does not have", LeavesRefusedTexts),
+      fact("does not touch the texts of an item that it does not have", LeavesRefusedTexts),
       fact("has a menu status", HasMenuStatus),
       fact("refuses an item that it does not have", RefusesWrongIndex),
       fact("does nothing when the user declines", RespectsDecline),

@@ -47,9 +47,9 @@ std::string RefusesWrongIndex(const std::string& path) {
     Trial trial(path);
     const std::vector<bool> before = trial.Hidden();
     const int answer = trial.InvokeOnWholeScore(index);
-    if (answer != 0) return fmt::format("item {}, which there is not, returns {}", index, answer);
-    if (trial.Hidden() != before) return fmt::format("item {}, which there is not, changes the score", index);
-    if (trial.AskedUser().Alerts() > 0) return fmt::format("item {}, which there is not, shows an alert", index);
+    if (answer != 0) return fmt::format("item {}, which does not exist, returns {}", index, answer);
+    if (trial.Hidden() != before) return fmt::format("item {}, which does not exist, changes the score", index);
+    if (trial.AskedUser().Alerts() > 0) return fmt::format("item {}, which does not exist, shows an alert", index);
   }
   return "";
 }

@@ -30,7 +30,7 @@ class TrialUser : public User {
   void ShowProgress(std::int64_t, std::int64_t) override {}
   void EndProgress() override {}
 
-  // Questions included.
+  // All alerts so far, including questions.
   int Alerts() const { return alerts_; }
 
  private:

@@ -1,7 +1,6 @@
-#include <fmt/format.h>
-
 #include <cstdio>
 #include <filesystem>
+#include <string>
 
 #include "host/bundle/loadedbundle.h"
 #include "host/check/facts.h"

@@ -14,7 +14,7 @@ void AddBundle(CLI::App& command, Options& options) {
   command.add_option("BUNDLE", options.bundle, "The extension's bundle, a folder")->required()->type_name("");
 }
 
-// An empty value is mostly a shell variable that was never set, and does not mean "all".
+// An empty value is usually a shell variable that was never set, and does not mean "all".
 CLI::Validator NotEmpty() {
   return CLI::Validator(
       [](const std::string& value) { return value.empty() ? std::string("is empty") : std::string(); }, "");

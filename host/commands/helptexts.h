@@ -28,34 +28,32 @@ inline constexpr const char* kInfoFooter = R"(EXIT STATUS
 
 inline constexpr const char* kItemsAbout =
     "Lists the menu items of an extension, one to a line: its number, its name in the menu, its name in the Undo "
-    "command, "
-    "and its explanation, with tabs between them.";
+    "command, and its explanation, with tabs between them.";
 
 inline constexpr const char* kInfoAbout =
     "Reports what each score holds: its parts with their staves, the number of measures and layers, its entries "
-    "(notes, "
-    "chords and rests), and how many of them show no ledger lines.";
+    "(notes, chords and rests), and how many of them show no ledger lines.";
 
 inline constexpr const char* kRunAbout =
     "Runs one menu item of an extension on each score, and writes the result. A result differs from its score in the "
     "attribute print-leger of those notes that the extension changed, and in nothing else.";
 
 inline constexpr const char* kRunFooter = R"(THE REGION
-  With any of --staves, --measures, --start-at and --end-at, the extension works on that region; what is not named
-  reaches as far as the score. With --all it is the whole score. With none of these nothing is selected: the extension
+  With any of --staves, --measures, --start-at and --end-at, the extension works on that region; an end that is not
+  given is that of the score. With --all it is the whole score. With none of these nothing is selected: the extension
   asks whether it may work on the whole score.
 
   Staves count from 1 through all parts, measures from 1 by their order, whatever their printed numbers, and the layers
   of a staff from 1, in the order in which its voices first appear. A range is written 3, 2-5, 2- or -5.
 
 WHILE IT RUNS
-  On a terminal, a bar shows how far it is. Ctrl-C is to the extension what Command-period is in the application: it
+  On a terminal, a bar shows the progress. Ctrl-C is to the extension what Command-period is in the application: it
   ends, nothing is written, and the exit status is 130. A second Ctrl-C does not wait for the extension.
   Questions are asked on the terminal; without one the answer is no.
 
 FILES
-  A result is written beside its target and takes its name when it is complete, so that a failure leaves the old file
-  whole. Compressed scores (.mxl) stay compressed.
+  A result is written beside its target and takes the target's name when it is complete, so that a failure leaves the
+  old file whole. Compressed scores (.mxl) stay compressed.
 
 EXIT STATUS
   0    done, whether or not anything changed

@@ -11,6 +11,7 @@
 #include "host/process/exitstatus.h"
 #include "host/process/processors.h"
 #include "host/process/streams.h"
+#include "host/score/score.h"
 #include "host/text/inputerror.h"
 
 namespace brvhost {

@@ -1,4 +1,4 @@
-#include <fmt/format.h>
+#include <cstdio>
 
 #include "host/bundle/extension.h"
 #include "host/commands/commands.h"

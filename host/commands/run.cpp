@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
 #include <iterator>
 #include <map>
@@ -81,7 +82,7 @@ void CheckTargets(const Options& options) {
   }
 }
 
-// The same for all names of one file; the name itself where the system does not know.
+// The same path for all names of one file; the name itself where the system cannot resolve it.
 fs::path FileNamed(const std::string& name) {
   std::error_code error;
   const fs::path file = fs::weakly_canonical(name, error);
@@ -134,7 +135,7 @@ int Run(const Options& options) {
   settings.maxSize = options.maxSize;
   CheckTargets(options);
   const std::vector<Job> jobs = JobsOf(options);
-  // Several scores share the processors as --jobs sets.
+  // Several scores share the processors, as --jobs allows.
   if (jobs.size() == 1) settings.readers = Processors();
 
   const Extension extension(options.bundle);

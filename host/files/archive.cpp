@@ -33,10 +33,10 @@ using Member = std::unique_ptr<zip_file_t, Discard>;
   ThrowUnwritable(zip_error_strerror(zip_source_error(source)));
 }
 
-[[noreturn]] void ThrowLarger(const std::string& name) { ThrowBroken(name + " is larger than the archive says"); }
-[[noreturn]] void ThrowSmaller(const std::string& name) { ThrowBroken(name + " is smaller than the archive says"); }
+[[noreturn]] void ThrowLarger(const std::string& name) { ThrowBroken(name + " is larger than the archive states"); }
+[[noreturn]] void ThrowSmaller(const std::string& name) { ThrowBroken(name + " is smaller than the archive states"); }
 
-// Owns the memory that an archive is read from and written to: a copy, as the library frees what it replaces.
+// Owns the memory that an archive is read from and written to: a copy, because the library frees what it replaces.
 class Source {
  public:
   explicit Source(std::string_view bytes) {
@@ -98,10 +98,10 @@ void ReadDeflated(zip_t* archive, const zip_stat_t& status, Bytes& content) {
   const Unpacked unpacked = Inflate(stream.View(), content);
   if (unpacked == Unpacked::kTooSmall) ThrowLarger(status.name);
   if (unpacked == Unpacked::kBroken) ThrowBroken(std::string(status.name) + ": its compressed data is damaged");
-  if (Crc32(content.View()) != status.crc) ThrowBroken(std::string(status.name) + ": its checksum does not agree");
+  if (Crc32(content.View()) != status.crc) ThrowBroken(std::string(status.name) + ": its checksum does not match");
 }
 
-// What a member may unpack to, and how the message ends about one that unpacks to more.
+// The size that a member may unpack to, and the end of the message about one that unpacks to more.
 struct Limit {
   std::uint64_t size;
   const char* advice;
@@ -182,7 +182,7 @@ std::string ReplaceMember(std::string_view bytes, const std::string& member, std
   zip_stat_t status;
   zip_stat_init(&status);
   zip_stat_index(archive.get(), index, 0, &status);
-  // A member that was stored stays so.
+  // A member that was stored stays stored.
   const bool stored = (status.valid & ZIP_STAT_COMP_METHOD) != 0 && status.comp_method == ZIP_CM_STORE;
   zip_source_t* const replacement = stored ? zip_source_buffer(archive.get(), content.data(), content.size(), 0)
                                            : DeflatedSource(archive.get(), content);

@@ -23,8 +23,8 @@ struct ArchivedScore {
 [[nodiscard]] ArchivedScore ReadArchivedScore(std::string_view archive, std::uint64_t maxSize);
 
 // The archive with other content in one member. All other members keep their compressed bytes, their order and their
-// dates, as far as the local time zone has them. Throws std::runtime_error when it cannot be made, for example because
-// there is no memory.
+// dates, as far as the local time zone can express them. Throws std::runtime_error when it cannot be made, for example
+// because there is no memory.
 [[nodiscard]] std::string ReplaceMember(std::string_view archive, const std::string& member, std::string_view content);
 
 }  // namespace brvhost

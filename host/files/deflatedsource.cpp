@@ -1,6 +1,7 @@
 #include "host/files/deflatedsource.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 

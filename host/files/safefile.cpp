@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -18,7 +19,7 @@ namespace {
 
 constexpr std::size_t kBufferSize = 1 << 20;
 
-// The name of the unfinished file, where a signal handler finds it; empty when there is none.
+// The name of the unfinished file, for signal handlers; empty when there is none.
 char unfinishedFile[4096];
 
 mode_t CreationMask() {

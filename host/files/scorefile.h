@@ -23,11 +23,11 @@ class ScoreFile {
   const std::string& Path() const { return path_; }
   bool IsCompressed() const { return !member_.empty(); }
 
-  // What the ledger lines as they are now change in the score's document. Throws InputError where a note cannot be
+  // What the ledger lines, as they are now, change in the score's document. Throws InputError where a note cannot be
   // changed.
   LedgerEdits Edits() const { return LedgerEdits(document_.View(), score_); }
 
-  // Writes the file with these edits, which are its own; `target` may be the file itself. False when `isCancelled`
+  // Writes the file with these edits, which Edits() returned; `target` may be the file itself. False when `isCancelled`
   // returned true before the result took the target's name. Throws OutputError, and what ReplaceMember throws. Unless
   // it returns true, the target is as it was.
   [[nodiscard]] bool Save(const LedgerEdits& edits, const std::string& target,

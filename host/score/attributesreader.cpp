@@ -1,18 +1,21 @@
 #include "host/score/attributesreader.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <numeric>
+#include <utility>
 
 #include "host/score/fraction.h"
 #include "host/text/blanks.h"
+#include "host/xml/xmlreader.h"
 
 namespace brvhost {
 namespace {
 
-constexpr int kMaxNumber = 1000;  // beyond what music has
-constexpr int kMaxBeats = 32767;  // of a meter, and units of a whole note: what a record has room for
+constexpr int kMaxNumber = 1000;  // more than music has
+constexpr int kMaxBeats = 32767;  // of a meter, and units of a whole note: the most that a record holds
 
 // A number as far as it makes sense; 0 for anything else.
 int SmallNumber(std::string_view text) {
@@ -41,7 +44,7 @@ std::optional<Meter> Sum(const Meter& a, const Meter& b) {
   return Meter{static_cast<int>(beats), static_cast<int>(unit)};
 }
 
-// The steps that go with an interval of so many semitones when nothing says otherwise.
+// The steps of an interval of that many semitones when the score does not state them.
 int StepsOfSemitones(int semitones) {
   const int twelfths = 7 * semitones;
   return (twelfths >= 0 ? twelfths + 6 : twelfths - 5) / 12;
@@ -66,7 +69,7 @@ void AttributesReader::StartElement(const char* name, const XmlAttributes& attri
 void AttributesReader::EndElement(std::string_view text) {
   const std::string name = std::move(open_.back());
   open_.pop_back();
-  if (open_.size() > 1) return;  // of another meter that the one may be counted in
+  if (open_.size() > 1) return;  // another meter that this one may be counted in
   text = WithoutBlanks(text);
   if (name == "fifths") key_.sharps = SmallNumber(text);
   if (name == "mode") key_.isMinor = text == "minor";
@@ -84,7 +87,7 @@ void AttributesReader::EndElement(std::string_view text) {
   if (name == "transpose") EndTransposition();
 }
 
-// A record of a measure has room for one key and one meter: those of the first staff.
+// The record of a measure holds one key and one meter: those of the first staff.
 void AttributesReader::EndKey() {
   if (staff_ > 1) return;
   details_.statesKey = true;

@@ -5,20 +5,21 @@
 #include <optional>
 
 #include "host/text/inputerror.h"
+#include "host/xml/codeunits.h"
 #include "host/xml/xmlreader.h"
 
 namespace brvhost {
 namespace {
 
 constexpr std::string_view kAttribute = "print-leger";
-constexpr const char* kFromEntity = "a note that an entity brings in cannot be changed";
+constexpr const char* kFromEntity = "a note that comes from an entity cannot be changed";
 
 struct NoteChange {
   ScoreNote note;
   bool hide;
 };
 
-// Refuses the element that is reported at an offset. Reading the document again shows in which line that is.
+// Refuses the element that is reported at an offset: reading the document again finds its line.
 class Refusal : public XmlHandler {
  public:
   explicit Refusal(std::uint64_t offset) : offset_(offset) {}

@@ -13,24 +13,24 @@
 
 namespace brvhost {
 
-// The attribute print-leger changes in the notes of those entries whose state is no longer the document's: it is taken
-// away where the wanted state is the note's own, else set. All other bytes stand.
+// The attribute print-leger changes in the notes of those entries whose state is no longer the document's: it is
+// removed where the wanted state is the note's default, else set. All other bytes stay.
 class LedgerEdits {
  public:
   // `document` is what the score was read from, and outlives this object. Throws InputError where a note that has to
-  // change is brought in by an entity.
+  // change comes from an entity.
   LedgerEdits(std::string_view document, const Score& score);
 
   // The entries whose ledger lines are no longer as the document has them.
   std::size_t ChangedEntries() const { return changedEntries_; }
-  // The bytes of the edited document.
+  // The size of the edited document in bytes.
   std::size_t EditedSize() const { return editedSize_; }
   // Hands out the edited document in pieces, in order.
   void Write(const std::function<void(std::string_view)>& write) const;
 
  private:
-  // From `offset`, `removed` bytes give way to the inserted text of that number. There are millions of edits in a large
-  // score, and few texts.
+  // From `offset` on, `removed` bytes are replaced by the text of that number. A large score has millions of edits, and
+  // few texts.
   struct Edit {
     std::uint64_t offset = 0;
     std::uint64_t removed : 56 = 0;

@@ -1,6 +1,8 @@
 #include "host/score/partbuilder.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
 
 #include "host/text/inputerror.h"
 

@@ -9,7 +9,7 @@ namespace {
 using brvhost::Serve;
 using brvhost::Session;
 
-// What `textOf` makes of a text, or where there is none the text of the ID.
+// Shows what `textOf` makes of the text, or the text of the ID where the text is null.
 template <class TextOf>
 short16 ShowAlert(int kind, int32 stringID, const void* text, const TextOf& textOf) {
   return Serve(0, [&](Session& session) {

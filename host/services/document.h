@@ -63,9 +63,9 @@ class OpenDocument {
 
   Score& score_;
   EDataStore records_;
-  std::size_t nextFrame_ = 0;  // in the score's list: extensions mostly ask for them in order
+  std::size_t nextFrame_ = 0;  // in the score's list: extensions usually ask in this order
   LoadedFrameMap loaded_;
-  std::unique_ptr<Frame> spare_;  // a freed one, whose memory serves for the next
+  std::unique_ptr<Frame> spare_;  // a freed frame, whose memory the next one takes
   std::uint64_t savedFrames_ = 0;
   std::uint64_t strayFrames_ = 0;
   int editDepth_ = 0;

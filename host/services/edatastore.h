@@ -22,7 +22,7 @@ class EDataStore {
   [[nodiscard]] bool Create(std::uint32_t tag, EDataKey key, Bytes bytes);
   bool Erase(std::uint32_t tag, EDataKey key);
   // The nearest record of the same tag before or after `key`, by record number, then record index, both unsigned.
-  // Moves `key` to it. Null when there is none; `key` is as it was then.
+  // Moves `key` to it. Null, with `key` unchanged, when there is none.
   const Bytes* Previous(std::uint32_t tag, EDataKey& key) const;
   const Bytes* Next(std::uint32_t tag, EDataKey& key) const;
 

@@ -1,5 +1,5 @@
 // Frames, layers, edits, progress and the selection, as extensions find them by name. Without an open session they
-// answer as a host that can do nothing. An extension may leave anything above bit 15 of a 16-bit argument.
+// return what a host does that can do nothing. An extension may leave anything above bit 15 of a 16-bit argument.
 #include "BrvEDK/Source/brevixpdk.h"
 #include "BrvEDK/Source/integerclasses.h"
 #include "host/score/score.h"

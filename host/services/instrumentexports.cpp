@@ -1,4 +1,4 @@
-// Instrument slots, as extensions find them by name. An id is a staff; its slots are the instruments that the staff's
+// Instrument slots, as extensions find them by name. An ID is a staff; its slots are the instruments that the staff's
 // part declares, from 1. Instruments count from 1 through all parts.
 #include "BrvEDK/Source/brevixpdk.h"
 #include "BrvEDK/Source/integerclasses.h"

@@ -1,9 +1,11 @@
 // The document's tagged records, as extensions find them by name. They live as long as the document is open. All
 // functions return 1 for success and 0 for failure. A record has at most kMaxRecordSize bytes.
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 #include "BrvEDK/Source/brevixpdk.h"
+#include "host/services/edatastore.h"
 #include "host/services/serve.h"
 
 namespace {

@@ -1,12 +1,14 @@
 #include "host/services/scorerecords.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <iterator>
 #include <string>
 #include <vector>
 
 #include "BrvEDK/Source/documentrecords.h"
+#include "host/score/details.h"
 #include "host/services/ownrecords.h"
 #include "host/services/storerecord.h"
 #include "host/services/textrecords.h"
@@ -17,7 +19,7 @@ namespace {
 constexpr int kMaxSharps = 7;
 constexpr int kFifthsOfAnOctave = 12;
 
-// The 16-bit word of a record.
+// As the 16-bit word of a record.
 std::int16_t Word(int value) { return static_cast<std::int16_t>(value); }
 
 // The key as it sounds, in the interface's form.

@@ -1,4 +1,4 @@
-// What stands between the functions that extensions call, which are C, and the host behind them.
+// The step from the functions that extensions call, which are C, to the host's own.
 #pragma once
 
 #include <exception>

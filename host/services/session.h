@@ -28,8 +28,8 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  // The open session, or null. The exported host functions serve it; without one they answer as a host that can do
-  // nothing.
+  // The open session, or null. The exported host functions work on it; without one they return what a host does that
+  // can do nothing.
   static Session* Current();
 
   OpenDocument& Document() { return document_; }
@@ -43,7 +43,7 @@ class Session {
   int Alert(int kind, const std::string& text);
   int AlertWithID(int kind, std::int32_t stringID);
 
-  // Keeps what a host function that failed threw, the first of it, until whoever opened the session asks.
+  // Keeps the first exception of a host function, until whoever opened the session asks for it.
   void KeepFailure(std::exception_ptr failure);
   void RethrowFailure() const;
 

@@ -2,6 +2,7 @@
 
 #include <unicode/unistr.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <utility>
@@ -17,8 +18,8 @@ std::u16string Utf16(const std::string& utf8) {
   return {text.getBuffer(), static_cast<std::size_t>(text.length())};
 }
 
-// A name as the interface has it: a flat sign is a tag, a font is a tag before the text. A caret of the text's own
-// would open a tag that does not end, and is written as the modifier letter that looks like it.
+// A name as the interface has it: a flat sign is a tag, a font is a tag before the text. A caret in the text would
+// open a tag that does not end, and is written as the modifier letter that looks like it.
 std::u16string TaggedText(const std::string& name, const std::string& font) {
   std::u16string text;
   if (!font.empty()) {

@@ -16,7 +16,7 @@ SHARED = pathlib.Path(os.environ.get("BRV_SHARED_DIR", SOURCE.parent / "shared")
 SCORES = sorted((SHARED / "scores" / "conformance").glob("*.*")) + sorted((SHARED / "scores" / "quartets").glob("*.mxl"))
 
 
-def told(bundle, path):
+def report_of(bundle, path):
     """The report as lists of columns: of the staves and of the measures."""
     output = brvhost("run", bundle, "--item", "0", "--all", "--dry-run", path)
     assert output.returncode == 0, output.stderr
@@ -37,7 +37,7 @@ class ReportCase(Case):
         cls.bundle = build_example(pathlib.Path(folder.name))
 
     def check(self, path):
-        staves, changes = told(self.bundle, path)
+        staves, changes = report_of(self.bundle, path)
         expected_staves, expected_changes = reportreader.report(ElementTree.fromstring(scorereader.document(path)))
         self.assertEqual(staves, [[str(value) for value in (number, *staff) if value != ""]
                                   for number, staff in enumerate(expected_staves, 1)])
@@ -45,8 +45,8 @@ class ReportCase(Case):
 
 
 class Report(ReportCase):
-    def test_tells_what_the_samples_say(self):
-        staves, changes = told(self.bundle, SAMPLES / "winds.musicxml")
+    def test_reports_what_is_in_the_samples(self):
+        staves, changes = report_of(self.bundle, SAMPLES / "winds.musicxml")
         self.assertEqual(staves[1], ["2", "Clarinet in Bb", "major 2nd down", "Bb3", "1", "1"])
         self.assertEqual(changes, [["1", "F major", "4/4"], ["3", "C major", "3/4"]])
         for sample in SAMPLES.glob("*.musicxml"):
@@ -57,7 +57,7 @@ class Report(ReportCase):
         path = self.write("caret.musicxml", """<score-partwise><part-list><score-part id="P">
             <part-name font-family="Times (Roman)">Horn ^ in
             E\u266D</part-name></score-part></part-list><part id="P"><measure number="1"/></part></score-partwise>""")
-        staves, _ = told(self.bundle, path)
+        staves, _ = report_of(self.bundle, path)
         self.assertEqual(staves[0][1], "Horn \u02C6 in Eb")
 
     def test_asks_before_it_reports_on_a_score_without_selection(self):

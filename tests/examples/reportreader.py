@@ -1,4 +1,4 @@
-"""An independent reader of what a report on a score tells: names, transpositions, keys, meters, empty measures."""
+"""An independent reader of what a report on a score contains: names, transpositions, keys, meters, empty measures."""
 
 import fractions
 import math
@@ -27,7 +27,7 @@ class Interval:
         self.fifths = 7 * (semitones + 12 * octaves) - 12 * self.steps
 
     def respelt(self, sharps):
-        """As it is in a key, which moves by no more than leads to six sharps or flats."""
+        """As it is in a key: respelt so that the key moves to at most six sharps or flats."""
         result = Interval()
         result.steps, result.fifths = self.steps, self.fifths
         while sharps - result.fifths > 6:
@@ -79,7 +79,7 @@ def meter_of(time):
 
 
 class Part:
-    """What one part says, measure by measure, at its barlines."""
+    """What one part states, measure by measure, at its barlines."""
 
     def __init__(self, measures):
         self.keys, self.meters, self.transposes = [], [], {}

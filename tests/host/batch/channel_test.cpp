@@ -1,8 +1,11 @@
 #include "host/batch/channel.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <string>
 #include <variant>
 #include <vector>
@@ -69,6 +72,19 @@ TEST(Channel, PassesATextOnThatIsLongerThanOneRead) {
     while (const auto message = here.Next()) received.push_back(std::get<AlertMessage>(*message).text);
   }
   EXPECT_EQ(received, std::vector<std::string>{text});
+}
+
+TEST(Channel, PassesOverWhatIsNoMessage) {
+  auto [here, there] = ConnectedChannels();
+  std::string unknown = Encode(AlertMessage{"lost"});
+  unknown[0] = 99;
+  ASSERT_EQ(write(there.Get(), unknown.data(), unknown.size()), std::ssize(unknown));
+  there.Send(AlertMessage{"kept"});
+  there = {};
+  ASSERT_TRUE(here.Fill());
+  const auto message = here.Next();
+  ASSERT_TRUE(message);
+  EXPECT_EQ(std::visit(Describe(), *message), "alert kept");
 }
 
 TEST(Channel, BringsTheAnswerBack) {

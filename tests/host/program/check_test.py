@@ -17,7 +17,7 @@ FAULTS = [
     ("leaves_text_open", "ends each text of an item", "text 2 of item 0 has no end"),
     ("leaves_last_word", "clears the last word of each item's texts", "0xA5A5A5A5"),
     ("writes_past_texts", "writes to the texts' record alone", "beyond the record"),
-    ("writes_to_refused_texts", "leaves the texts alone of an item that it does not have", "it writes"),
+    ("writes_to_refused_texts", "does not touch the texts of an item that it does not have", "it writes"),
     ("odd_menu_status", "has a menu status", "-3"),
     ("takes_any_index", "refuses an item that it does not have", "item 1"),
     ("ignores_decline", "does nothing when the user declines", ""),

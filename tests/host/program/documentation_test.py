@@ -51,7 +51,7 @@ class BashCompletion(Case):
     def complete(self, *words):
         script = f'source {BASH}; COMP_WORDS=({" ".join(words)}); COMP_CWORD={len(words) - 1}; compopt() {{ :; }}; ' \
                  '_brvhost; printf "%s\\n" "${COMPREPLY[@]}"'
-        # On a line of its own: the completion switches patterns on that the rest is read with.
+        # Patterns are switched on first: the completion uses them, and bash reads the whole line before it runs any of it.
         process = subprocess.run(["bash", "-O", "extglob", "-c", script], capture_output=True, text=True, cwd=self.folder)
         self.assertEqual(process.stderr, "")
         return set(process.stdout.split())

@@ -35,7 +35,7 @@ class Failures(Case):
         self.fails(run(HIDE, "--all", self.score, "-o", "/dev/full"), 1, "/dev/full: is not a regular file")
         self.assertEqual(old.read_text(), "old")
 
-    def test_for_want_of_space_leave_the_old_file_whole(self):
+    def test_of_space_leave_the_old_file_whole(self):
         big = self.write("big.musicxml", score(NOTE * 5000))
         before = big.read_bytes()
         limit = "ulimit -f 64; "
@@ -47,7 +47,7 @@ class Failures(Case):
 
 
     @unittest.skipIf(SANITIZED, "the sanitizer wants all addresses")
-    def test_of_memory_within_a_call_are_answered_and_write_nothing(self):
+    def test_of_memory_within_a_call_return_failure_and_write_nothing(self):
         limit = "ulimit -v 1000000; "
         process = subprocess.run(["bash", "-c", limit + 'exec "$@"', "bash", PROGRAM, "run",
                                   faulty("saves_beyond_memory"), "--item", "0", "--all", "--in-place", str(self.score)],
@@ -91,7 +91,7 @@ class Interrupts(Case):
         while process.poll() is None and sent < 300:
             process.send_signal(signal.SIGINT)
             sent += 1
-            time.sleep(0.1)  # or two of them count as one
+            time.sleep(0.1)  # since two at once count as one
         process.communicate(timeout=30)
         self.assertEqual(process.returncode, 130)
         self.assertGreater(sent, 1, "the extension ended at the first")

@@ -1,4 +1,4 @@
-"""The installed kit: the tutorial's commands as they stand, pkg-config, and the Debian package."""
+"""The installed kit: the tutorial's commands as written, pkg-config, and the Debian package."""
 
 import os
 import re

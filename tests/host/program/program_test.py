@@ -72,7 +72,7 @@ class Run(Case):
                 self.succeeds(run(SHOW, "--all", self.out, "--in-place"))
                 self.assertEqual(self.out.read_bytes(), sample.read_bytes())
 
-    def test_writes_an_unchanged_score_where_it_was_told_to(self):
+    def test_writes_an_unchanged_score_to_the_file_that_is_named(self):
         process = self.succeeds(run(SHOW, "--all", self.score, "-o", self.out))
         self.assertEqual(self.out.read_text(), self.score.read_text())
         self.assertIn("No ledger lines were shown", process.stdout)
@@ -133,7 +133,7 @@ class Run(Case):
         self.score.write_text(score("\n<backup><duration>1</duration></backup>" + NOTE))
         process = self.succeeds(run(HIDE, "--all", self.score, "-o", self.out))
         self.assertIn("score.musicxml:2:", process.stderr)
-        self.assertIn("warning: a backup leads before the barline", process.stderr)
+        self.assertIn("warning: a backup goes back before the barline", process.stderr)
 
 
 class Records(Case):
@@ -190,7 +190,7 @@ class BadUsage(Case):
         for name in ("--staves", "--measures", "--start-at", "--end-at", "--layers", "-o", "--out-dir"):
             self.refuses("is empty", HIDE, name, "", *score_and_in_place)
         self.refuses("is empty", "", "--all", *score_and_in_place)
-        self.refuses("starts at staff 7, and there are 1", HIDE, "--staves", "7", *score_and_in_place)
+        self.refuses("starts at staff 7, but the score has only 1", HIDE, "--staves", "7", *score_and_in_place)
 
     def test_of_a_command_gets_one_line(self):
         self.fails(brvhost("fly"), 2, "there is no command fly; --help lists them")
@@ -201,7 +201,7 @@ class BadUsage(Case):
 
 
 class Streams(Case):
-    def test_that_lose_a_result_are_told(self):
+    def test_that_lose_a_result_are_reported(self):
         for command in (["info", SAMPLES / "winds.musicxml"], ["items", LEGER_LINES], ["--help"]):
             with open("/dev/full", "w") as full:
                 process = subprocess.run([PROGRAM, *map(str, command)], stdin=subprocess.DEVNULL, stdout=full,
@@ -209,7 +209,7 @@ class Streams(Case):
             self.assertEqual((process.returncode, process.stderr),
                              (1, "brvhost: the standard output cannot be written\n"))
 
-    def test_that_lose_messages_do_not_keep_scores_from_being_done(self):
+    def test_that_lose_messages_do_not_stop_the_work(self):
         bad = self.write("bad.musicxml", "<nothing/>")
         good = self.write("good.musicxml", score())
         with open("/dev/full", "w") as full:

@@ -31,7 +31,7 @@ class BadScores(Case):
     def container(root):
         return f'<container><rootfiles><rootfile full-path="{root}"/></rootfiles></container>'
 
-    def test_say_file_line_and_column(self):
+    def test_are_reported_with_file_line_and_column(self):
         self.refuses("a.xml", "not xml", "a.xml:1:1: not well-formed")
         self.refuses("b.xml", "", "is empty")
         self.refuses("c.xml", "<html></html>", "c.xml:1:1: not MusicXML")
@@ -39,7 +39,7 @@ class BadScores(Case):
         self.refuses("e.musicxml", score("\n  <attributes><divisions>0</divisions></attributes>"), "e.musicxml:2:27:")
         self.refuses("f.musicxml", "\x1f\x8b\x08 packed by another program", "f.musicxml:1:1")
 
-    def test_say_what_is_wrong_with_an_archive(self):
+    def test_are_reported_with_what_is_wrong_with_an_archive(self):
         self.refuses("a.mxl", self.archive({"x.xml": score()}), "no member META-INF/container.xml")
         self.refuses("b.mxl", self.archive({"META-INF/container.xml": self.container("y.xml")}), "no member y.xml")
         self.refuses("c.mxl", self.archive({"META-INF/container.xml": "<container/>"}), "names no root file")
@@ -53,8 +53,8 @@ class BadScores(Case):
         self.refuses("g.mxl", self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": "<html/>"}),
                      "g.mxl:1:1: not MusicXML")
 
-    def test_say_where_an_archive_is_damaged(self):
-        # A directory that says the right length, and one that does not, over a stream that was exchanged.
+    def test_are_reported_with_the_member_that_is_damaged(self):
+        # A directory with the right length, and one with a wrong length, over a stream that was replaced.
         content = score() + "<!-- some more, so that there is something to compress: " + "abc" * 100 + " -->"
         whole = self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": content})
         with zipfile.ZipFile(io.BytesIO(whole)) as archive:
@@ -63,10 +63,10 @@ class BadScores(Case):
         broken = whole[:stream] + b"\xff" * 8 + whole[stream + 8:]
         self.refuses("a.mxl", broken, "x.xml: its compressed data is damaged")
         crc = member.CRC.to_bytes(4, "little")
-        self.refuses("b.mxl", whole.replace(crc, bytes(4)), "x.xml: its checksum does not agree")
+        self.refuses("b.mxl", whole.replace(crc, bytes(4)), "x.xml: its checksum does not match")
         size = member.file_size.to_bytes(4, "little")
         less = (member.file_size - 1).to_bytes(4, "little")
-        self.refuses("c.mxl", whole.replace(size, less), "x.xml is larger than the archive says")
+        self.refuses("c.mxl", whole.replace(size, less), "x.xml is larger than the archive states")
         more = (member.file_size + 1).to_bytes(4, "little")
         self.refuses("d.mxl", whole.replace(size, more), "x.xml: its compressed data is damaged")
 
@@ -84,9 +84,9 @@ class BadScores(Case):
             path.write_bytes(content)
             command = ["bash", "-c", 'ulimit -v 600000; exec "$@"', "bash", PROGRAM, "info", str(path)]
             process = subprocess.run(command, capture_output=True, text=True, timeout=60)
-            self.fails(process, 2, "x.xml is smaller than the archive says")
+            self.fails(process, 2, "x.xml is smaller than the archive states")
 
-    def test_say_where_a_stored_member_is_damaged(self):
+    def test_are_reported_with_the_stored_member_that_is_damaged(self):
         path = self.folder / "made.zip"
         with zipfile.ZipFile(path, "w") as archive:
             archive.writestr("META-INF/container.xml", self.container("x.xml"))
@@ -113,7 +113,7 @@ class BadScores(Case):
 
 
 class OddScores(Case):
-    """Small files that say large numbers."""
+    """Small files that state large numbers."""
 
     def test_of_more_staves_than_there_can_be_take_no_memory_for_them(self):
         parts = "".join(f"<part id='{number}'><measure><note><staff>32767</staff></note></measure></part>"
@@ -128,7 +128,7 @@ class Archives(Case):
     def test_keep_every_other_member(self):
         path = self.folder / "a.mxl"
         with zipfile.ZipFile(path, "w") as archive:
-            # Written long ago, as far as it says.
+            # Written long ago, by its date.
             archive.writestr(zipfile.ZipInfo("old.txt", (1999, 12, 31, 23, 59, 58)), "old")
             archive.writestr("mimetype", "application/vnd.recordare.musicxml", zipfile.ZIP_STORED)
             archive.writestr("META-INF/container.xml", BadScores.container("score.xml"), zipfile.ZIP_DEFLATED)

@@ -54,7 +54,7 @@ class Scores(Case):
                     continue
                 self.assertEqual(before, after)
                 same += 1
-        self.assertGreater(same, len(SCORES) / 2, "most scores hide nothing to begin with")
+        self.assertGreater(same, len(SCORES) / 2, "most scores have nothing hidden")
 
     def test_keep_the_other_members_of_their_archives(self):
         for score in (score for score in SCORES if score.suffix == ".mxl"):

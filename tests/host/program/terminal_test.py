@@ -27,7 +27,7 @@ class Terminal(Case):
         process, screen = pty.fork()
         if process == 0:
             os.environ["LANGUAGE"] = "en"
-            signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # as a shell has it; Python ignores it
+            signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # as in a shell; Python ignores it
             os.execv(PROGRAM, [PROGRAM, *map(str, arguments)])
         shown = b""
         answered = False
@@ -70,7 +70,7 @@ class Terminal(Case):
         self.assertEqual(status, 130, shown)
         self.assertEqual(self.score.read_text(), score())
 
-    def test_says_so_when_nobody_is_there_for_the_answer(self):
+    def test_reports_that_nobody_is_there_for_the_answer(self):
         def kill_who_asks(process):
             children = pathlib.Path(f"/proc/{process}/task/{process}/children").read_text().split()
             self.assertEqual(len(children), 1)
@@ -83,7 +83,7 @@ class Terminal(Case):
         self.assertIn("Killed", shown)
         self.assertEqual(self.score.read_text(), score())
 
-    def test_shows_how_far_the_extension_is_until_ctrl_c(self):
+    def test_shows_the_progress_of_the_extension_until_ctrl_c(self):
         command = ["run", faulty("works_until_cancelled"), "--item", 0, "--all", "--in-place", self.score]
         shown, status = self.on_terminal(command, b"] 20/1000", b"\x03")
         self.assertEqual(status, 130)

@@ -10,7 +10,7 @@ std::optional<std::int32_t> TicksOf(const char* text) {
   return number ? number->Rounded(10080) : std::nullopt;
 }
 
-TEST(ParseFraction, ReadsWholeDecimalAndBrokenNumbers) {
+TEST(ParseFraction, ReadsWholeAndDecimalNumbersAndFractions) {
   EXPECT_EQ(TicksOf("2"), 20160);
   EXPECT_EQ(TicksOf("2.5"), 25200);
   EXPECT_EQ(TicksOf("5/2"), 25200);
@@ -20,7 +20,7 @@ TEST(ParseFraction, ReadsWholeDecimalAndBrokenNumbers) {
   EXPECT_EQ(TicksOf("3."), 30240);
 }
 
-TEST(ParseFraction, RefusesWhatIsNoNumber) {
+TEST(ParseFraction, RefusesWhatIsNotANumber) {
   for (const char* text :
        {"", " ", ".", "-", "x", "1e3", "1,5", "1 2", "1/0", "1/-2", "1/2/3", "1.5/2", "0x10", "--1"}) {
     EXPECT_FALSE(ParseFraction(text)) << text;
@@ -48,7 +48,7 @@ TEST(Fraction, RoundsToTheNearestUnit) {
   EXPECT_EQ((Fraction{-1, 3}).Rounded(10), -3);
 }
 
-TEST(Fraction, SaysWhenANumberDoesNotFit) {
+TEST(Fraction, IsNullWhenANumberDoesNotFit) {
   EXPECT_FALSE((Fraction{INT64_MAX, 1}).Plus({1, 1}));
   EXPECT_FALSE((Fraction{1, INT64_MAX}).Plus({1, INT64_MAX - 1}));
   EXPECT_FALSE((Fraction{INT64_MAX, 1}).Rounded(10080));

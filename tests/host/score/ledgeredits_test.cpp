@@ -4,6 +4,8 @@
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 
+#include <tuple>
+
 #include "host/text/inputerror.h"
 #include "tests/host/scores.h"
 
@@ -24,7 +26,7 @@ std::string WithAll(const std::string& document, bool hidden) {
   return Edited(document, score);
 }
 
-// What the notes of a measure become.
+// The notes of a measure after the edits.
 std::string NotesWith(const std::string& notes, bool hidden) {
   const std::string measure = "<measure>";
   const std::string all = WithAll(Partwise(measure + notes + "</measure>"), hidden);
@@ -77,7 +79,7 @@ TEST(LedgerEdits, CountTheEntriesThatChangeAndNotTheirNotes) {
   EXPECT_EQ(LedgerEdits(document, score).ChangedEntries(), 2u);
 }
 
-// One document in many dresses: whatever stands around the notes has to come through.
+// One document in many forms: everything around the notes has to stay.
 std::string Document(const std::string& encoding, const std::string& lineEnd) {
   return "<?xml version=\"1.0\" encoding='" + encoding + "' ?>" + lineEnd +
          "<!DOCTYPE score-partwise [<!ENTITY flat \"&#x266D;\">]>" + lineEnd + "<!-- <note> is no note -->" + lineEnd +
@@ -101,14 +103,14 @@ std::string Encode(const std::string& utf8, const char* encoding) {
   return bytes;
 }
 
-struct Dress {
+struct Form {
   const char* declared;
   const char* encoding;
   const char* mark;  // a byte-order mark
   std::size_t markLength;
 };
 
-// The document of above with all its notes hidden.
+// The document above with all its notes hidden.
 std::string HiddenByHand(std::string text) {
   for (const char* const tag : {"<note\tdefault", "<note >", "<note><rest"}) {
     text.insert(text.find(tag) + 5, " print-leger=\"no\"");
@@ -123,27 +125,27 @@ void ExpectEveryOtherByteStands(const std::string& text, const Encoder& encoded)
   EXPECT_EQ(WithAll(hidden, false), encoded(text));
 }
 
-class LedgerEditsKeep : public testing::TestWithParam<std::tuple<Dress, const char*>> {};
+class LedgerEditsKeep : public testing::TestWithParam<std::tuple<Form, const char*>> {};
 
 TEST_P(LedgerEditsKeep, EveryOtherByte) {
-  const auto& [dress, lineEnd] = GetParam();
-  ExpectEveryOtherByteStands(Document(dress.declared, lineEnd), [&d = dress](const std::string& plain) {
-    return std::string(d.mark, d.markLength).append(Encode(plain, d.encoding));
+  const auto& [form, lineEnd] = GetParam();
+  ExpectEveryOtherByteStands(Document(form.declared, lineEnd), [&f = form](const std::string& plain) {
+    return std::string(f.mark, f.markLength).append(Encode(plain, f.encoding));
   });
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Dresses, LedgerEditsKeep,
-    testing::Combine(testing::Values(Dress{"UTF-8", "UTF-8", "", 0}, Dress{"UTF-8", "UTF-8", "\xEF\xBB\xBF", 3},
-                                     Dress{"UTF-16", "UTF-16LE", "\xFF\xFE", 2},
-                                     Dress{"UTF-16", "UTF-16BE", "\xFE\xFF", 2}, Dress{"UTF-16", "UTF-16LE", "", 0},
-                                     Dress{"UTF-16", "UTF-16BE", "", 0}, Dress{"UTF-16LE", "UTF-16LE", "\xFF\xFE", 2},
-                                     Dress{"utf-16be", "UTF-16BE", "", 0}, Dress{"ISO-8859-1", "ISO-8859-1", "", 0},
-                                     Dress{"windows-1252", "windows-1252", "", 0},
-                                     Dress{"macintosh", "macintosh", "", 0}),
+    Forms, LedgerEditsKeep,
+    testing::Combine(testing::Values(Form{"UTF-8", "UTF-8", "", 0}, Form{"UTF-8", "UTF-8", "\xEF\xBB\xBF", 3},
+                                     Form{"UTF-16", "UTF-16LE", "\xFF\xFE", 2},
+                                     Form{"UTF-16", "UTF-16BE", "\xFE\xFF", 2}, Form{"UTF-16", "UTF-16LE", "", 0},
+                                     Form{"UTF-16", "UTF-16BE", "", 0}, Form{"UTF-16LE", "UTF-16LE", "\xFF\xFE", 2},
+                                     Form{"utf-16be", "UTF-16BE", "", 0}, Form{"ISO-8859-1", "ISO-8859-1", "", 0},
+                                     Form{"windows-1252", "windows-1252", "", 0},
+                                     Form{"macintosh", "macintosh", "", 0}),
                      testing::Values("\n", "\r\n", "\r", "")));
 
-// Without a mark or a declaration the first character shows how the document reads, and it need not be a "<".
+// Without a mark or a declaration the first character shows the encoding, and it need not be a "<".
 TEST(LedgerEdits, KeepUtf16WithoutAMarkWhateverBlanksItStartsWith) {
   const std::string declared = Document("", "\n");
   const std::string text = declared.substr(declared.find("<!DOCTYPE"));
@@ -155,7 +157,7 @@ TEST(LedgerEdits, KeepUtf16WithoutAMarkWhateverBlanksItStartsWith) {
   }
 }
 
-// The parser changes to the encoding that is declared, whatever the declaration itself is written in.
+// The parser changes to the declared encoding, whatever the declaration itself is written in.
 TEST(LedgerEdits, ChangeBytesWhereOnlyTheDeclarationIsInUtf16) {
   for (const char* const encoding : {"UTF-16LE", "UTF-16BE"}) {
     const std::string declaration = Encode("<?xml version='1.0' encoding='windows-1252'?>", encoding);
@@ -165,7 +167,7 @@ TEST(LedgerEdits, ChangeBytesWhereOnlyTheDeclarationIsInUtf16) {
   }
 }
 
-TEST(LedgerEdits, RefuseToChangeANoteThatAnEntityBringsIn) {
+TEST(LedgerEdits, RefuseToChangeANoteThatComesFromAnEntity) {
   const std::string document = "<!DOCTYPE score-partwise [<!ENTITY n \"<note><duration>1</duration></note>\">]>\n" +
                                Partwise("\n" + Measure("\u00E9&n;" + Note()));
   Score score = ReadMusicXml(document);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+
 #include "tests/host/scores.h"
 
 namespace brvhost {
@@ -13,8 +15,8 @@ NoteElement OnStaff(int staff) {
   return element;
 }
 
-TEST(MeasureBuilder, TakesAChordOverAllStavesInNoTime) {
-  constexpr int kNotes = 300'000;  // of which twelve make an entry
+TEST(MeasureBuilder, TakesAChordOverAllStavesQuickly) {
+  constexpr int kNotes = 300'000;  // twelve to an entry
   MeasureBuilder measure;
   measure.AddNote(OnStaff(1));
   for (int staff = 2; staff < kMaxStaves; ++staff) measure.AddToChord(OnStaff(staff));

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
 #include "host/text/inputerror.h"
 #include "tests/host/scores.h"
 
@@ -81,13 +86,13 @@ TEST(ReadMusicXml, GivesACrossStaffChordToBothStaves) {
   EXPECT_EQ(EntriesOf(ScoreOf(notes)), (Entries{{1, 1, 0, 0, 1}, {2, 1, 0, 0, 2}}));
 }
 
-TEST(ReadMusicXml, KeepsAChordTogetherWhateverStandsBetweenAndWhateverVoicesItsNotesName) {
+TEST(ReadMusicXml, KeepsAChordTogetherWhateverIsBetweenAndWhateverVoicesItsNotesName) {
   const std::string notes =
       Note("<voice>X</voice>") + "<direction><staff>1</staff></direction>" + Note("<chord/><voice>Y</voice>");
   EXPECT_EQ(EntriesOf(ScoreOf(notes)), (Entries{{1, 1, 0, 0, 2}}));
 }
 
-TEST(ReadMusicXml, PutsAGraceNoteWhereTheNoteStandsThatItLeadsTo) {
+TEST(ReadMusicXml, PutsAGraceNoteWhereTheNoteIsThatItLeadsTo) {
   EXPECT_EQ(EntriesOf(ScoreOf(Note() + "<note><grace/></note><note><grace/><chord/></note>" + Note())),
             (Entries{{1, 1, 0, 0, 1}, {1, 1, 0, 10080, 2}, {1, 1, 0, 10080, 1}}));
 }
@@ -103,7 +108,7 @@ TEST(ReadMusicXml, KeepsEntriesInAscendingOrderWhenAVoiceGoesBack) {
   EXPECT_EQ(EntriesOf(ScoreOf(notes)), (Entries{{1, 1, 0, 0, 2}, {1, 1, 0, 0, 1}, {1, 1, 0, 10080, 1}}));
 }
 
-TEST(ReadMusicXml, FollowsDivisionsThatChangeInMidMeasure) {
+TEST(ReadMusicXml, FollowsDivisionsThatChangeWithinAMeasure) {
   const std::string notes = "<attributes><divisions>3</divisions></attributes>" + Note() +
                             "<attributes><divisions>7</divisions></attributes>" + Note() + Note();
   EXPECT_EQ(EntriesOf(ScoreOf(notes)), (Entries{{1, 1, 0, 0, 1}, {1, 1, 0, 3360, 1}, {1, 1, 0, 4800, 1}}));
@@ -126,7 +131,7 @@ TEST(ReadMusicXml, DoesNotAddUpRoundingErrors) {
   EXPECT_EQ(EntriesOf(ScoreOf(notes)).back().position, 100800) << "110 elevenths of a quarter are 10 quarters";
 }
 
-TEST(ReadMusicXml, TakesOnlyItsOwnChildrenForANotes) {
+TEST(ReadMusicXml, TakesOnlyTheChildrenOfANoteForItsOwn) {
   const std::string notes =
       "<note><notations><voice>9</voice><staff>3</staff><duration>8</duration></notations>"
       "<duration>1</duration></note>" +
@@ -179,9 +184,9 @@ TEST(ReadMusicXml, ReadsEveryEncodingThatTheDeclarationNames) {
   EXPECT_EQ(nameIn(wide), "Oboe");
 }
 
-std::string WithZeros(const std::string& text, std::size_t before, std::size_t behind) {
+std::string WithZeros(const std::string& text, std::size_t before, std::size_t after) {
   std::string wide;
-  for (const char character : text) wide.append(before, '\0').append(1, character).append(behind, '\0');
+  for (const char character : text) wide.append(before, '\0').append(1, character).append(after, '\0');
   return wide;
 }
 
@@ -195,7 +200,7 @@ void PrintTo(const BadScore& score, std::ostream* out) { *out << score.document.
 
 class ReadMusicXmlRefuses : public testing::TestWithParam<BadScore> {};
 
-TEST_P(ReadMusicXmlRefuses, WhatIsWrongAndSaysWhere) {
+TEST_P(ReadMusicXmlRefuses, WhatIsWrongAndReportsWhere) {
   try {
     ReadMusicXml(GetParam().document);
     FAIL() << "it was read";
@@ -272,7 +277,7 @@ TEST(ReadMusicXml, TakesThirtyTwoThousandSevenHundredAndSixtySevenStavesOfAllPar
   EXPECT_EQ(EntriesOf(score), (Entries{{20000, 1, 0, 0, 1}, {32767, 1, 0, 0, 1}}));
 }
 
-// A list names each part once. Were a name copied to each part that claims it, a small document would fill the memory.
+// A list names each part once. If a name were copied to each part with its id, a small document would fill the memory.
 TEST(ReadMusicXml, NamesTheFirstPartOfAnId) {
   const Score score = ReadMusicXml(
       "<score-partwise><part-list><score-part id='A'><part-name>Oboe</part-name>"
@@ -284,7 +289,7 @@ TEST(ReadMusicXml, NamesTheFirstPartOfAnId) {
   EXPECT_EQ(score.parts[1].instruments, 1);
 }
 
-TEST(ReadMusicXml, RefusesEntitiesThatGrowBeyondMeasure) {
+TEST(ReadMusicXml, RefusesEntitiesThatGrowWithoutLimit) {
   std::string document = "<!DOCTYPE score-partwise [<!ENTITY a0 'aaaaaaaaaaaaaaaaaaaa'>";
   for (int i = 1; i < 9; ++i) {
     const std::string inner = "&a" + std::to_string(i - 1) + ";";

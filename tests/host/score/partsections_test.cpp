@@ -4,7 +4,9 @@
 #include <rapidcheck/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <sstream>
+#include <string>
 
 #include "host/text/inputerror.h"
 #include "tests/host/scores.h"
@@ -16,7 +18,7 @@ std::string Part(const std::string& id, const std::string& measures) {
   return "<part id=\"" + id + "\">" + measures + "</part>\n";
 }
 
-// A score of two parts, and what stands before it and them.
+// A score of two parts, with what comes before it and them.
 std::string TwoParts(const std::string& first, const std::string& second, const std::string& prolog = "",
                      const std::string& partList = "") {
   return prolog + "<score-partwise>\n" + partList + Part("A", first) + Part("B", second) + "</score-partwise>\n";
@@ -64,7 +66,7 @@ std::string Everything(const Score& score) {
   return text.str();
 }
 
-TEST(PartSections, CutBeforeEachPartButTheFirst) {
+TEST(PartSections, AreCutBeforeEachPartButTheFirst) {
   const std::string document = TwoParts(Measure(Note()), Measure(Note()));
   const auto sections = PartSections(document, 1);
   ASSERT_EQ(sections.size(), 2u);
@@ -81,7 +83,7 @@ TEST(PartSections, AreNotSmallerThanAsked) {
   EXPECT_EQ(PartSections(document, document.size() - 1).size(), 1u);
 }
 
-TEST(PartSections, AreNoneOfATimewiseScoreOrOfNone) {
+TEST(PartSections, AreNoneOfATimewiseScoreOrOfAnEmptyText) {
   EXPECT_TRUE(
       PartSections("<score-timewise><measure><part id='A'/><part id='B'/></measure></score-timewise>", 1).empty());
   EXPECT_TRUE(PartSections("", 1).empty());
@@ -179,7 +181,7 @@ TEST(ReadMusicXml, ReadsALargeScoreInPartsAsOneReaderDoes) {
 }
 
 // Pieces of scores, well formed and not.
-RC_GTEST_PROP(ReadSections, NeverFindsOtherThanOneReader, ()) {
+RC_GTEST_PROP(ReadSections, NeverFindsAnythingElseThanOneReader, ()) {
   const std::vector<std::string> pieces = {"<part id=\"A\">",
                                            "</part>",
                                            "<part id='B'>",
@@ -200,7 +202,7 @@ RC_GTEST_PROP(ReadSections, NeverFindsOtherThanOneReader, ()) {
                                            "\n"};
   std::string document = "<score-partwise>";
   const auto chosen = *rc::gen::container<std::vector<std::size_t>>(rc::gen::inRange<std::size_t>(0, pieces.size()));
-  // Mostly whole parts, so that many documents are well formed.
+  // Whole parts in most places, so that many documents are well formed.
   for (const std::size_t index : chosen) {
     document += *rc::gen::inRange(0, 40) == 0 ? pieces[index] : Part("P", Measure(Note()) + Measure(Note("<rest/>")));
   }

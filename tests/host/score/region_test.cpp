@@ -23,7 +23,7 @@ TEST(ParseNumberRange, ReadsNumbersAndOpenAndClosedRanges) {
   EXPECT_EQ(ParseNumberRange("-5")->first, 1);
 }
 
-TEST(ParseNumberRange, RefusesWhatIsNone) {
+TEST(ParseNumberRange, RefusesWhatIsNotARange) {
   for (const char* text : {"", "-", "0", "0-2", "5-2", "a", "1-b", "1 - 2", "1-2-3", "99999999999", "1.5"}) {
     EXPECT_FALSE(ParseNumberRange(text)) << text;
   }
@@ -31,7 +31,7 @@ TEST(ParseNumberRange, RefusesWhatIsNone) {
 
 TEST(RegionOf, IsNoneWhenNothingIsAskedFor) { EXPECT_FALSE(RegionOf({}, FourByTen())); }
 
-TEST(RegionOf, ReachesAsFarAsTheScoreWhereNothingIsSaid) {
+TEST(RegionOf, ReachesAsFarAsTheScoreWhereNothingElseIsGiven) {
   RegionRequest request;
   request.startAt = Fraction{5, 2};
   const auto region = RegionOf(request, FourByTen());

@@ -32,7 +32,7 @@ TEST_F(Document, LoadsTheEntriesOfAPlace) {
   EXPECT_EQ(+rest.entryFlags[3], 0);
 }
 
-TEST_F(Document, HasNoFrameWhereNothingStands) {
+TEST_F(Document, HasNoFrameWhereThereAreNoEntries) {
   EXPECT_EQ(document.LoadFrame(1, 2, 0), nullptr);
   EXPECT_EQ(document.LoadFrame(1, 1, 1), nullptr);
   EXPECT_EQ(document.LoadFrame(2, 1, 0), nullptr);

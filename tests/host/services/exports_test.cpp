@@ -2,6 +2,7 @@
 // there is no memory. Every allocation of this program can be made to fail.
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdlib>
 #include <functional>
 #include <new>
@@ -11,6 +12,7 @@
 #include "BrvEDK/Source/convention.h"
 #include "BrvEDK/Source/recordtag.h"
 #include "BrvEDK/Source/stringids.h"
+#include "host/services/edatastore.h"
 #include "host/services/session.h"
 #include "tests/host/scores.h"
 
@@ -101,13 +103,13 @@ class Exports : public testing::Test {
   Session session{extension, document, user, {}};
 };
 
-TEST_F(Exports, AnswerThatAFrameWasFreed) {
+TEST_F(Exports, ReportThatAFrameWasFreed) {
   EXTGF2005a* const frame = Load();
   EXPECT_EQ(BX_FreeTGF(frame, kBrvVersion), 1);
   EXPECT_EQ(BX_FreeTGF(frame, kBrvVersion), 0);
 }
 
-TEST_F(Exports, AnswerThatProgressEnded) {
+TEST_F(Exports, ReportThatProgressEnded) {
   void* const display = BX_StartMassEdit(nullptr, 10, kBrvVersion);
   EXPECT_EQ(BX_MassEditProgress(display, 4 | 0x70000, 0, 0, -1, kBrvVersion), 1);
   EXPECT_EQ(user.done, 4);
@@ -194,7 +196,7 @@ TEST_F(Exports, ShowNoAlertWithoutMemory) {
   EXPECT_EQ(user.shown, text);
 }
 
-TEST_F(Exports, AnswerFailureWhenTheUserIsOutOfReach) {
+TEST_F(Exports, ReturnFailureWhenTheUserIsOutOfReach) {
   void* const display = BX_StartMassEdit(nullptr, 10, kBrvVersion);
   user.inReach = false;
   EXPECT_EQ(BX_MassEditProgress(display, 1, 0, 0, -1, kBrvVersion), 0);
@@ -210,7 +212,7 @@ TEST_F(Exports, KeepNoFailureWhereThereWasNone) {
   EXPECT_NO_THROW(session.RethrowFailure());
 }
 
-TEST(ExportsWithoutASession, AnswerAsAHostThatCanDoNothing) {
+TEST(ExportsWithoutASession, ReturnWhatAHostDoesThatCanDoNothing) {
   EDataKey key{1, 2};
   std::int32_t size = 4;
   EREGION region{};

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include "BrvEDK/Source/documentrecords.h"
 #include "tests/host/scores.h"

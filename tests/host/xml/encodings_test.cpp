@@ -1,10 +1,11 @@
-// The encodings that a declaration may name, beside the library that knows them.
+// The encodings that a declaration may name, compared with the library that knows them.
 #include <gtest/gtest.h>
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 
 #include <algorithm>
 #include <cctype>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -54,7 +55,7 @@ std::optional<std::string> ReadName(const std::string& encoding, const std::stri
   }
 }
 
-TEST(Encodings, AreReadOrRefusedInNoTime) {
+TEST(Encodings, AreReadOrRefusedQuickly) {
   const auto encodings = AllEncodings();
   ASSERT_GT(encodings.size(), 200u);
   int read = 0;
@@ -119,14 +120,14 @@ TEST(Encodings, AreReadAsTheyAreWritten) {
     std::string bytes = "Oboe";
     std::string expected = bytes;
     if (!letters.text.empty()) {
-      char room[64];
+      char buffer[64];
       UConverter* const converter = ucnv_open(letters.encoding, &error);
       ucnv_setFromUCallBack(converter, UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
-      const int32_t length = ucnv_fromUChars(converter, room, sizeof room, letters.text.data(),
+      const int32_t length = ucnv_fromUChars(converter, buffer, sizeof(buffer), letters.text.data(),
                                              static_cast<int32_t>(letters.text.size()), &error);
       ASSERT_TRUE(U_SUCCESS(error)) << u_errorName(error);
       ucnv_close(converter);
-      bytes.assign(room, static_cast<std::size_t>(length));
+      bytes.assign(buffer, static_cast<std::size_t>(length));
       expected.clear();
       icu::UnicodeString(letters.text.data(), static_cast<int32_t>(letters.text.size())).toUTF8String(expected);
     }

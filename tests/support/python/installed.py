@@ -18,7 +18,7 @@ def install(prefix):
 
 
 def build_example(folder):
-    """ScoreReport's bundle, in a folder that is the caller's."""
+    """ScoreReport's bundle, built in the caller's folder."""
     install(folder / "prefix")
     run("cmake", "-S", SOURCE / "examples" / "ScoreReport", "-B", folder / "build", f"-DCMAKE_PREFIX_PATH={folder / 'prefix'}")
     run("cmake", "--build", folder / "build")

@@ -1,4 +1,4 @@
-"""An independent reader of MusicXML: what stands where, from the XML alone, with exact fractions."""
+"""An independent reader of MusicXML: what is where, from the XML alone, with exact fractions."""
 
 import fractions
 import re
@@ -97,7 +97,7 @@ def read(root):
 
 
 def attributes_after_hiding(entries, is_selected):
-    """What hiding the ledger lines of selected entries has to make of each note's attribute, by note."""
+    """What each note's attribute has to be once the ledger lines of selected entries are hidden, by note."""
     wanted = {}
     for entry in entries:
         changes = is_selected(entry) and not entry.is_hidden()
