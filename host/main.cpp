@@ -1,14 +1,17 @@
 #include <fmt/format.h>
+#include <CLI/CLI.hpp>
 
 #include <cstdio>
 #include <exception>
 #include <iostream>
 #include <string_view>
 
-#include "host/batch/exitstatus.h"
-#include "host/bundle/extension.h"
+#include "host/bundle/loadedbundle.h"
+#include "host/commands/commandline.h"
 #include "host/commands/commands.h"
-#include "host/text/streams.h"
+#include "host/commands/options.h"
+#include "host/process/exitstatus.h"
+#include "host/process/streams.h"
 
 namespace {
 
@@ -29,11 +32,11 @@ void CheckCommand(const CLI::App& app, int argc, char** argv) {
 }
 
 int Explain(int status, std::string_view message) {
-  Say(stderr, "brvhost: {}\n", message);
+  Print(stderr, "brvhost: {}\n", message);
   return status;
 }
 
-// Whoever reads a result in a file must know when it is not all there.
+// Whoever reads a result from a file must know when it is incomplete.
 int Finished(int status) {
   std::cout.flush();
   if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && std::cout.good()) return status;

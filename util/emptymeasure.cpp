@@ -3,12 +3,9 @@
 
 namespace {
 
-// Bit 30 of the 32-bit word of entryFlags.
-constexpr std::uint8_t kContentBit = 0x40;
-
 bool HasContent(const EXTGF2005a& frame) {
   for (int i = 0; i < frame.entryCount; ++i) {
-    if ((frame.entries[i].entryFlags[3] & kContentBit) != 0) return true;
+    if ((frame.entries[i].entryFlags[kContentByte] & kContentBit) != 0) return true;
   }
   return false;
 }

@@ -10,7 +10,6 @@ std::uint8_t CanAddNoteRecordToRests = 1;
 
 namespace {
 
-constexpr std::uint16_t kNoteIDBits = 0x1F;
 constexpr std::uint16_t kPlaceholderNote = 0x8000;
 constexpr int kPlaceholderByte = 3;  // of the entry's flags
 constexpr std::uint8_t kHasPlaceholder = 0x01;

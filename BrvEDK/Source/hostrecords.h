@@ -102,3 +102,11 @@ inline constexpr std::uint16_t kDocumentRecord = 0xFFFE;
 
 // The bit of EXENTRY::flags that hides the entry's ledger lines.
 inline constexpr std::uint16_t kNoLegerLines = 0x40;
+
+// The bit of EXENTRY::entryFlags that marks an entry as music, and the byte that it is in: set for notes, clear for
+// rests.
+inline constexpr int kContentByte = 3;
+inline constexpr std::uint8_t kContentBit = 0x40;
+
+// The bits of EXNOTE::noteWord that repeat the low bits of the note's identifier.
+inline constexpr std::uint16_t kNoteIDBits = 0x1F;

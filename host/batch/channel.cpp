@@ -5,64 +5,59 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdint>
-#include <cstring>
+#include <cstddef>
+#include <string_view>
 #include <system_error>
 
 namespace brvhost {
 namespace {
 
-// A message is its kind, the length of its text, and the text.
-constexpr std::size_t kHead = 1 + sizeof(std::uint32_t);
+constexpr std::string_view kYes("\1", 1);
+constexpr std::string_view kNo("\0", 1);
 
 void WriteAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t count = send(descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return;  // whoever listened is gone, which must not end this process too
+    if (count < 0) return;  // the other process is gone, which must not end this one too
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }
 }
 
-ssize_t ReadSome(int descriptor, char* room, std::size_t size) {
+ssize_t ReadSome(int descriptor, char* buffer, std::size_t size) {
   for (;;) {
-    const ssize_t count = read(descriptor, room, size);
+    const ssize_t count = read(descriptor, buffer, size);
     if (count >= 0 || errno != EINTR) return count;
   }
 }
 
 }  // namespace
 
-void Channel::Send(MessageKind kind, std::string_view text) const {
-  std::string bytes(1, static_cast<char>(kind));
-  const auto length = static_cast<std::uint32_t>(text.size());
-  bytes.append(reinterpret_cast<const char*>(&length), sizeof length).append(text);
-  WriteAll(socket_.Get(), bytes);
-}
+void Channel::Send(const Message& message) const { WriteAll(socket_.Get(), Encode(message)); }
 
-void Channel::SendAnswer(bool yes) const { WriteAll(socket_.Get(), yes ? "y" : "n"); }
+void Channel::SendAnswer(bool yes) const { WriteAll(socket_.Get(), yes ? kYes : kNo); }
 
 bool Channel::ReceiveAnswer() const {
-  char answer = 'n';
-  return ReadSome(socket_.Get(), &answer, 1) == 1 && answer == 'y';
+  char answer;
+  return ReadSome(socket_.Get(), &answer, 1) == 1 && answer == kYes[0];
 }
 
 bool Channel::Fill() {
-  char room[4096];
-  const ssize_t count = ReadSome(socket_.Get(), room, sizeof room);
+  char buffer[4096];
+  const ssize_t count = ReadSome(socket_.Get(), buffer, sizeof(buffer));
   if (count <= 0) return false;
-  arrived_.append(room, static_cast<std::size_t>(count));
+  arrived_.append(buffer, static_cast<std::size_t>(count));
   return true;
 }
 
+// Passes over what an extension may have sent that writes to any descriptor.
 std::optional<Message> Channel::Next() {
-  if (arrived_.size() < kHead) return std::nullopt;
-  std::uint32_t length;
-  std::memcpy(&length, arrived_.data() + 1, sizeof length);
-  if (arrived_.size() - kHead < length) return std::nullopt;
-  Message message{static_cast<MessageKind>(arrived_[0]), arrived_.substr(kHead, length)};
-  arrived_.erase(0, kHead + length);
-  return message;
+  while (const auto size = EncodedSize(arrived_)) {
+    auto message = Decode(std::string_view(arrived_).substr(0, *size));
+    arrived_.erase(0, *size);
+    if (message) return message;
+  }
+  return std::nullopt;
 }
 
 std::pair<Channel, Channel> ConnectedChannels() {

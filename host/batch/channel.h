@@ -3,27 +3,12 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
+#include <utility>
 
-#include "host/files/descriptor.h"
+#include "host/batch/message.h"
+#include "host/process/descriptor.h"
 
 namespace brvhost {
-
-enum class MessageKind : char {
-  kTell,         // text for the user
-  kAsk,          // a question; the answer is one byte
-  kWarn,         // text about the score
-  kProgress,     // "done total"
-  kProgressEnd,  // the display is to go
-  kFailInput,    // why the score cannot be used; the last message
-  kFailOutput,   // why the result could not be written; the last message
-  kDone,         // "changed-entries entries"; the last message
-};
-
-struct Message {
-  MessageKind kind;
-  std::string text;
-};
 
 class Channel {
  public:
@@ -32,15 +17,15 @@ class Channel {
 
   int Get() const { return socket_.Get(); }
 
-  void Send(MessageKind kind, std::string_view text = {}) const;
+  void Send(const Message& message) const;
   void SendAnswer(bool yes) const;
   // Waits; no answer is no.
-  bool ReceiveAnswer() const;
+  [[nodiscard]] bool ReceiveAnswer() const;
 
-  // Takes in what has arrived, waiting for something; false at the end.
-  bool Fill();
-  // The next whole message that was taken in.
-  std::optional<Message> Next();
+  // Waits for something to arrive and takes it in; false at the end.
+  [[nodiscard]] bool Fill();
+  // The next whole message that was taken in, or null.
+  [[nodiscard]] std::optional<Message> Next();
 
  private:
   Descriptor socket_;
@@ -48,6 +33,6 @@ class Channel {
 };
 
 // The two ends. Throws std::system_error.
-std::pair<Channel, Channel> ConnectedChannels();
+[[nodiscard]] std::pair<Channel, Channel> ConnectedChannels();
 
 }  // namespace brvhost

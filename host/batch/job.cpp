@@ -3,64 +3,46 @@
 #include <fmt/format.h>
 #include <strings.h>
 
-#include "host/batch/exitstatus.h"
-#include "host/batch/interrupt.h"
+#include <cstddef>
+#include <exception>
+#include <new>
+
+#include "BrvEDK/Source/hostrecords.h"
+#include "host/batch/distantuser.h"
 #include "host/files/outputerror.h"
+#include "host/process/exitstatus.h"
+#include "host/process/interrupt.h"
+#include "host/services/document.h"
 #include "host/services/session.h"
 #include "host/text/inputerror.h"
 
 namespace brvhost {
 namespace {
 
-constexpr std::size_t kMostWarnings = 5;
-
-// The user, at the other end of the channel.
-class DistantUser : public User {
- public:
-  DistantUser(const Channel& channel, bool agrees) : channel_(channel), agrees_(agrees) {}
-
-  void Tell(const std::string& text) override { channel_.Send(MessageKind::kTell, text); }
-
-  bool Ask(const std::string& question) override {
-    if (agrees_) return true;
-    channel_.Send(MessageKind::kAsk, question);
-    return channel_.ReceiveAnswer();
-  }
-
-  void ShowProgress(std::int64_t done, std::int64_t total) override {
-    channel_.Send(MessageKind::kProgress, fmt::format("{} {}", done, total));
-  }
-
-  void EndProgress() override { channel_.Send(MessageKind::kProgressEnd); }
-
- private:
-  const Channel& channel_;
-  const bool agrees_;
-};
+constexpr std::size_t kMaxWarnings = 5;
 
 void SendWarnings(const ScoreFile& file, const Channel& channel) {
   const auto& warnings = file.GetScore().warnings;
-  for (std::size_t i = 0; i < warnings.size() && i < kMostWarnings; ++i) {
+  for (std::size_t i = 0; i < warnings.size() && i < kMaxWarnings; ++i) {
     const ScoreWarning& warning = warnings[i];
-    channel.Send(MessageKind::kWarn, Located(file.Path(), {warning.line, warning.column}, "warning: " + warning.text));
+    channel.Send(WarningMessage{Located(file.Path(), {warning.line, warning.column}, "warning: " + warning.text)});
   }
-  if (warnings.size() <= kMostWarnings) return;
-  channel.Send(MessageKind::kWarn,
-               fmt::format("{}: warning: {} more like these", file.Path(), warnings.size() - kMostWarnings));
+  if (warnings.size() <= kMaxWarnings) return;
+  channel.Send(
+      WarningMessage{fmt::format("{}: warning: {} more like these", file.Path(), warnings.size() - kMaxWarnings)});
 }
 
 void Invoke(ScoreFile& file, const JobSettings& settings, const Extension& extension, const Channel& channel) {
   DistantUser user(channel, settings.agree);
   OpenDocument document(file.GetScore());
-  Session session(extension, document, user);
-  session.region = RegionOf(settings.region, file.GetScore());
-  session.shownLayers = settings.shownLayers;
+  const std::optional<EREGION> region = RegionOf(settings.region, file.GetScore());
+  Session session(extension, document, user, {region, settings.shownLayers});
   // The extension may write to either record.
-  std::optional<EREGION> region = session.region;
+  std::optional<EREGION> selected = region;
   EREGION fallback = WholeScore(file.GetScore());
-  extension.Invoke(settings.item, region ? &*region : nullptr, &fallback);
+  extension.Invoke(settings.item, selected ? &*selected : nullptr, &fallback);
   extension.Terminate();
-  session.RethrowFailure();  // the extension may have gone on, with half of what it was to do
+  session.RethrowFailure();  // the extension may have gone on with half of its work
 }
 
 bool IsNamedMxl(const std::string& path) {
@@ -78,17 +60,17 @@ void CheckTarget(const Job& job, const ScoreFile& file) {
 }
 
 int RunToTheEnd(const Job& job, const JobSettings& settings, const Extension& extension, const Channel& channel) {
+  const auto isCancelled = [] { return InterruptCount() > 0; };
   ScoreFile file(job.score, settings.maxSize, settings.readers);
   SendWarnings(file, channel);
   CheckTarget(job, file);
-  if (InterruptCount() > 0) return kInterrupted;
+  if (isCancelled()) return kInterrupted;
   Invoke(file, settings, extension, channel);
-  if (InterruptCount() > 0) return kInterrupted;
-  const std::size_t changed = file.ChangedEntries();
-  if (!job.target) file.CheckChanges();
-  const bool writes = job.target && (changed > 0 || !job.onlyIfChanged);
-  if (writes && !file.Save(*job.target, [] { return InterruptCount() > 0; })) return kInterrupted;
-  channel.Send(MessageKind::kDone, fmt::format("{} {}", changed, file.GetScore().entries.size()));
+  if (isCancelled()) return kInterrupted;
+  const LedgerEdits edits = file.Edits();
+  const bool isWritten = job.Writes(edits.ChangedEntries());
+  if (isWritten && !file.Save(edits, *job.target, isCancelled)) return kInterrupted;
+  channel.Send(DoneMessage{edits.ChangedEntries(), file.GetScore().entries.size(), isWritten ? 1u : 0u});
   return kDone;
 }
 
@@ -98,14 +80,14 @@ int RunJob(const Job& job, const JobSettings& settings, const Extension& extensi
   try {
     return RunToTheEnd(job, settings, extension, channel);
   } catch (const InputError& error) {
-    channel.Send(MessageKind::kFailInput, Located(job.score, error.place, error.what()));
+    channel.Send(BadInputMessage{Located(job.score, error.place, error.what())});
     return kBadInput;
   } catch (const OutputError& error) {
-    channel.Send(MessageKind::kFailOutput, error.what());
+    channel.Send(FailureMessage{error.what()});
   } catch (const std::bad_alloc&) {
-    channel.Send(MessageKind::kFailOutput, job.score + ": there is not enough memory for this score");
+    channel.Send(FailureMessage{job.score + ": there is not enough memory for this score"});
   } catch (const std::exception& error) {
-    channel.Send(MessageKind::kFailOutput, job.score + ": " + error.what());
+    channel.Send(FailureMessage{job.score + ": " + error.what()});
   }
   return kFailed;
 }

@@ -1,6 +1,8 @@
 // One score, one item of an extension: the work of a process of its own.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,10 +28,14 @@ struct Job {
   std::string score;
   std::optional<std::string> target;  // where the result goes; nowhere when null
   bool onlyIfChanged = false;         // leave the target alone otherwise
+
+  // Whether a result with that many changed entries is written.
+  bool Writes(std::size_t changedEntries) const { return target && (changedEntries > 0 || !onlyIfChanged); }
 };
 
-// Runs the job, telling `channel` what happens, and returns the process's exit status. Whatever the extension does to
-// this process, the target is the old file or the whole new one.
-int RunJob(const Job& job, const JobSettings& settings, const Extension& extension, const Channel& channel);
+// Runs the job, reports to `channel` what happens, and returns the process's exit status. Whatever the extension does
+// to this process, the target is the old file or the whole new one.
+[[nodiscard]] int RunJob(const Job& job, const JobSettings& settings, const Extension& extension,
+                         const Channel& channel);
 
 }  // namespace brvhost

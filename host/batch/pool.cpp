@@ -3,18 +3,21 @@
 #include <fmt/format.h>
 #include <poll.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <csignal>
-#include <cstdio>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
-#include <sstream>
+#include <iterator>
 #include <system_error>
+#include <utility>
+#include <variant>
 
-#include "host/batch/exitstatus.h"
-#include "host/batch/interrupt.h"
+#include "host/files/safefile.h"
+#include "host/process/child.h"
+#include "host/process/exitstatus.h"
+#include "host/process/interrupt.h"
 
 namespace brvhost {
 namespace {
@@ -27,7 +30,7 @@ Pool::Pool(const Extension& extension, const JobSettings& settings, Terminal& te
     : extension_(extension), settings_(settings), terminal_(terminal) {}
 
 int Pool::Run(const std::vector<Job>& jobs, int parallel) {
-  NoteInterrupts();
+  CountInterrupts();
   total_ = jobs.size();
   auto next = jobs.begin();
   for (;;) {
@@ -58,25 +61,21 @@ bool Pool::TryToStart(const Job& job) {
 
 void Pool::Start(const Job& job) {
   auto [here, there] = ConnectedChannels();
-  std::fflush(nullptr);
-  const pid_t process = fork();
-  if (process < 0) throw std::system_error(errno, std::generic_category(), "fork");
-  if (process == 0) {
-    PressCancelKeysOnInterrupt();
-    std::signal(SIGXFSZ, SIG_IGN);  // a file that gets too large is told like any that cannot be written
+  const auto work = [&, &ours = here, &theirs = there] {
+    PressCancelKeysOnInterrupt(RemoveUnfinishedFile);
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that gets too large is reported like any that cannot be written
     for (Running& other : running_) other.channel = {};
-    here = {};
-    const int status = RunJob(job, settings_, extension_, there);
-    std::fflush(nullptr);
-    _exit(status);
-  }
+    ours = {};
+    return RunJob(job, settings_, extension_, theirs);
+  };
+  const pid_t process = StartChild(work);
   running_.push_back({&job, process, std::move(here)});
 }
 
 void Pool::WaitForMessages() {
   std::vector<pollfd> waiting;
   for (const Running& running : running_) waiting.push_back({running.channel.Get(), POLLIN, 0});
-  const int ready = poll(waiting.data(), waiting.size(), kLongestWaitMs);
+  const int ready = poll(waiting.data(), waiting.size(), kMaxWaitMs);
   PassInterruptsOn();
   if (ready <= 0) return;
   for (std::size_t i = 0; i < waiting.size(); ++i) {
@@ -87,60 +86,59 @@ void Pool::WaitForMessages() {
 
 void Pool::Receive(Running& running) {
   if (!running.channel.Fill()) return Finish(running);
-  while (const auto message = running.channel.Next()) Handle(running, *message);
-}
-
-void Pool::Handle(Running& running, const Message& message) {
-  switch (message.kind) {
-    case MessageKind::kTell:
-      return terminal_.Print(Prefixed(*running.job, message.text));
-    case MessageKind::kAsk:
-      return running.channel.SendAnswer(terminal_.Ask(Prefixed(*running.job, message.text)));
-    case MessageKind::kWarn:
-      return terminal_.PrintError(message.text);
-    case MessageKind::kProgress: {
-      std::int64_t done = 0;
-      std::int64_t total = 0;
-      std::istringstream(message.text) >> done >> total;
-      if (total_ == 1) terminal_.SetBar(done, total);
-      return;
-    }
-    case MessageKind::kProgressEnd:
-      if (total_ == 1) terminal_.ClearBar();
-      return;
-    case MessageKind::kFailInput:
-    case MessageKind::kFailOutput:
-    case MessageKind::kDone:
-      running.reported = true;
-      return Report(running, message);
+  while (const auto message = running.channel.Next()) {
+    std::visit([&](const auto& body) { Handle(running, body); }, *message);
   }
 }
 
-void Pool::Report(const Running& running, const Message& message) {
-  if (message.kind == MessageKind::kDone) {
-    ReportDone(*running.job, message.text);
-  } else {
-    ++(message.kind == MessageKind::kFailInput ? counts_.badInput : counts_.failed);
-    terminal_.PrintError(message.text);
+void Pool::Handle(Running& running, const AlertMessage& message) {
+  terminal_.PrintLine(Prefixed(*running.job, message.text));
+}
+
+void Pool::Handle(Running& running, const QuestionMessage& message) {
+  running.channel.SendAnswer(terminal_.Ask(Prefixed(*running.job, message.text)));
+}
+
+void Pool::Handle(Running&, const WarningMessage& message) { terminal_.PrintError(message.text); }
+
+void Pool::Handle(Running&, const ProgressMessage& message) {
+  if (total_ == 1) terminal_.SetBar(message.done, message.total);
+}
+
+void Pool::Handle(Running&, const ProgressEndMessage&) {
+  if (total_ == 1) terminal_.ClearBar();
+}
+
+void Pool::Handle(Running& running, const BadInputMessage& message) {
+  ++counts_.badInput;
+  terminal_.PrintError(message.text);
+  Report(running);
+}
+
+void Pool::Handle(Running& running, const FailureMessage& message) {
+  ++counts_.failed;
+  terminal_.PrintError(message.text);
+  Report(running);
+}
+
+void Pool::Handle(Running& running, const DoneMessage& message) {
+  const Job& job = *running.job;
+  ++(message.changedEntries > 0 ? counts_.changed : counts_.unchanged);
+  if (total_ == 1) {
+    terminal_.PrintLine(
+        fmt::format("{}: {} of {} entries changed{}", job.score, message.changedEntries, message.entries,
+                    message.filesWritten > 0 ? ", written to " + job.target.value_or("") : ", nothing written"));
   }
+  Report(running);
+}
+
+void Pool::Report(Running& running) {
+  running.reported = true;
   if (total_ > 1) terminal_.SetBar(counts_.Finished(), static_cast<std::int64_t>(total_));
 }
 
-void Pool::ReportDone(const Job& job, const std::string& text) {
-  std::uint64_t changed = 0;
-  std::uint64_t entries = 0;
-  std::istringstream(text) >> changed >> entries;
-  ++(changed > 0 ? counts_.changed : counts_.unchanged);
-  if (total_ > 1) return;
-  const bool written = job.target && (changed > 0 || !job.onlyIfChanged);
-  terminal_.Print(fmt::format("{}: {} of {} entries changed{}", job.score, changed, entries,
-                              written ? ", written to " + *job.target : ", nothing written"));
-}
-
 void Pool::Finish(Running& running) {
-  int status = 0;
-  while (waitpid(running.process, &status, 0) < 0 && errno == EINTR) continue;
-  running.process = 0;
+  const int status = WaitForChild(std::exchange(running.process, 0));
   if (running.reported || InterruptCount() > 0) return;
   ++counts_.failed;
   const std::string reason = WIFSIGNALED(status) ? "was stopped by signal " + SignalName(WTERMSIG(status))
@@ -162,7 +160,7 @@ void Pool::PrintSummary() {
   std::string line = fmt::format("{} scores: {} changed, {} unchanged, {} failed", total_, counts_.changed,
                                  counts_.unchanged, counts_.badInput + counts_.failed);
   if (notRun > 0) line += fmt::format(", {} not run", notRun);
-  terminal_.Print(line);
+  terminal_.PrintLine(line);
 }
 
 int Pool::Status() const {

@@ -4,9 +4,10 @@
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <system_error>
 
 #include "BrvEDK/Source/hosttypes.h"
-#include "host/text/cfowner.h"
+#include "host/bundle/openbundle.h"
 
 namespace brvhost {
 namespace {
@@ -17,7 +18,7 @@ constexpr const char* kInfo = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 std::string MakeTemporaryFolder() {
   std::string pattern = (std::filesystem::temp_directory_path() / "brvhost.XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("there is no room for temporary files");
+  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("there is no space for temporary files");
   return pattern;
 }
 
@@ -34,10 +35,7 @@ EmptyHost::~EmptyHost() {
 }
 
 void EmptyHost::Open() const {
-  const std::string path = folder_ + "/Host.bundle";
-  const Owned<CFURLRef> url(CFURLCreateFromFileSystemRepresentation(
-      nullptr, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), true));
-  if (CFBundleCreate(nullptr, url.Get()) == nullptr) throw std::runtime_error("a temporary bundle does not open");
+  if (OpenBundle(folder_ + "/Host.bundle") == nullptr) throw std::runtime_error("a temporary bundle does not open");
 }
 
 }  // namespace brvhost

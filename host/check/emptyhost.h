@@ -1,20 +1,20 @@
-// A host bundle that has no function at all, found by extensions instead of this program.
+// A host bundle that has no function at all, which extensions find instead of this program.
 #pragma once
 
 #include <string>
 
 namespace brvhost {
 
-// The bundle's files stand as long as this object does.
+// The bundle's files exist as long as this object.
 class EmptyHost {
  public:
-  // Throws std::runtime_error where there is no room for temporary files.
+  // Throws std::runtime_error where there is no space for temporary files.
   EmptyHost();
   ~EmptyHost();
   EmptyHost(const EmptyHost&) = delete;
   EmptyHost& operator=(const EmptyHost&) = delete;
 
-  // From now on, and for the life of this process, extensions find it.
+  // From now on, for the rest of this process's life, extensions find it.
   void Open() const;
 
  private:

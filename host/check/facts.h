@@ -1,4 +1,4 @@
-// What must hold for every extension, by the calling convention.
+// What the calling convention asks of every extension.
 #pragma once
 
 #include <functional>

@@ -1,4 +1,4 @@
-// Memory that tells whether it was touched.
+// Memory that shows whether it was touched.
 #pragma once
 
 #include <cstddef>
@@ -9,12 +9,12 @@
 
 namespace brvhost {
 
-// The texts of an item, filled with a pattern and with a fence of the same behind them.
+// The texts of an item, filled with a pattern, and after them a fence of the same pattern.
 class GuardedTexts {
  public:
   GuardedTexts();
 
-  MenuItemTexts* Record() { return reinterpret_cast<MenuItemTexts*>(bytes_.get()); }
+  MenuItemTexts& Record() { return *reinterpret_cast<MenuItemTexts*>(bytes_.get()); }
   const MenuItemTexts* operator->() const { return reinterpret_cast<const MenuItemTexts*>(bytes_.get()); }
   bool IsFenceWhole() const { return HasPattern(sizeof(MenuItemTexts)); }
   bool IsUntouched() const { return HasPattern(0); }

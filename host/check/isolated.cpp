@@ -9,16 +9,17 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
-#include <cstdio>
+#include <cstddef>
 #include <cstring>
 #include <system_error>
 
-#include "host/files/descriptor.h"
+#include "host/process/child.h"
+#include "host/process/descriptor.h"
 
 namespace brvhost {
 namespace {
 
-// Follows the text, so that a process that ends early cannot pass for one that had nothing to say.
+// Follows the text, so that a process that ends early cannot pass for one that had nothing to report.
 constexpr char kWhole = '\n';
 
 void Silence() {
@@ -26,15 +27,15 @@ void Silence() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nowhere.Get(), stream);
 }
 
-[[noreturn]] void Work(const std::function<std::string()>& work, int descriptor) {
+int Work(const std::function<std::string()>& work, int descriptor) {
   Silence();
-  std::string text = work() + kWhole;
+  const std::string text = work() + kWhole;
   for (std::size_t written = 0; written < text.size();) {
     const ssize_t count = write(descriptor, text.data() + written, text.size() - written);
     if (count < 0) break;
     written += static_cast<std::size_t>(count);
   }
-  _exit(0);
+  return 0;
 }
 
 // All that comes until the end; false when the end does not come in time.
@@ -45,10 +46,10 @@ bool ReadUntil(int descriptor, std::chrono::steady_clock::time_point deadline, s
     if (left.count() <= 0) return false;
     pollfd waiting{descriptor, POLLIN, 0};
     if (poll(&waiting, 1, static_cast<int>(left.count())) <= 0) continue;
-    char room[1024];
-    const ssize_t count = read(descriptor, room, sizeof room);
+    char buffer[1024];
+    const ssize_t count = read(descriptor, buffer, sizeof(buffer));
     if (count == 0) return true;
-    if (count > 0) text.append(room, static_cast<std::size_t>(count));
+    if (count > 0) text.append(buffer, static_cast<std::size_t>(count));
   }
 }
 
@@ -62,18 +63,14 @@ std::string Ending(int status) {
 std::string RunIsolated(const std::function<std::string()>& work, int seconds) {
   int ends[2];
   if (pipe(ends) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
-  Descriptor from(ends[0]);
+  const Descriptor from(ends[0]);
   Descriptor to(ends[1]);
-  std::fflush(nullptr);
-  const pid_t process = fork();
-  if (process < 0) throw std::system_error(errno, std::generic_category(), "fork");
-  if (process == 0) Work(work, to.Get());
-  to.Close();
+  const pid_t process = StartChild([&] { return Work(work, to.Get()); });
+  to = {};
   std::string text;
   const bool ended = ReadUntil(from.Get(), std::chrono::steady_clock::now() + std::chrono::seconds(seconds), text);
   if (!ended) kill(process, SIGKILL);
-  int status = 0;
-  while (waitpid(process, &status, 0) < 0 && errno == EINTR) continue;
+  const int status = WaitForChild(process);
   if (!ended) return fmt::format("does not return within {} seconds", seconds);
   if (text.ends_with(kWhole)) return text.substr(0, text.size() - 1);
   return Ending(status);

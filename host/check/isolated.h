@@ -6,7 +6,7 @@
 
 namespace brvhost {
 
-// What `work` returns, or how its process ended instead. What it prints is lost. At most `seconds` long.
-std::string RunIsolated(const std::function<std::string()>& work, int seconds);
+// What `work` returns, or how its process ended instead. It has `seconds` at most, and what it prints is lost.
+[[nodiscard]] std::string RunIsolated(const std::function<std::string()>& work, int seconds);
 
 }  // namespace brvhost

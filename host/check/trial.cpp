@@ -1,6 +1,9 @@
 #include "host/check/trial.h"
 
+#include <string_view>
+
 #include "host/score/musicxml.h"
+#include "host/score/region.h"
 
 namespace brvhost {
 namespace {
@@ -37,9 +40,22 @@ constexpr std::string_view kTrialScore = R"(<score-partwise version="4.0">
 
 Score TrialScore() { return ReadMusicXml(kTrialScore); }
 
+Trial::Trial(const std::string& bundlePath, Kind kind)
+    : extension_(bundlePath),
+      user_(kind == kSelected),
+      score_(TrialScore()),
+      document_(score_),
+      session_(extension_, document_, user_, kind == kSelected ? Selection{WholeScore(score_), {}} : Selection{}) {}
+
+int Trial::InvokeOnWholeScore(int item) {
+  EREGION region = WholeScore(score_);
+  EREGION fallback = region;
+  return Invoke(item, &region, &fallback);
+}
+
 std::vector<bool> Trial::Hidden() const {
   std::vector<bool> hidden;
-  for (const ScoreEntry& entry : score.entries) hidden.push_back(entry.hidden);
+  for (const ScoreEntry& entry : score_.entries) hidden.push_back(entry.hidden);
   return hidden;
 }
 

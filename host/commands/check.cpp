@@ -1,14 +1,13 @@
-#include <fmt/format.h>
-
 #include <cstdio>
 #include <filesystem>
+#include <string>
 
-#include "host/batch/exitstatus.h"
-#include "host/bundle/extension.h"
+#include "host/bundle/loadedbundle.h"
 #include "host/check/facts.h"
 #include "host/check/isolated.h"
 #include "host/commands/commands.h"
-#include "host/text/streams.h"
+#include "host/process/exitstatus.h"
+#include "host/process/streams.h"
 
 namespace brvhost {
 namespace {
@@ -22,12 +21,12 @@ int Check(const Options& options) {
   int status = kDone;
   for (const Fact& fact : FactsAbout(options.bundle)) {
     const std::string wrong = RunIsolated(fact.check, kSecondsPerFact);
-    Say(stdout, "{}  {}{}\n", wrong.empty() ? "ok    " : "FAILED", fact.name, wrong.empty() ? "" : ": " + wrong);
+    Print(stdout, "{}  {}{}\n", wrong.empty() ? "ok    " : "FAILED", fact.name, wrong.empty() ? "" : ": " + wrong);
     std::fflush(stdout);
     if (wrong.empty()) continue;
     status = kFailed;
     if (!fact.othersNeedIt) continue;
-    Say(stdout, "        the other facts need this one\n");
+    Print(stdout, "        the other facts need this one\n");
     break;
   }
   return status;

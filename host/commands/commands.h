@@ -1,4 +1,4 @@
-// The commands. Each returns the exit status, and throws what the command line's main knows to explain.
+// The commands. Each returns the exit status, and throws what main explains to the user.
 #pragma once
 
 #include <stdexcept>
@@ -7,15 +7,15 @@
 
 namespace brvhost {
 
-// The command line asks for something that cannot be. The message is for people.
+// The command line asks for something impossible. The message is for people.
 class UsageError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-int ListItems(const Options& options);
-int ShowInfo(const Options& options);
-int Run(const Options& options);
-int Check(const Options& options);
+[[nodiscard]] int ListItems(const Options& options);
+[[nodiscard]] int ShowInfo(const Options& options);
+[[nodiscard]] int Run(const Options& options);
+[[nodiscard]] int Check(const Options& options);
 
 }  // namespace brvhost

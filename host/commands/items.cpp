@@ -1,9 +1,9 @@
-#include <fmt/format.h>
+#include <cstdio>
 
-#include "host/batch/exitstatus.h"
 #include "host/bundle/extension.h"
 #include "host/commands/commands.h"
-#include "host/text/streams.h"
+#include "host/process/exitstatus.h"
+#include "host/process/streams.h"
 
 namespace brvhost {
 
@@ -11,7 +11,7 @@ int ListItems(const Options& options) {
   const Extension extension(options.bundle);
   int number = 0;
   for (const MenuItem& item : extension.Items()) {
-    Say(stdout, "{}\t{}\t{}\t{}\n", number++, item.name, item.undoName, item.explanation);
+    Print(stdout, "{}\t{}\t{}\t{}\n", number++, item.name, item.undoName, item.explanation);
   }
   extension.Terminate();
   return kDone;

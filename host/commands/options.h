@@ -1,17 +1,15 @@
-// What the command line says.
+// What the user asks for on the command line.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "host/files/scorefile.h"
+#include "host/files/sizelimit.h"
 
 namespace brvhost {
 
-// As the user wrote them; ranges and fractions are read when the command runs.
+// As the user wrote it; ranges and fractions are read when the command runs.
 struct Options {
   std::string bundle;
   std::vector<std::string> scores;
@@ -33,8 +31,5 @@ struct Options {
   int jobs = 1;
   std::uint64_t maxSize = kDefaultMaxSize;
 };
-
-// The whole command line. Parsing fills `options`, which outlives it.
-std::unique_ptr<CLI::App> DescribeCommandLine(Options& options);
 
 }  // namespace brvhost

@@ -1,13 +1,25 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
+#include <iterator>
 #include <map>
+#include <optional>
 #include <set>
+#include <string>
+#include <system_error>
+#include <vector>
 
+#include "host/batch/job.h"
 #include "host/batch/pool.h"
-#include "host/batch/processors.h"
+#include "host/bundle/extension.h"
+#include "host/bundle/loadedbundle.h"
 #include "host/commands/commands.h"
+#include "host/process/processors.h"
+#include "host/process/terminal.h"
+#include "host/score/fraction.h"
+#include "host/score/region.h"
 
 namespace brvhost {
 namespace {
@@ -70,7 +82,7 @@ void CheckTargets(const Options& options) {
   }
 }
 
-// What two names of one file have in common; the name itself where the system does not tell.
+// The same path for all names of one file; the name itself where the system cannot resolve it.
 fs::path FileNamed(const std::string& name) {
   std::error_code error;
   const fs::path file = fs::weakly_canonical(name, error);
@@ -123,7 +135,7 @@ int Run(const Options& options) {
   settings.maxSize = options.maxSize;
   CheckTargets(options);
   const std::vector<Job> jobs = JobsOf(options);
-  // Several scores share the processors as --jobs says.
+  // Several scores share the processors, as --jobs allows.
   if (jobs.size() == 1) settings.readers = Processors();
 
   const Extension extension(options.bundle);

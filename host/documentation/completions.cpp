@@ -1,4 +1,8 @@
+#include "host/documentation/completions.h"
+
 #include <fmt/format.h>
+
+#include <vector>
 
 #include "host/documentation/optionlist.h"
 
@@ -22,12 +26,12 @@ std::string OptionNames(const std::vector<OptionText>& options) {
   return names;
 }
 
-// The options whose value is of one sort, as alternatives of a shell pattern.
-std::string Pattern(const CLI::App& app, bool (*isOfTheSort)(const std::string&)) {
+// The options whose value is of one kind, as alternatives of a shell pattern.
+std::string Pattern(const CLI::App& app, bool (*isOfTheKind)(const std::string&)) {
   std::string pattern;
   for (const CommandText& command : DescribeCommands(app)) {
     for (const OptionText& option : command.options) {
-      if (!isOfTheSort(option.value)) continue;
+      if (!isOfTheKind(option.value)) continue;
       for (const std::string& name : option.names) pattern += (pattern.empty() ? "" : "|") + name;
     }
   }

@@ -1,10 +1,13 @@
 // Prints the program's documentation, which follows from its command line: brvhost-docs man, bash or zsh.
 #include <fmt/format.h>
 
+#include <cstdio>
 #include <string_view>
 
+#include "host/commands/commandline.h"
 #include "host/commands/options.h"
-#include "host/documentation/optionlist.h"
+#include "host/documentation/completions.h"
+#include "host/documentation/manualpage.h"
 
 int main(int argc, char** argv) {
   brvhost::Options options;

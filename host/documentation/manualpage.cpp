@@ -1,3 +1,5 @@
+#include "host/documentation/manualpage.h"
+
 #include <fmt/format.h>
 
 #include <sstream>
@@ -8,7 +10,7 @@
 namespace brvhost {
 namespace {
 
-// Text as roff reads it: no command at the start of a line, and dashes as they are.
+// Text for roff: with no command at the start of a line, and with dashes as they are.
 std::string Escaped(const std::string& text) {
   std::string escaped;
   for (const char character : text) {
@@ -30,7 +32,7 @@ std::string OptionEntry(const OptionText& option) {
   return fmt::format(".TP\n{}{}\n{}\n", names, value, Escaped(option.about));
 }
 
-// A footer's headings become sections within the command; what is indented keeps its lines.
+// A footer's headings become sections of the command; what is indented keeps its lines.
 std::string FooterParagraphs(const std::string& footer) {
   std::string text;
   std::istringstream lines(footer);

@@ -1,5 +1,7 @@
 #include "host/documentation/optionlist.h"
 
+#include <utility>
+
 namespace brvhost {
 namespace {
 

@@ -1,4 +1,4 @@
-// The commands and options of the program, as its documentation lists them.
+// The program's commands and options, as its documentation lists them.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -23,10 +23,5 @@ struct CommandText {
 
 std::vector<CommandText> DescribeCommands(const CLI::App& app);
 std::vector<OptionText> DescribeOptions(const CLI::App& app);
-
-// The documents, whole.
-std::string ManualPage(const CLI::App& app);
-std::string BashCompletion(const CLI::App& app);
-std::string ZshCompletion(const CLI::App& app);
 
 }  // namespace brvhost

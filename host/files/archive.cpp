@@ -5,7 +5,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <stdexcept>
+#include <utility>
 
 #include "host/files/deflate.h"
 #include "host/files/deflatedsource.h"
@@ -31,10 +33,10 @@ using Member = std::unique_ptr<zip_file_t, Discard>;
   ThrowUnwritable(zip_error_strerror(zip_source_error(source)));
 }
 
-[[noreturn]] void ThrowLarger(const std::string& name) { ThrowBroken(name + " is larger than the archive says"); }
-[[noreturn]] void ThrowSmaller(const std::string& name) { ThrowBroken(name + " is smaller than the archive says"); }
+[[noreturn]] void ThrowLarger(const std::string& name) { ThrowBroken(name + " is larger than the archive states"); }
+[[noreturn]] void ThrowSmaller(const std::string& name) { ThrowBroken(name + " is smaller than the archive states"); }
 
-// Owns the memory that an archive is read from and written to: a copy, as the library frees what it replaces.
+// Owns the memory that an archive is read from and written to: a copy, because the library frees what it replaces.
 class Source {
  public:
   explicit Source(std::string_view bytes) {
@@ -77,7 +79,7 @@ class Source {
   zip_source_t* source_ = nullptr;
 };
 
-// Reads as many bytes of a member as the content has room for. Refuses a member of another length.
+// Fills the content from a member. Refuses a member of another length.
 void ReadToTheEnd(zip_t* archive, const std::string& name, zip_flags_t flags, Bytes& content) {
   const Member file(zip_fopen(archive, name.c_str(), flags));
   if (file == nullptr) ThrowBroken(zip_strerror(archive));
@@ -96,17 +98,17 @@ void ReadDeflated(zip_t* archive, const zip_stat_t& status, Bytes& content) {
   const Unpacked unpacked = Inflate(stream.View(), content);
   if (unpacked == Unpacked::kTooSmall) ThrowLarger(status.name);
   if (unpacked == Unpacked::kBroken) ThrowBroken(std::string(status.name) + ": its compressed data is damaged");
-  if (Crc32(content.View()) != status.crc) ThrowBroken(std::string(status.name) + ": its checksum does not agree");
+  if (Crc32(content.View()) != status.crc) ThrowBroken(std::string(status.name) + ": its checksum does not match");
 }
 
-// What a member may unpack to, and what to say of one that unpacks to more.
+// The size that a member may unpack to, and the end of the message about one that unpacks to more.
 struct Limit {
   std::uint64_t size;
   const char* advice;
 };
 
-// No stream of the method unpacks to more: in a deflated one the shortest reference has two bits, for 258 bytes.
-std::uint64_t MostFromOneByte(std::uint16_t method) {
+// The most that one byte of a stream unpacks to: in a deflated one the shortest reference has two bits, for 258 bytes.
+std::uint64_t MaxFromOneByte(std::uint16_t method) {
   if (method == ZIP_CM_STORE) return 1;
   return method == ZIP_CM_DEFLATE ? 1032 : UINT64_MAX;
 }
@@ -117,7 +119,7 @@ Bytes ReadMember(zip_t* archive, const std::string& name, Limit limit) {
   if (status.size > limit.size) {
     throw InputError(name + " unpacks to more than " + std::to_string(limit.size) + " bytes" + limit.advice);
   }
-  if (status.size / MostFromOneByte(status.comp_method) > status.comp_size) ThrowSmaller(name);
+  if (status.size / MaxFromOneByte(status.comp_method) > status.comp_size) ThrowSmaller(name);
   Bytes content(status.size);
   if (status.comp_method == ZIP_CM_DEFLATE && status.encryption_method == ZIP_EM_NONE) {
     ReadDeflated(archive, status, content);
@@ -132,28 +134,31 @@ class ContainerHandler : public XmlHandler {
  public:
   void Begin(XmlPosition&) override {}
   void StartElement(const char* name, const XmlAttributes& attributes) override {
-    if (!rootFile.empty() || std::strcmp(name, "rootfile") != 0) return;
+    if (!rootFile_.empty() || std::strcmp(name, "rootfile") != 0) return;
     const char* const path = attributes.Find("full-path");
-    if (path != nullptr) rootFile = path;
+    if (path != nullptr) rootFile_ = path;
   }
   void EndElement() override {}
   void Text(std::string_view) override {}
 
-  std::string rootFile;
+  const std::string& RootFile() const { return rootFile_; }
+
+ private:
+  std::string rootFile_;
 };
 
 std::string RootFile(zip_t* archive) {
   constexpr const char* kContainer = "META-INF/container.xml";
-  constexpr std::uint64_t kLargestContainer = 1 << 20;
-  const Bytes container = ReadMember(archive, kContainer, {kLargestContainer, ""});
+  constexpr std::uint64_t kMaxContainerSize = 1 << 20;
+  const Bytes container = ReadMember(archive, kContainer, {kMaxContainerSize, ""});
   ContainerHandler handler;
   try {
     ReadXml(container.View(), handler);
   } catch (const InputError& error) {
     throw InputError(Located(kContainer, error.place, error.what()));
   }
-  if (handler.rootFile.empty()) throw InputError(std::string(kContainer).append(" names no root file"));
-  return handler.rootFile;
+  if (handler.RootFile().empty()) throw InputError(std::string(kContainer).append(" names no root file"));
+  return handler.RootFile();
 }
 
 }  // namespace
@@ -177,7 +182,7 @@ std::string ReplaceMember(std::string_view bytes, const std::string& member, std
   zip_stat_t status;
   zip_stat_init(&status);
   zip_stat_index(archive.get(), index, 0, &status);
-  // A member that was stored stays so.
+  // A member that was stored stays stored.
   const bool stored = (status.valid & ZIP_STAT_COMP_METHOD) != 0 && status.comp_method == ZIP_CM_STORE;
   zip_source_t* const replacement = stored ? zip_source_buffer(archive.get(), content.data(), content.size(), 0)
                                            : DeflatedSource(archive.get(), content);

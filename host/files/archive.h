@@ -9,7 +9,7 @@
 
 namespace brvhost {
 
-// Whether the bytes are a zip file, whatever the name says.
+// Whether the bytes are a zip file, whatever its name.
 bool IsArchive(std::string_view bytes);
 
 // The score within an archive.
@@ -20,11 +20,11 @@ struct ArchivedScore {
 
 // Unpacks the first root file that META-INF/container.xml names. Throws InputError for a broken archive, a container
 // that is missing or names nothing, a root file that is missing, and one that unpacks to more than `maxSize` bytes.
-ArchivedScore ReadArchivedScore(std::string_view archive, std::uint64_t maxSize);
+[[nodiscard]] ArchivedScore ReadArchivedScore(std::string_view archive, std::uint64_t maxSize);
 
-// The archive with another content of one member. All other members keep their compressed bytes, their order and their
-// dates, as far as the local time zone has them. Throws std::runtime_error when it cannot be made, for want of memory
-// say.
-std::string ReplaceMember(std::string_view archive, const std::string& member, std::string_view content);
+// The archive with other content in one member. All other members keep their compressed bytes, their order and their
+// dates, as far as the local time zone can express them. Throws std::runtime_error when it cannot be made, for example
+// because there is no memory.
+[[nodiscard]] std::string ReplaceMember(std::string_view archive, const std::string& member, std::string_view content);
 
 }  // namespace brvhost

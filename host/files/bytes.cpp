@@ -2,21 +2,23 @@
 
 #include <sys/mman.h>
 
+#include <cstdlib>
 #include <cstring>
 #include <new>
+#include <utility>
 
 namespace brvhost {
 namespace {
 
-// What large pages are, where the system has them: a score of some megabytes takes thousands of small ones, and each
-// stops the program when it is first touched.
+// The size of a large page, where the system has them: a score of some megabytes takes thousands of small pages, and
+// each stops the program when it is first touched.
 constexpr std::size_t kLargePage = std::size_t{1} << 21;
 
-// More than any memory has, and little enough for sums of sizes.
-constexpr std::size_t kMostBytes = std::size_t{1} << 60;
+// More than any machine has, and small enough for sums of sizes.
+constexpr std::size_t kMaxBytes = std::size_t{1} << 60;
 
 char* Allocate(std::size_t size) {
-  if (size > kMostBytes) return nullptr;
+  if (size > kMaxBytes) return nullptr;
   if (size < kLargePage) return static_cast<char*>(std::malloc(size));
   const std::size_t rounded = (size + kLargePage - 1) / kLargePage * kLargePage;
   void* const memory = std::aligned_alloc(kLargePage, rounded);

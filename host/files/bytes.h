@@ -9,7 +9,7 @@
 
 namespace brvhost {
 
-// Bytes that hold anything until they are written to.
+// Bytes with no particular content until they are written to.
 class Bytes {
  public:
   Bytes() = default;
@@ -30,7 +30,7 @@ class Bytes {
 
   // Keeps the first `size` of them, or fewer.
   void Truncate(std::size_t size) { size_ = size < size_ ? size : size_; }
-  // So many more, behind those that are there.
+  // Adds `count` bytes after those that are there.
   void Grow(std::size_t count);
 
  private:

@@ -5,9 +5,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstddef>
 #include <cstring>
 
-#include "host/files/descriptor.h"
+#include "host/process/descriptor.h"
 #include "host/text/inputerror.h"
 
 namespace brvhost {
@@ -17,7 +18,7 @@ Bytes ReadFile(const std::string& path) {
   struct stat status;
   if (!file || fstat(file.Get(), &status) != 0) throw InputError(std::strerror(errno));
   if (S_ISDIR(status.st_mode)) throw InputError("is a folder");
-  Bytes content(static_cast<std::size_t>(status.st_size) + 1);  // with room to see the end; a pipe says 0
+  Bytes content(static_cast<std::size_t>(status.st_size) + 1);  // one more, to see the end; a pipe has a size of 0
   std::size_t filled = 0;
   for (;;) {
     const ssize_t count = read(file.Get(), content.Data() + filled, content.Size() - filled);

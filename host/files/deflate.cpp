@@ -8,7 +8,7 @@
 namespace brvhost {
 namespace {
 
-// What most writers of archives use: a greater level takes several times as long for a tenth of the size.
+// What most writers of archives use: a higher level takes several times as long to save a tenth of the size.
 constexpr int kLevel = 6;
 
 struct Free {

@@ -10,12 +10,13 @@ namespace brvhost {
 
 enum class Unpacked { kWhole, kTooSmall, kBroken };
 
-// Unpacks a stream into `content`, which is as large as it should be. kTooSmall: there is more in the stream.
-Unpacked Inflate(std::string_view stream, Bytes& content);
+// Unpacks a stream into `content`, which has the size that the stream should unpack to. kTooSmall: there is more in the
+// stream.
+[[nodiscard]] Unpacked Inflate(std::string_view stream, Bytes& content);
 
-Bytes Deflate(std::string_view content);
+[[nodiscard]] Bytes Deflate(std::string_view content);
 
-// The checksum that zip files have of their members.
+// The checksum that zip files keep of their members.
 std::uint32_t Crc32(std::string_view content);
 
 }  // namespace brvhost

@@ -1,8 +1,11 @@
 #include "host/files/deflatedsource.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 
+#include "host/files/bytes.h"
 #include "host/files/deflate.h"
 
 namespace brvhost {
@@ -15,9 +18,9 @@ struct Stream {
   std::size_t position = 0;
 };
 
-zip_int64_t Read(Stream& stream, void* room, zip_uint64_t size) {
+zip_int64_t Read(Stream& stream, void* buffer, zip_uint64_t size) {
   const std::string_view rest = stream.bytes.View().substr(stream.position, size);
-  std::ranges::copy(rest, static_cast<char*>(room));
+  std::ranges::copy(rest, static_cast<char*>(buffer));
   stream.position += rest.size();
   return static_cast<zip_int64_t>(rest.size());
 }
@@ -29,22 +32,22 @@ zip_int64_t Describe(const Stream& stream, zip_stat_t& status) {
   status.comp_size = stream.bytes.Size();
   status.comp_method = ZIP_CM_DEFLATE;
   status.crc = stream.crc;
-  return sizeof status;
+  return sizeof(status);
 }
 
 // What the library asks of a source.
-zip_int64_t Serve(void* data, void* room, zip_uint64_t size, zip_source_cmd_t command) {
+zip_int64_t Serve(void* data, void* buffer, zip_uint64_t size, zip_source_cmd_t command) {
   auto& stream = *static_cast<Stream*>(data);
   switch (command) {
     case ZIP_SOURCE_OPEN:
       stream.position = 0;
       return 0;
     case ZIP_SOURCE_READ:
-      return Read(stream, room, size);
+      return Read(stream, buffer, size);
     case ZIP_SOURCE_CLOSE:
       return 0;
     case ZIP_SOURCE_STAT:
-      return Describe(stream, *static_cast<zip_stat_t*>(room));
+      return Describe(stream, *static_cast<zip_stat_t*>(buffer));
     case ZIP_SOURCE_FREE:
       delete &stream;
       return 0;

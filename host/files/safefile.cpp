@@ -2,12 +2,15 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <system_error>
 
 #include "host/files/outputerror.h"
 
@@ -16,7 +19,7 @@ namespace {
 
 constexpr std::size_t kBufferSize = 1 << 20;
 
-// The name of the unfinished file, where a signal handler finds it; empty when there is none.
+// The name of the unfinished file, for signal handlers; empty when there is none.
 char unfinishedFile[4096];
 
 mode_t CreationMask() {
@@ -25,12 +28,12 @@ mode_t CreationMask() {
   return mask;
 }
 
-// The name of the file itself, behind symbolic links, whether or not it is there yet.
+// The name of the file that symbolic links lead to, whether or not it exists yet.
 std::string Resolved(const std::string& path) {
-  constexpr int kMostLinks = 40;  // as the system's own limit
+  constexpr int kMaxLinks = 40;  // the system's own limit
   std::filesystem::path file(path);
   std::error_code error;
-  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(file, error); ++i) {
+  for (int i = 0; i < kMaxLinks && std::filesystem::is_symlink(file, error); ++i) {
     file = file.parent_path() / std::filesystem::read_symlink(file, error);
   }
   return file.string();
@@ -53,7 +56,7 @@ SafeFile::SafeFile(const std::string& target) : target_(target), path_(Resolved(
   file_ = Descriptor(mkostemp(pattern.data(), O_CLOEXEC));
   if (!file_) Fail("write");
   unfinished_ = pattern;
-  std::strncpy(unfinishedFile, pattern.c_str(), sizeof unfinishedFile - 1);
+  std::strncpy(unfinishedFile, pattern.c_str(), sizeof(unfinishedFile) - 1);
   fchmod(file_.Get(), replaces ? status.st_mode & 07777 : 0666 & ~CreationMask());
   if (replaces && fchown(file_.Get(), status.st_uid, status.st_gid) != 0) errno = 0;  // only root may give files away
   buffer_.reserve(kBufferSize);
@@ -81,7 +84,7 @@ void SafeFile::Flush() {
     written += static_cast<std::size_t>(count);
   }
 #ifdef SYNC_FILE_RANGE_WRITE
-  // The disk starts while the rest is made, and there is less to wait for at the end.
+  // The disk starts while the rest is made, which leaves less to wait for at the end.
   sync_file_range(file_.Get(), 0, 0, SYNC_FILE_RANGE_WRITE);
 #endif
   buffer_.clear();

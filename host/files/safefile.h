@@ -1,11 +1,11 @@
-// Writes a file so that at every moment its name leads to the old content or to the whole of the new.
+// Writes a file so that at every moment its name leads to the old content or to all of the new.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "host/files/descriptor.h"
+#include "host/process/descriptor.h"
 
 namespace brvhost {
 
@@ -15,8 +15,9 @@ namespace brvhost {
 //   file.Write(content);
 //   file.Commit();
 //
-// One that is not committed leaves nothing behind. All throw OutputError. Where the target is a symbolic link, the file
-// that it leads to is replaced; a file that was there passes its permissions and its owner on, where that is allowed.
+// A file that is not committed leaves nothing behind. All functions throw OutputError. Where the target is a symbolic
+// link, the file that it leads to is replaced; a file that was there passes on its permissions and its owner, where
+// that is allowed.
 class SafeFile {
  public:
   explicit SafeFile(const std::string& target);
@@ -31,7 +32,7 @@ class SafeFile {
   void Flush();
   [[noreturn]] void Fail(const char* step) const;
 
-  std::string target_;  // as it was named
+  std::string target_;  // as the user named it
   std::string path_;    // where it is
   std::string unfinished_;
   Descriptor file_;

@@ -1,10 +1,12 @@
 #include "host/files/scorefile.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "host/files/archive.h"
 #include "host/files/content.h"
-#include "host/score/ledgeredits.h"
+#include "host/files/safefile.h"
 #include "host/score/musicxml.h"
 #include "host/text/inputerror.h"
 
@@ -22,37 +24,26 @@ ScoreFile::ScoreFile(const std::string& path, std::uint64_t maxSize, int readers
   score_ = ReadMusicXml(document_.View(), readers);
 }
 
-std::size_t ScoreFile::ChangedEntries() const {
-  return static_cast<std::size_t>(std::ranges::count_if(
-      score_.entries, [this](const ScoreEntry& entry) { return entry.hidden != score_.IsHiddenInDocument(entry); }));
-}
-
-void ScoreFile::CheckChanges() const {
-  WriteEdited(document_.View(), score_, [](std::string_view) {});
-}
-
-bool ScoreFile::Save(const std::string& target, const std::function<bool()>& isCancelled) const {
+bool ScoreFile::Save(const LedgerEdits& edits, const std::string& target,
+                     const std::function<bool()>& isCancelled) const {
   SafeFile file(target);
-  WriteTo(file);
+  if (IsCompressed() && edits.ChangedEntries() == 0) {
+    file.Write(archive_.View());
+  } else if (IsCompressed()) {
+    file.Write(ArchiveWith(edits));
+  } else {
+    edits.Write([&file](std::string_view piece) { file.Write(piece); });
+  }
   if (isCancelled()) return false;
   file.Commit();
   return true;
 }
 
-Bytes ScoreFile::EditedDocument() const {
-  std::size_t size = 0;
-  WriteEdited(document_.View(), score_, [&size](std::string_view piece) { size += piece.size(); });
-  Bytes edited(size);
+std::string ScoreFile::ArchiveWith(const LedgerEdits& edits) const {
+  Bytes edited(edits.EditedSize());
   char* end = edited.Data();
-  WriteEdited(document_.View(), score_, [&end](std::string_view piece) { end = std::ranges::copy(piece, end).out; });
-  return edited;
-}
-
-void ScoreFile::WriteTo(SafeFile& file) const {
-  const auto writePiece = [&file](std::string_view piece) { file.Write(piece); };
-  if (!IsCompressed()) return WriteEdited(document_.View(), score_, writePiece);
-  if (ChangedEntries() == 0) return file.Write(archive_.View());
-  file.Write(ReplaceMember(archive_.View(), member_, EditedDocument().View()));
+  edits.Write([&end](std::string_view piece) { end = std::ranges::copy(piece, end).out; });
+  return ReplaceMember(archive_.View(), member_, edited.View());
 }
 
 }  // namespace brvhost

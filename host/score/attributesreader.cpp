@@ -1,23 +1,26 @@
 #include "host/score/attributesreader.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <numeric>
+#include <utility>
 
 #include "host/score/fraction.h"
 #include "host/text/blanks.h"
+#include "host/xml/xmlreader.h"
 
 namespace brvhost {
 namespace {
 
-constexpr int kLargest = 1000;     // beyond what music has
-constexpr int kMostBeats = 32767;  // of a meter, and units of a whole note: what a record has room for
+constexpr int kMaxNumber = 1000;  // more than music has
+constexpr int kMaxBeats = 32767;  // of a meter, and units of a whole note: the most that a record holds
 
 // A number as far as it makes sense; 0 for anything else.
 int SmallNumber(std::string_view text) {
   const auto number = ParseDecimal(text);
-  if (!number || number->denominator != 1 || std::abs(number->numerator) > kLargest) return 0;
+  if (!number || number->denominator != 1 || std::abs(number->numerator) > kMaxNumber) return 0;
   return static_cast<int>(number->numerator);
 }
 
@@ -29,7 +32,7 @@ int SumOf(std::string_view text) {
     sum += SmallNumber(text.substr(0, plus));
     text.remove_prefix(std::min(plus + 1, text.size()));
   }
-  return sum < 0 || sum > kMostBeats ? 0 : static_cast<int>(sum);
+  return sum < 0 || sum > kMaxBeats ? 0 : static_cast<int>(sum);
 }
 
 // 2/4 and 3/8 are 7/8. Null for more beats, or smaller ones, than a meter can have.
@@ -37,11 +40,11 @@ std::optional<Meter> Sum(const Meter& a, const Meter& b) {
   if (a.beats == 0) return b;
   const std::int64_t unit = std::lcm<std::int64_t>(a.beatUnit, b.beatUnit);
   const std::int64_t beats = a.beats * (unit / a.beatUnit) + b.beats * (unit / b.beatUnit);
-  if (unit > kMostBeats || beats > kMostBeats) return std::nullopt;
+  if (unit > kMaxBeats || beats > kMaxBeats) return std::nullopt;
   return Meter{static_cast<int>(beats), static_cast<int>(unit)};
 }
 
-// The steps that go with an interval of so many semitones when nothing says otherwise.
+// The steps of an interval of that many semitones when the score does not state them.
 int StepsOfSemitones(int semitones) {
   const int twelfths = 7 * semitones;
   return (twelfths >= 0 ? twelfths + 6 : twelfths - 5) / 12;
@@ -66,7 +69,7 @@ void AttributesReader::StartElement(const char* name, const XmlAttributes& attri
 void AttributesReader::EndElement(std::string_view text) {
   const std::string name = std::move(open_.back());
   open_.pop_back();
-  if (open_.size() > 1) return;  // of another meter that the one may be counted in
+  if (open_.size() > 1) return;  // another meter that this one may be counted in
   text = WithoutBlanks(text);
   if (name == "fifths") key_.sharps = SmallNumber(text);
   if (name == "mode") key_.isMinor = text == "minor";
@@ -84,7 +87,7 @@ void AttributesReader::EndElement(std::string_view text) {
   if (name == "transpose") EndTransposition();
 }
 
-// A record of a measure has room for one key and one meter: those of the first staff.
+// The record of a measure holds one key and one meter: those of the first staff.
 void AttributesReader::EndKey() {
   if (staff_ > 1) return;
   details_.statesKey = true;

@@ -1,4 +1,4 @@
-// Reads what stands in <attributes>: the key, the meter, the transposition of a part.
+// Reads <attributes>: the key, the meter, and the transposition of a part.
 #pragma once
 
 #include <optional>
@@ -8,6 +8,7 @@
 
 #include "host/score/details.h"
 #include "host/score/subtreereader.h"
+#include "host/xml/xmlreader.h"
 
 namespace brvhost {
 
@@ -16,7 +17,8 @@ class AttributesReader : public SubtreeReader {
   void StartElement(const char* name, const XmlAttributes& attributes) override;
   void EndElement(std::string_view text) override;
 
-  // At the start of a measure, and at its <attributes>: whether these hold from its barline on, or from the next.
+  // Called at the start of a measure, and at each of its <attributes>: whether these hold from the measure's barline
+  // on, or only from the next.
   void BeginMeasure();
   void BeginAttributes(bool atBarline) { atBarline_ = atBarline; }
   // A page starts with the measure that is being read.
@@ -29,11 +31,11 @@ class AttributesReader : public SubtreeReader {
   void EndMeter();
   void EndTransposition();
 
-  std::vector<std::string> open_;  // the elements under way
-  int staff_ = 0;                  // that the element under way is for; 0: all
+  std::vector<std::string> open_;  // the open elements
+  int staff_ = 0;                  // that the outermost open element is for; 0: all
   WrittenKey key_;
-  std::optional<Meter> meter_;  // of the element under way; null: too large for one
-  int beats_ = 0;               // of the part of a meter under way
+  std::optional<Meter> meter_;  // that is being read; null: too large for a meter
+  int beats_ = 0;               // of the part of the meter that is being read
   Transposition transposition_;
   bool hasSteps_ = false;
   int octaves_ = 0;

@@ -1,4 +1,4 @@
-// What a score says of itself besides its notes: keys, meters, transpositions, names, groups, pages.
+// What a score states besides its notes: keys, meters, transpositions, names, groups, pages.
 #pragma once
 
 #include <map>
@@ -7,7 +7,7 @@
 
 namespace brvhost {
 
-// A key as it is written: sharps, or flats as a negative number, and the mode.
+// A key as it is written: the number of sharps, negative for flats, and the mode.
 struct WrittenKey {
   int sharps = 0;
   bool isMinor = false;
@@ -16,7 +16,7 @@ struct WrittenKey {
   bool operator==(const WrittenKey&) const = default;
 };
 
-// A meter; one of several parts counts as their sum. 0 beats: no meter.
+// A meter; if it has several parts, their sum. 0 beats: no meter.
 struct Meter {
   int beats = 0;
   int beatUnit = 0;
@@ -26,14 +26,14 @@ struct Meter {
 
 // From written to sounding pitch.
 struct Transposition {
-  int steps = 0;      // diatonic, octaves included
-  int semitones = 0;  // likewise
+  int steps = 0;      // diatonic, including octaves
+  int semitones = 0;  // including octaves
 
   // The change of the key from written to sounding, in fifths.
   int Fifths() const { return 7 * semitones - 12 * steps; }
 };
 
-// What holds at the start of one measure of one part.
+// What applies at the start of one measure of one part.
 struct MeasureState {
   WrittenKey key;
   Meter meter;
@@ -43,8 +43,8 @@ struct PartDetails {
   bool statesKey = false;
   bool statesMeter = false;
   std::vector<MeasureState> measures;
-  std::map<int, Transposition> transpositions;  // the first that is stated, by staff from 1; 0 is for all others
-  std::vector<int> newPages;                    // the measures that a page starts with, from 1
+  std::map<int, Transposition> transpositions;  // the first that is stated, by staff from 1; 0: all others
+  std::vector<int> newPages;                    // the measures that start a page, from 1
 
   Transposition TranspositionOf(int staff) const {
     auto found = transpositions.find(staff);
@@ -53,7 +53,7 @@ struct PartDetails {
   }
 };
 
-// What the list of parts says of a part.
+// What the list of parts states of a part.
 struct PartNames {
   std::string name;
   std::string nameFont;
@@ -61,7 +61,7 @@ struct PartNames {
   std::string abbreviationFont;
 };
 
-// A group of neighbouring parts, by their order, from 0, both included.
+// A group of consecutive parts, counted from 0, both ends included.
 struct PartGroup {
   std::string name;
   std::string symbol;  // brace, bracket, line, square or nothing

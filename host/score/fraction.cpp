@@ -1,16 +1,19 @@
 #include "host/score/fraction.h"
 
+#include <algorithm>
+#include <cstddef>
+
 #include "host/text/blanks.h"
 
 namespace brvhost {
 namespace {
 
-constexpr int kMostDigits = 18;  // so many always fit into 64 bits
+constexpr int kMaxDigits = 18;  // they always fit into 64 bits
 
-// Reads digits into `value` and counts them; false at anything else.
+// Reads digits into `value` and counts them; false for anything else.
 bool ReadDigits(std::string_view text, std::int64_t& value, int& digits) {
   for (const char character : text) {
-    if (character < '0' || character > '9' || ++digits > kMostDigits) return false;
+    if (character < '0' || character > '9' || ++digits > kMaxDigits) return false;
     value = value * 10 + (character - '0');
   }
   return true;

@@ -1,4 +1,4 @@
-// Exact fractions, for durations and positions: divisions change in mid-measure, and rounding must not pile up.
+// Exact fractions, for durations and positions: divisions change within a measure, and rounding errors must not add up.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@ namespace brvhost {
 
 __extension__ typedef __int128 Wide;
 
-// A number too large for the arithmetic shows as a null result, never as a wrong one. The denominator is above 0; the
+// A number too large for the arithmetic gives a null result, never a wrong one. The denominator is above 0; the
 // fraction need not be in lowest terms.
 struct Fraction {
   std::int64_t numerator = 0;
@@ -28,7 +28,7 @@ struct Fraction {
 
   std::optional<Fraction> Plus(const Fraction& other) const {
     if (numerator == 0) return other;
-    if (denominator == other.denominator) {  // so long as divisions stay the same
+    if (denominator == other.denominator) {  // as long as divisions stay the same
       std::int64_t sum;
       if (__builtin_add_overflow(numerator, other.numerator, &sum)) return std::nullopt;
       return Fraction{sum, denominator};
@@ -63,11 +63,11 @@ struct Fraction {
   }
 };
 
-// A decimal number such as "12", "-2.5" or " +0.25 ", blanks around it allowed. Null when the text is none, or has more
-// than 18 digits.
+// A decimal number such as "12", "-2.5" or " +0.25 "; blanks around it are allowed. Null for any other text, and for
+// more than 18 digits.
 std::optional<Fraction> ParseDecimal(std::string_view text);
 
-// A decimal number, or two whole ones with a slash between them: "5/2".
+// A decimal number, or two whole numbers with a slash between them: "5/2".
 std::optional<Fraction> ParseFraction(std::string_view text);
 
 }  // namespace brvhost

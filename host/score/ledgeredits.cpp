@@ -1,42 +1,32 @@
 #include "host/score/ledgeredits.h"
 
 #include <algorithm>
-#include <string>
-#include <vector>
+#include <iterator>
+#include <optional>
 
 #include "host/text/inputerror.h"
-#include "host/xml/starttag.h"
+#include "host/xml/codeunits.h"
 #include "host/xml/xmlreader.h"
 
 namespace brvhost {
 namespace {
 
 constexpr std::string_view kAttribute = "print-leger";
+constexpr const char* kFromEntity = "a note that comes from an entity cannot be changed";
 
 struct NoteChange {
   ScoreNote note;
   bool hide;
 };
 
-// In the order of the document.
-std::vector<NoteChange> ChangesOf(const Score& score) {
-  std::vector<NoteChange> changes;
-  for (const ScoreEntry& entry : score.entries) {
-    if (entry.hidden == score.IsHiddenInDocument(entry)) continue;
-    for (const ScoreNote& note : score.NotesOf(entry)) changes.push_back({note, entry.hidden});
-  }
-  std::ranges::sort(changes, {}, [](const NoteChange& change) { return change.note.offset; });
-  return changes;
-}
-
-// Refuses the element that is reported at an offset. Reading the document again says in which line that is.
+// Refuses the element that is reported at an offset: reading the document again finds its line.
 class Refusal : public XmlHandler {
  public:
   explicit Refusal(std::uint64_t offset) : offset_(offset) {}
 
   void Begin(XmlPosition& position) override { position_ = &position; }
   void StartElement(const char*, const XmlAttributes&) override {
-    if (position_->Offset() == offset_) throw InputError("a note that an entity brings in cannot be changed");
+    if (position_->Offset() == offset_) throw InputError(kFromEntity);
   }
   void EndElement() override {}
   void Text(std::string_view) override {}
@@ -53,27 +43,50 @@ ByteEdit EditOf(const StartTag& tag, const NoteChange& change) {
   return present ? tag.Change(kAttribute, value) : tag.Add(kAttribute, value);
 }
 
-void CheckTags(std::string_view document, CodeUnits units, const std::vector<NoteChange>& changes) {
-  for (const NoteChange& change : changes) {
-    if (StartTag::At(document, units, change.note.offset)) continue;
-    Refusal refusal(change.note.offset);
-    ReadXml(document, refusal);
-  }
+StartTag TagAt(std::string_view document, CodeUnits units, std::uint64_t offset) {
+  if (const auto tag = StartTag::At(document, units, offset)) return *tag;
+  Refusal refusal(offset);
+  ReadXml(document, refusal);
+  throw InputError(kFromEntity);
 }
 
 }  // namespace
 
-void WriteEdited(std::string_view document, const Score& score, const std::function<void(std::string_view)>& write) {
-  const std::vector<NoteChange> changes = ChangesOf(score);
-  CheckTags(document, score.units, changes);
-  std::uint64_t written = 0;
+LedgerEdits::LedgerEdits(std::string_view document, const Score& score)
+    : document_(document), editedSize_(document.size()) {
+  std::vector<NoteChange> changes;
+  for (const ScoreEntry& entry : score.entries) {
+    if (entry.hidden == score.IsHiddenInDocument(entry)) continue;
+    ++changedEntries_;
+    for (const ScoreNote& note : score.NotesOf(entry)) changes.push_back({note, entry.hidden});
+  }
+  std::ranges::sort(changes, {}, [](const NoteChange& change) { return change.note.offset; });
+  edits_.reserve(changes.size());
   for (const NoteChange& change : changes) {
-    const ByteEdit edit = EditOf(*StartTag::At(document, score.units, change.note.offset), change);
-    write(document.substr(written, edit.offset - written));
-    write(edit.inserted);
+    Append(EditOf(TagAt(document, score.units, change.note.offset), change));
+  }
+}
+
+void LedgerEdits::Append(const ByteEdit& edit) {
+  edits_.push_back({edit.offset, edit.removed, NumberOf(edit.inserted)});
+  editedSize_ += edit.inserted.size() - edit.removed;
+}
+
+std::uint8_t LedgerEdits::NumberOf(const std::string& text) {
+  const auto found = std::ranges::find(texts_, text);
+  const auto number = static_cast<std::uint8_t>(std::distance(texts_.begin(), found));
+  if (found == texts_.end()) texts_.push_back(text);
+  return number;
+}
+
+void LedgerEdits::Write(const std::function<void(std::string_view)>& write) const {
+  std::uint64_t written = 0;
+  for (const Edit& edit : edits_) {
+    write(document_.substr(written, edit.offset - written));
+    write(texts_[edit.text]);
     written = edit.offset + edit.removed;
   }
-  write(document.substr(written));
+  write(document_.substr(written));
 }
 
 }  // namespace brvhost

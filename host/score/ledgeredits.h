@@ -1,18 +1,50 @@
-// The bytes of a document with the ledger lines of its score as they are now.
+// What the ledger lines of a score, as they are now, change in the bytes of its document.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/score/score.h"
+#include "host/xml/starttag.h"
 
 namespace brvhost {
 
-// Hands out the document in pieces, in order, with the attribute print-leger changed in the notes of those entries
-// whose state is no longer the document's: taken away where the wanted state is the note's own, else set. All other
-// bytes stand. `document` is what the score was read from.
-//
-// Throws InputError, before the first piece, where such a note is brought in by an entity.
-void WriteEdited(std::string_view document, const Score& score, const std::function<void(std::string_view)>& write);
+// The attribute print-leger changes in the notes of those entries whose state is no longer the document's: it is
+// removed where the wanted state is the note's default, else set. All other bytes stay.
+class LedgerEdits {
+ public:
+  // `document` is what the score was read from, and outlives this object. Throws InputError where a note that has to
+  // change comes from an entity.
+  LedgerEdits(std::string_view document, const Score& score);
+
+  // The entries whose ledger lines are no longer as the document has them.
+  std::size_t ChangedEntries() const { return changedEntries_; }
+  // The size of the edited document in bytes.
+  std::size_t EditedSize() const { return editedSize_; }
+  // Hands out the edited document in pieces, in order.
+  void Write(const std::function<void(std::string_view)>& write) const;
+
+ private:
+  // From `offset` on, `removed` bytes are replaced by the text of that number. A large score has millions of edits, and
+  // few texts.
+  struct Edit {
+    std::uint64_t offset = 0;
+    std::uint64_t removed : 56 = 0;
+    std::uint64_t text : 8 = 0;
+  };
+
+  void Append(const ByteEdit& edit);
+  std::uint8_t NumberOf(const std::string& text);
+
+  std::string_view document_;
+  std::size_t changedEntries_ = 0;
+  std::size_t editedSize_ = 0;
+  std::vector<Edit> edits_;  // in the order of the document
+  std::vector<std::string> texts_;
+};
 
 }  // namespace brvhost

@@ -9,7 +9,7 @@
 
 namespace brvhost {
 
-// A note element as the document gives it.
+// A note element as the document has it.
 struct NoteElement {
   ScoreNote note;
   std::int32_t position = 0;
@@ -20,13 +20,14 @@ struct NoteElement {
 
 class MeasureBuilder {
  public:
-  // A note or rest that starts an entry, and a chord after it.
+  // A note or rest that starts an entry, and a chord if AddToChord follows.
   void AddNote(const NoteElement& element);
-  // A note that sounds with the one before. On a staff where the chord has no note yet, or twelve, it starts an entry.
+  // A note that sounds with the one before. Where the chord has no note on its staff yet, or twelve, it starts an
+  // entry.
   void AddToChord(const NoteElement& element);
 
-  // Appends what was gathered to the score, frame by frame, and forgets it. `frames` gets staves counted within the
-  // part. Throws InputError where a frame would have more entries than its count can say.
+  // Appends what was gathered to the score, frame by frame, and forgets it. The staves in `frames` are counted within
+  // the part. Throws InputError where a frame would have more entries than it can count.
   void Finish(int measure, Score& score, std::vector<ScoreFrame>& frames);
 
  private:
@@ -35,10 +36,10 @@ class MeasureBuilder {
     std::uint16_t staff;
     std::uint16_t layer;
     bool isRest;
-    std::uint32_t order;  // of coming
+    std::uint32_t order;  // of arrival
   };
   struct PendingNote {
-    std::uint32_t entry;  // by its order of coming
+    std::uint32_t entry;  // by its order of arrival
     ScoreNote note;
   };
   // The entry of a chord on one staff.
@@ -49,14 +50,14 @@ class MeasureBuilder {
   };
 
   void StartEntry(const NoteElement& element);
-  // Orders the entries by frame and position, those of one place as they came, and the notes as their entries.
+  // Orders the entries by frame and position, those of one place as they arrived, and the notes like their entries.
   void Order();
 
   std::vector<PendingEntry> entries_;
   std::vector<PendingNote> notes_;
-  std::uint64_t chord_ = 0;                               // that is under way
+  std::uint64_t chord_ = 0;                               // that is being read
   std::unordered_map<int, ChordEntry> lastChordEntries_;  // by staff
-  std::vector<std::uint32_t> rank_;                       // of each entry by its order of coming
+  std::vector<std::uint32_t> rank_;                       // of each entry, by its order of arrival
 };
 
 }  // namespace brvhost

@@ -1,5 +1,7 @@
 #include "host/score/musicxml.h"
 
+#include <utility>
+
 #include "host/score/musicxmlhandler.h"
 #include "host/score/partsections.h"
 

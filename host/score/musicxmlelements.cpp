@@ -52,10 +52,10 @@ Fraction NumberFrom0(const char* what, const std::string& text) {
   return *number;
 }
 
-int StaffNumber(const char* what, const std::string& text, int least) {
+int StaffNumber(const char* what, const std::string& text, int min) {
   const auto number = ParseDecimal(text);
-  if (!number || number->denominator != 1 || number->numerator < least) ThrowBadNumber(what, text);
-  if (number->numerator > kMostStaves) throw InputError("more than 32767 staves");
+  if (!number || number->denominator != 1 || number->numerator < min) ThrowBadNumber(what, text);
+  if (number->numerator > kMaxStaves) throw InputError("more than 32767 staves");
   return static_cast<int>(number->numerator);
 }
 

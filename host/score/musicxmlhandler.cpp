@@ -1,8 +1,10 @@
 #include "host/score/musicxmlhandler.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 #include <tuple>
+#include <utility>
 
 #include "host/text/blanks.h"
 #include "host/text/inputerror.h"
@@ -10,7 +12,7 @@
 namespace brvhost {
 namespace {
 
-// How deep the elements stand in the document.
+// The depth of elements in the document.
 enum Depth { kRoot = 1, kOuter, kInner, kMeasureChild, kMeasureLeaf };
 
 }  // namespace
@@ -153,7 +155,7 @@ void MusicXmlHandler::EndMeasureChild() {
   if (child_ == Child::kBackup && !part.GoBack(duration_)) {
     const TextPlace place = position_->Place();
     score_.warnings.push_back(
-        {place.line, place.column, "a backup leads before the barline; it is taken to lead to it"});
+        {place.line, place.column, "a backup goes back before the barline; it is taken to go back to it"});
   }
   if (child_ == Child::kNote && isChord_) part.AddToChord(note_, voice_, duration_);
   if (child_ == Child::kNote && !isChord_) part.AddNote(note_, voice_, duration_);
@@ -173,7 +175,7 @@ void MusicXmlHandler::SetStaves(int staves) {
 
 void MusicXmlHandler::AddStaves(int staves) {
   staves_ += staves;
-  if (staves_ > kMostStaves) throw InputError("more than 32767 staves");
+  if (staves_ > kMaxStaves) throw InputError("more than 32767 staves");
 }
 
 MusicXmlHandler::Part* MusicXmlHandler::NewPart(const char* id) {

@@ -1,8 +1,9 @@
-// Makes a score of MusicXML's elements as they come.
+// Makes a score from the elements of MusicXML as they are read.
 #pragma once
 
 #include <deque>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include "host/score/attributesreader.h"
@@ -22,18 +23,18 @@ class MusicXmlHandler : public XmlHandler {
   void EndElement() override;
   void Text(std::string_view piece) override { text_ += piece; }
 
-  // Whether `next`, which read what follows in the document, saw parts and nothing else, and neither of the two had to
-  // warn: then the two together say what one would that had read both.
+  // Whether `next`, which read what follows in the document, saw only parts, and neither of the two has a warning: then
+  // the two together are what one handler would have made of both.
   bool GoesOnWith(const MusicXmlHandler& next) const;
 
-  // Of all parts so far. Reading more than a score can have throws InputError.
+  // The staves of all parts so far. Reading more than a score can have throws InputError.
   int Staves() const { return staves_; }
 
-  // Takes over the parts of `next`, behind its own; together they have no more staves than a score can have.
+  // Takes over the parts of `next`, after its own; together they have no more staves than a score can have.
   void Append(MusicXmlHandler&& next);
 
-  // What was read, once all is.
-  Score TakeScore();
+  // What was read, once everything is.
+  [[nodiscard]] Score TakeScore();
 
  private:
   struct Part {
@@ -43,9 +44,9 @@ class MusicXmlHandler : public XmlHandler {
   };
 
   void StartRoot(const char* name);
-  // <part> of a partwise score, <measure> of a timewise one, or what stands before them.
+  // <part> of a partwise score, <measure> of a timewise one, or what comes before them.
   void StartOuter(const char* name, const XmlAttributes& attributes);
-  // The measure of one part, whichever of the two elements stands within the other.
+  // The measure of one part, whichever of the two elements contains the other.
   void StartInner(const char* name, const XmlAttributes& attributes);
   void StartMeasureChild(const char* name, const XmlAttributes& attributes);
   void StartMeasureLeaf(const char* name);
@@ -56,7 +57,7 @@ class MusicXmlHandler : public XmlHandler {
   void EndLeaf();
   void EndMeasureChild();
   void EndMeasure();
-  // The part that is being read has so many at least.
+  // The part that is being read has at least that many.
   void SetStaves(int staves);
   void AddStaves(int staves);
   Part* NewPart(const char* id);
@@ -73,7 +74,7 @@ class MusicXmlHandler : public XmlHandler {
   int depth_ = 0;
   bool timewise_ = false;
   bool inBody_ = false;
-  bool sawOthers_ = false;  // than parts, or measures of a timewise score
+  bool sawOthers_ = false;  // other elements than parts, or measures of a timewise score
   bool inMeasure_ = false;
   Part* part_ = nullptr;
 

@@ -1,6 +1,8 @@
 #include "host/score/partbuilder.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
 
 #include "host/text/inputerror.h"
 
@@ -19,7 +21,7 @@ std::optional<Fraction> Quotient(const Fraction& duration, const Fraction& divis
 }  // namespace
 
 void PartBuilder::BeginMeasure() {
-  if (++measures_ > kMostMeasures) throw InputError("more than 32767 measures");
+  if (++measures_ > kMaxMeasures) throw InputError("more than 32767 measures");
   clock_ = {};
   hasChordRoot_ = false;
 }
@@ -73,7 +75,7 @@ int PartBuilder::LayerOf(int staff, const std::string& voice) {
   if (layers.lastLayer >= 0 && layers.lastVoice == voice) return layers.lastLayer;
   layers.lastLayer = layers.layers.emplace(voice, static_cast<int>(layers.layers.size())).first->second;
   layers.lastVoice = voice;
-  if (layers.lastLayer >= kMostLayers) throw InputError("more than 32767 voices on a staff");
+  if (layers.lastLayer >= kMaxLayers) throw InputError("more than 32767 voices on a staff");
   return layers.lastLayer;
 }
 

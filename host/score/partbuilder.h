@@ -1,4 +1,4 @@
-// What is known of one part while its measures are read: its clock, its divisions, the layers of its staves.
+// What is known about one part while its measures are read: its clock, its divisions, the layers of its staves.
 #pragma once
 
 #include <cstdint>
@@ -11,22 +11,22 @@
 
 namespace brvhost {
 
-// Throws InputError, without a place, where numbers get too large.
+// Its functions throw InputError, without a place, where numbers get too large.
 class PartBuilder {
  public:
   void BeginMeasure();
   void EndMeasure(Score& score);
 
-  // Above 0: divisions of a quarter that durations are counted in from now on.
+  // The divisions of a quarter, more than 0, that durations are counted in from now on.
   void SetDivisions(const Fraction& divisions);
-  void SetStaves(int staves);  // or as many as there are, if that is more
+  void SetStaves(int staves);  // unless there are more already
 
   void Advance(const Fraction& duration);
-  // False when the clock would stand before the barline, where it is put instead.
-  bool GoBack(const Fraction& duration);
+  // False when the clock would be before the barline; it is set to the barline then.
+  [[nodiscard]] bool GoBack(const Fraction& duration);
 
-  // Places a note at the clock, or in the chord of the note before, and moves the clock past it.
-  // `element` has its note, its staff, which is one of the part's, and whether it is a rest.
+  // Places a note at the clock, or in the chord of the note before, and moves the clock past it. `element` has its
+  // note, its staff, which is one of the part's, and whether it is a rest.
   void AddNote(NoteElement element, const std::string& voice, const Fraction& duration);
   void AddToChord(NoteElement element, const std::string& voice, const Fraction& duration);
 
@@ -39,7 +39,7 @@ class PartBuilder {
  private:
   struct Staff {
     std::unordered_map<std::string, int> layers;  // by voice
-    std::string lastVoice;                        // mostly the next note's too
+    std::string lastVoice;                        // usually the next note's too
     int lastLayer = -1;
   };
 

@@ -1,14 +1,17 @@
 #include "host/score/partlistreader.h"
 
 #include <sstream>
+#include <string_view>
 #include <utility>
+
+#include "host/xml/xmlreader.h"
 
 namespace brvhost {
 namespace {
 
 std::string Value(const char* value) { return value == nullptr ? "" : value; }
 
-// Lines that were broken for looks are one line in a name.
+// Line breaks that only serve the layout are blanks in a name.
 std::string WithSingleBlanks(std::string_view text) {
   std::istringstream words{std::string(text)};
   std::string joined;

@@ -3,10 +3,12 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/score/details.h"
 #include "host/score/subtreereader.h"
+#include "host/xml/xmlreader.h"
 
 namespace brvhost {
 
@@ -15,10 +17,11 @@ class PartListReader : public SubtreeReader {
   void StartElement(const char* name, const XmlAttributes& attributes) override;
   void EndElement(std::string_view text) override;
 
-  // The names of the part of that id, once; none where the list does not have it. An id is one part's.
-  PartNames TakeNames(const std::string& id);
+  // The names of the part with that id; none where the list does not have it, and none the second time: an id belongs
+  // to one part.
+  [[nodiscard]] PartNames TakeNames(const std::string& id);
   int InstrumentsOf(const std::string& id) const;
-  // The groups that are closed, by the order of their parts in the list.
+  // The groups that are closed; their parts are counted in the order of the list.
   const std::vector<PartGroup>& Groups() const { return groups_; }
 
  private:
@@ -30,7 +33,7 @@ class PartListReader : public SubtreeReader {
   void StartGroup(const XmlAttributes& attributes);
 
   std::vector<std::string> open_;
-  std::string font_;  // of the text under way
+  std::string font_;  // of the open element
   std::map<std::string, ListedPart> parts_;
   ListedPart* part_ = nullptr;
   std::map<std::string, PartGroup> openGroups_;  // by number

@@ -4,6 +4,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <system_error>
 
 #include "host/text/inputerror.h"
 
@@ -25,7 +29,7 @@ struct Span {
 Span SpanOf(const std::optional<NumberRange>& range, int count, const char* what) {
   if (!range) return {1, static_cast<std::int16_t>(count)};
   if (range->first > count) {
-    throw InputError(fmt::format("the region starts at {} {}, and there are {}", what, range->first, count));
+    throw InputError(fmt::format("the region starts at {} {}, but the score has only {}", what, range->first, count));
   }
   return {static_cast<std::int16_t>(range->first),
           static_cast<std::int16_t>(std::min(range->last.value_or(count), count))};

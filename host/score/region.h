@@ -23,7 +23,7 @@ struct RegionRequest {
   std::optional<NumberRange> staves;
   std::optional<NumberRange> measures;
   std::optional<Fraction> startAt;  // quarters from the barline of the first measure
-  std::optional<Fraction> endAt;    // quarters from the barline of the last, itself included
+  std::optional<Fraction> endAt;    // quarters from the barline of the last measure, included
   bool all = false;                 // the whole score
 
   bool IsEmpty() const { return !all && !staves && !measures && !startAt && !endAt; }
@@ -31,7 +31,7 @@ struct RegionRequest {
 
 EREGION WholeScore(const Score& score);
 
-// The region, or null when nothing was asked for. A range that reaches beyond the score ends with it; one that starts
+// The region, or null when none was asked for. A range that reaches beyond the score ends with it; one that starts
 // beyond it throws InputError.
 std::optional<EREGION> RegionOf(const RegionRequest& request, const Score& score);
 

@@ -1,6 +1,7 @@
 #include "host/score/score.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace brvhost {
 

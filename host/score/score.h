@@ -1,5 +1,5 @@
-// A score as extensions see it: staves, measures, layers, entries. It holds no music but what ledger lines need, and
-// for each note the place of its start tag in the document, where its attribute is changed.
+// A score as extensions see it: staves, measures, layers, entries. Of the music it holds only what ledger lines need,
+// and for each note the place of its start tag in the document, where its attribute is changed.
 #pragma once
 
 #include <cstdint>
@@ -13,12 +13,12 @@
 namespace brvhost {
 
 inline constexpr std::int32_t kTicksPerQuarter = 10080;
-inline constexpr int kFewestLayers = 4;
-inline constexpr int kMostStaves = 32767;
-inline constexpr int kMostMeasures = 32767;
-inline constexpr int kMostLayers = 32767;
+inline constexpr int kMinLayers = 4;
+inline constexpr int kMaxStaves = 32767;
+inline constexpr int kMaxMeasures = 32767;
+inline constexpr int kMaxLayers = 32767;
 
-// What a note's own attribute says of its ledger lines.
+// What a note's own attribute states about its ledger lines.
 enum class LegerAttribute : std::uint8_t { kAbsent, kNo, kYes };
 
 // A note element of the document.
@@ -28,20 +28,20 @@ struct ScoreNote {
   std::uint64_t invisible : 1 = 0;  // print-object="no"
 
   LegerAttribute Attribute() const { return static_cast<LegerAttribute>(attribute); }
-  // Whether it shows no ledger lines as it stands, and whether it would show none without its attribute.
+  // Whether it shows no ledger lines as it is, and whether it would show none without its attribute.
   bool IsHidden() const {
     return Attribute() == LegerAttribute::kAbsent ? invisible : Attribute() == LegerAttribute::kNo;
   }
   bool IsHiddenByDefault() const { return invisible; }
 };
 
-// A note, chord or rest. Its notes follow one another in the score's list.
+// A note, chord or rest. Its notes are consecutive in the score's list.
 struct ScoreEntry {
   std::int32_t position = 0;  // ticks from the barline
   std::uint32_t firstNote = 0;
   std::uint8_t noteElements = 0;  // 1 to 12; a rest has one
   bool isRest = false;
-  bool hidden = false;  // none of its notes shows ledger lines, as the document stands or as it was changed since
+  bool hidden = false;  // none of its notes shows ledger lines, in the document or as changed since
 };
 
 // The entries of one place, in ascending order of position. Never empty.
@@ -53,7 +53,7 @@ struct ScoreFrame {
   std::uint32_t entryCount = 0;
 };
 
-// A part of the score, in the order in which the parts stand in the document.
+// A part of the score. Parts are in the order of the document.
 struct ScorePart {
   std::string id;
   PartNames names;
@@ -76,11 +76,11 @@ struct Score {
   std::vector<ScoreEntry> entries;
   std::vector<ScoreFrame> frames;  // ordered by staff, layer and measure, as extensions walk them
   std::vector<ScoreWarning> warnings;
-  std::vector<PartGroup> groups;  // of parts by their order in `parts`
+  std::vector<PartGroup> groups;  // their parts are indices of `parts`
   int staves = 0;
   int measures = 0;
-  int layers = kFewestLayers;
-  CodeUnits units = CodeUnits::kBytes;  // in which the document was read, and is to be changed
+  int layers = kMinLayers;
+  CodeUnits units = CodeUnits::kBytes;  // in which the document was read, and is changed
 
   std::span<const ScoreNote> NotesOf(const ScoreEntry& entry) const {
     return std::span(notes).subspan(entry.firstNote, entry.noteElements);

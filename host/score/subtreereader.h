@@ -1,4 +1,4 @@
-// A reader of one element of a score with all that stands in it.
+// A reader of one element of a score and all that it contains.
 #pragma once
 
 #include <string_view>
@@ -10,7 +10,7 @@ namespace brvhost {
 class SubtreeReader {
  public:
   virtual ~SubtreeReader() = default;
-  // The elements within it, in order; `text` is what stands in the element that ends.
+  // The elements within it, in order; `text` is the text in the element that ends.
   virtual void StartElement(const char* name, const XmlAttributes& attributes) = 0;
   virtual void EndElement(std::string_view text) = 0;
 };

@@ -2,13 +2,12 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 #include "host/services/scorerecords.h"
 
 namespace brvhost {
 namespace {
-
-constexpr std::uint16_t kLowFiveBits = 0x1F;
 
 auto PlaceOf(const ScoreFrame& frame) {
   return std::make_tuple(int{frame.staff}, int{frame.layer}, int{frame.measure});
@@ -39,11 +38,11 @@ EXENTRY OpenDocument::RecordOf(const ScoreEntry& entry) const {
   record.flags = entry.hidden ? kNoLegerLines : 0;
   record.position = entry.position;
   if (entry.isRest) return record;
-  record.entryFlags[3] = kContentBit;
+  record.entryFlags[kContentByte] = kContentBit;
   record.noteCount = entry.noteElements;
   for (std::uint16_t i = 0; i < entry.noteElements; ++i) {
     record.notes[i].noteID = static_cast<std::uint16_t>(i + 1);
-    record.notes[i].noteWord = static_cast<std::uint16_t>((i + 1) & kLowFiveBits);
+    record.notes[i].noteWord = static_cast<std::uint16_t>((i + 1) & kNoteIDBits);
   }
   return record;
 }
@@ -63,12 +62,15 @@ EXTGF2005a* OpenDocument::LoadFrame(int staff, int measure, int layer) {
   return record;
 }
 
-bool OpenDocument::SaveFrame(const EXTGF2005a* record) {
+OpenDocument::LoadedFrameMap::iterator OpenDocument::FindLoaded(const EXTGF2005a* record) {
   const auto found = loaded_.find(record);
-  if (found == loaded_.end()) {
-    ++strayFrames_;
-    return false;
-  }
+  if (found == loaded_.end()) ++strayFrames_;
+  return found;
+}
+
+bool OpenDocument::SaveFrame(const EXTGF2005a* record) {
+  const auto found = FindLoaded(record);
+  if (found == loaded_.end()) return false;
   const Frame& frame = *found->second;
   if (record->entryCount < 0 || static_cast<std::size_t>(record->entryCount) != frame.entries.size()) return false;
   for (std::size_t i = 0; i < frame.entries.size(); ++i) {
@@ -79,11 +81,8 @@ bool OpenDocument::SaveFrame(const EXTGF2005a* record) {
 }
 
 bool OpenDocument::FreeFrame(const EXTGF2005a* record) {
-  const auto found = loaded_.find(record);
-  if (found == loaded_.end()) {
-    ++strayFrames_;
-    return false;
-  }
+  const auto found = FindLoaded(record);
+  if (found == loaded_.end()) return false;
   spare_ = std::move(found->second);
   loaded_.erase(found);
   return true;

@@ -1,6 +1,7 @@
 // The open score as extensions change it: the frames that they load, and what an edit can take back.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <unordered_map>
@@ -12,10 +13,7 @@
 
 namespace brvhost {
 
-// The bit of the fourth byte of EXENTRY::entryFlags that says that the entry is music: set for notes, clear for rests.
-inline constexpr std::uint8_t kContentBit = 0x40;
-
-// What throws, for want of memory, leaves it as it was.
+// A function that throws because there is no memory leaves the document as it was.
 class OpenDocument {
  public:
   // The score outlives the document and carries its changes. The document starts with the records of the score.
@@ -24,22 +22,22 @@ class OpenDocument {
   const Score& GetScore() const { return score_; }
   EDataStore& Records() { return records_; }
 
-  // A new frame record with the entries of one place, or null where there are none or no such place. It stays until it
-  // is freed.
+  // A new frame record with the entries of one place, or null where there are none or no such place. It stays loaded
+  // until it is freed.
   EXTGF2005a* LoadFrame(int staff, int measure, int layer);
-  // Takes over the ledger-line bit of every entry that has another now. False when the frame is not one of those
-  // loaded, or has lost or gained entries: the score's notes cannot be changed.
-  bool SaveFrame(const EXTGF2005a* record);
-  // False when the frame is not one of those loaded.
+  // Takes over the ledger-line bit of every entry. False when the frame is not loaded, or has lost or gained entries:
+  // the score's notes cannot be changed.
+  [[nodiscard]] bool SaveFrame(const EXTGF2005a* record);
+  // False when the frame is not loaded.
   bool FreeFrame(const EXTGF2005a* record);
   std::size_t LoadedFrames() const { return loaded_.size(); }
-  // How often a frame was to be saved or freed that is not loaded: freed before, or none of this document.
+  // How often a frame was to be saved or freed that is not loaded: freed before, or never this document's.
   std::uint64_t StrayFrames() const { return strayFrames_; }
   int EditDepth() const { return editDepth_; }
   std::uint64_t SavedFrames() const { return savedFrames_; }
 
-  // Edits nest; the outermost is what a cancel takes back, records included. Ending or cancelling without a start is
-  // false.
+  // Edits nest; the outermost is what a cancel takes back, records included. Ending or cancelling without a start
+  // returns false.
   void StartEdit();
   bool EndEdit();
   bool CancelEdit();
@@ -55,15 +53,19 @@ class OpenDocument {
     EDataStore records;
   };
 
+  using LoadedFrameMap = std::unordered_map<const EXTGF2005a*, std::unique_ptr<Frame>>;
+
   const ScoreFrame* Find(int staff, int measure, int layer);
+  // Counts the record as a stray when it is not loaded.
+  LoadedFrameMap::iterator FindLoaded(const EXTGF2005a* record);
   std::unique_ptr<Frame> NewFrame();
   EXENTRY RecordOf(const ScoreEntry& entry) const;
 
   Score& score_;
   EDataStore records_;
-  std::size_t nextFrame_ = 0;  // in the score's list: extensions mostly ask for one after the other
-  std::unordered_map<const EXTGF2005a*, std::unique_ptr<Frame>> loaded_;
-  std::unique_ptr<Frame> spare_;  // a freed one, whose memory serves the next
+  std::size_t nextFrame_ = 0;  // in the score's list: extensions usually ask in this order
+  LoadedFrameMap loaded_;
+  std::unique_ptr<Frame> spare_;  // a freed frame, whose memory the next one takes
   std::uint64_t savedFrames_ = 0;
   std::uint64_t strayFrames_ = 0;
   int editDepth_ = 0;

@@ -1,5 +1,6 @@
 #include "host/services/edatastore.h"
 
+#include <tuple>
 #include <utility>
 
 namespace brvhost {

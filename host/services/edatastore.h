@@ -18,11 +18,11 @@ class EDataStore {
   const Bytes* Find(std::uint32_t tag, EDataKey key) const;
   // Changes a record, or adds it.
   void Save(std::uint32_t tag, EDataKey key, Bytes bytes);
-  // Adds a record; false when there is one already.
-  bool Create(std::uint32_t tag, EDataKey key, Bytes bytes);
+  // Adds a record; false, and nothing is added, when there is one already.
+  [[nodiscard]] bool Create(std::uint32_t tag, EDataKey key, Bytes bytes);
   bool Erase(std::uint32_t tag, EDataKey key);
   // The nearest record of the same tag before or after `key`, by record number, then record index, both unsigned.
-  // Moves `key` to it; null, and `key` as it was, when there is none.
+  // Moves `key` to it. Null, with `key` unchanged, when there is none.
   const Bytes* Previous(std::uint32_t tag, EDataKey& key) const;
   const Bytes* Next(std::uint32_t tag, EDataKey& key) const;
 

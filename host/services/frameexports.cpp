@@ -1,14 +1,14 @@
 // Frames, layers, edits, progress and the selection, as extensions find them by name. Without an open session they
-// answer as a host that can do nothing. An extension may leave anything above bit 15 of a 16-bit argument.
+// return what a host does that can do nothing. An extension may leave anything above bit 15 of a 16-bit argument.
 #include "BrvEDK/Source/brevixpdk.h"
+#include "BrvEDK/Source/integerclasses.h"
+#include "host/score/score.h"
 #include "host/services/serve.h"
 
 namespace {
 
 using brvhost::Serve;
 using brvhost::Session;
-
-int Signed16(int value) { return static_cast<std::int16_t>(value); }
 
 HostResult StartEdit() {
   return Serve<HostResult>(0, [](Session& session) {
@@ -25,7 +25,7 @@ short16 BX_IsMachO(BrvVersion) { return 1; }
 
 EXTGF2005a* BX_LoadTGF(ushort16, short16 staff, short16 measure, short16 layer, short16, BrvVersion) {
   return Serve<EXTGF2005a*>(nullptr, [&](Session& session) {
-    return session.Document().LoadFrame(Signed16(staff), Signed16(measure), Signed16(layer));
+    return session.Document().LoadFrame(SignExtend16(staff), SignExtend16(measure), SignExtend16(layer));
   });
 }
 
@@ -38,11 +38,11 @@ HostResult BX_FreeTGF(EXTGF2005a* frame, BrvVersion) {
 }
 
 short16 BX_GetMaxLayers(BrvVersion) {
-  return Serve(brvhost::kFewestLayers, [](Session& session) { return session.Document().GetScore().layers; });
+  return Serve(brvhost::kMinLayers, [](Session& session) { return session.Document().GetScore().layers; });
 }
 
 short16 BX_GetShowLayer(short16 layer, BrvVersion) {
-  return Serve(0, [&](Session& session) { return session.IsLayerShown(Signed16(layer)); });
+  return Serve(0, [&](Session& session) { return session.IsLayerShown(SignExtend16(layer)); });
 }
 
 HostResult BX_StartBrevixEdit(void*, BrvVersion) { return StartEdit(); }
@@ -62,7 +62,7 @@ void* BX_StartMassEdit(void*, int32 count, BrvVersion) {
 }
 
 short16 BX_MassEditProgress(void* handle, short16 increment, short16, short16, short16, BrvVersion) {
-  return Serve(0, [&](Session& session) { return session.AddProgress(handle, Signed16(increment)); });
+  return Serve(0, [&](Session& session) { return session.AddProgress(handle, SignExtend16(increment)); });
 }
 
 HostResult BX_EndMassEdit(void* handle, short16, BrvVersion) {
@@ -72,9 +72,9 @@ HostResult BX_EndMassEdit(void* handle, short16, BrvVersion) {
 // There is one selection, and each record that is asked for gets it.
 short16 BX_GetCurERegions(EREGION* first, EREGION* second, EREGION* third, BrvVersion) {
   return Serve(0, [&](const Session& session) {
-    if (!session.region) return false;
+    if (!session.Region()) return false;
     for (EREGION* const record : {first, second, third}) {
-      if (record != nullptr) *record = *session.region;
+      if (record != nullptr) *record = *session.Region();
     }
     return true;
   });

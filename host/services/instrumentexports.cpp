@@ -1,6 +1,8 @@
-// Instrument slots, as extensions find them by name. An id is a staff; its slots are the instruments that the staff's
+// Instrument slots, as extensions find them by name. An ID is a staff; its slots are the instruments that the staff's
 // part declares, from 1. Instruments count from 1 through all parts.
 #include "BrvEDK/Source/brevixpdk.h"
+#include "BrvEDK/Source/integerclasses.h"
+#include "host/score/score.h"
 #include "host/services/serve.h"
 
 namespace {
@@ -30,16 +32,16 @@ extern "C" {
 
 short16 BX_SlotToInst(short16 slot, ushort16 staff, BrvVersion) {
   return Serve(0, [&](const Session& session) {
-    const int wanted = static_cast<std::int16_t>(slot);
-    const Instruments instruments = InstrumentsOfStaff(session, static_cast<std::uint16_t>(staff));
+    const int wanted = SignExtend16(slot);
+    const Instruments instruments = InstrumentsOfStaff(session, ZeroExtend16(staff));
     return wanted >= 1 && wanted <= instruments.count ? instruments.before + wanted : 0;
   });
 }
 
 short16 BX_InstToSlot(short16 instrument, ushort16 staff, BrvVersion) {
   return Serve(0, [&](const Session& session) {
-    const Instruments instruments = InstrumentsOfStaff(session, static_cast<std::uint16_t>(staff));
-    const int slot = static_cast<std::int16_t>(instrument) - instruments.before;
+    const Instruments instruments = InstrumentsOfStaff(session, ZeroExtend16(staff));
+    const int slot = SignExtend16(instrument) - instruments.before;
     return slot >= 1 && slot <= instruments.count ? slot : 0;
   });
 }

@@ -1,8 +1,11 @@
-// The document's tagged records, as extensions find them by name. They live as long as the document is open. All answer
-// 1 for success and 0 for failure. A record has at most kLargestRecord bytes.
+// The document's tagged records, as extensions find them by name. They live as long as the document is open. All
+// functions return 1 for success and 0 for failure. A record has at most kMaxRecordSize bytes.
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 
 #include "BrvEDK/Source/brevixpdk.h"
+#include "host/services/edatastore.h"
 #include "host/services/serve.h"
 
 namespace {
@@ -11,23 +14,23 @@ using brvhost::EDataStore;
 using brvhost::Serve;
 using brvhost::Session;
 
-constexpr uint32 kLargestRecord = 1 << 24;
+constexpr uint32 kMaxRecordSize = 1 << 24;
 
-// What `work` answers of the document's records.
+// What `work` returns for the document's records.
 template <class Work>
 short16 ServeRecords(const EDataKey* key, const Work& work) {
   if (key == nullptr) return 0;
   return Serve(0, [&](Session& session) { return work(session.Document().Records()); });
 }
 
-// Copies as much as there is room for.
-void CopyOut(const EDataStore::Bytes& record, void* data, std::int32_t room) {
-  if (data == nullptr || room <= 0) return;
-  std::copy_n(record.data(), std::min(static_cast<std::size_t>(room), record.size()), static_cast<std::uint8_t*>(data));
+// Copies as much as fits into `size` bytes.
+void CopyOut(const EDataStore::Bytes& record, void* data, std::int32_t size) {
+  if (data == nullptr || size <= 0) return;
+  std::copy_n(record.data(), std::min(static_cast<std::size_t>(size), record.size()), static_cast<std::uint8_t*>(data));
 }
 
-bool CopyIfFound(const EDataStore::Bytes* record, void* data, std::int32_t room) {
-  if (record != nullptr) CopyOut(*record, data, room);
+bool CopyIfFound(const EDataStore::Bytes* record, void* data, std::int32_t size) {
+  if (record != nullptr) CopyOut(*record, data, size);
   return record != nullptr;
 }
 
@@ -55,7 +58,7 @@ short16 BX_LoadEData(uint32 tag, EDataKey* key, void* data, std::int32_t* size, 
 // Creates the record where there is none.
 short16 BX_SaveEData(uint32 tag, EDataKey* key, void* data, uint32 size, BrvVersion) {
   return ServeRecords(key, [&](EDataStore& records) {
-    if (size > kLargestRecord) return false;
+    if (size > kMaxRecordSize) return false;
     records.Save(tag, *key, BytesOf(data, size));
     return true;
   });
@@ -65,7 +68,7 @@ short16 BX_SaveEData(uint32 tag, EDataKey* key, void* data, uint32 size, BrvVers
 short16 BX_CreateEData(uint32 tag, EDataKey* key, void* data, int32 size, BrvVersion) {
   return ServeRecords(key, [&](EDataStore& records) {
     const auto count = static_cast<uint32>(size);
-    return count <= kLargestRecord && records.Create(tag, *key, BytesOf(data, count));
+    return count <= kMaxRecordSize && records.Create(tag, *key, BytesOf(data, count));
   });
 }
 
@@ -73,16 +76,16 @@ short16 BX_DeleteEData(uint32 tag, EDataKey* key, BrvVersion) {
   return ServeRecords(key, [&](EDataStore& records) { return records.Erase(tag, *key); });
 }
 
-// The nearest record of the tag before the key, by record number and then index; the key becomes its key. `room` is
-// that at `data`, in bytes.
-short16 BX_PreviousEData(uint32 tag, EDataKey* key, void* data, int32 room, BrvVersion) {
+// The nearest record of the tag before the key, by record number and then index; the key becomes its key. `size` is
+// the number of bytes at `data`.
+short16 BX_PreviousEData(uint32 tag, EDataKey* key, void* data, int32 size, BrvVersion) {
   return ServeRecords(key,
-                      [&](const EDataStore& records) { return CopyIfFound(records.Previous(tag, *key), data, room); });
+                      [&](const EDataStore& records) { return CopyIfFound(records.Previous(tag, *key), data, size); });
 }
 
-// Likewise the nearest after the key.
-short16 BX_NextEData(uint32 tag, EDataKey* key, void* data, int32 room, BrvVersion) {
-  return ServeRecords(key, [&](const EDataStore& records) { return CopyIfFound(records.Next(tag, *key), data, room); });
+// Likewise the nearest record after the key.
+short16 BX_NextEData(uint32 tag, EDataKey* key, void* data, int32 size, BrvVersion) {
+  return ServeRecords(key, [&](const EDataStore& records) { return CopyIfFound(records.Next(tag, *key), data, size); });
 }
 
 }  // extern "C"

@@ -1,4 +1,4 @@
-// The records that a document has from its score. docs/host-records.md lists them.
+// The records that a document has of its score. docs/host-records.md lists them.
 #pragma once
 
 #include "host/score/score.h"

@@ -1,4 +1,4 @@
-// What stands between the functions that extensions call, which are C, and the host behind them.
+// The step from the functions that extensions call, which are C, to the host's own.
 #pragma once
 
 #include <exception>
@@ -7,8 +7,8 @@
 
 namespace brvhost {
 
-// Answers what `work` answers of the open session: `failure` where there is no session, and where anything is thrown.
-// No exception may pass through an extension, which need not know of any: the session keeps it for the host.
+// Returns what `work` returns for the open session, or `failure` where there is no session or anything is thrown. No
+// exception may pass through an extension, which need not know of exceptions: the session keeps it for the host.
 template <class Answer, class Work>
 Answer Serve(Answer failure, const Work& work) noexcept {
   Session* const session = Session::Current();

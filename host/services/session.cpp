@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "BrvEDK/Source/convention.h"
+
 namespace brvhost {
 namespace {
 
@@ -10,8 +12,8 @@ Session* current = nullptr;
 
 }  // namespace
 
-Session::Session(const Extension& extension, OpenDocument& document, User& user)
-    : extension_(extension), document_(document), user_(user) {
+Session::Session(const Extension& extension, OpenDocument& document, User& user, Selection selection)
+    : extension_(extension), document_(document), user_(user), selection_(std::move(selection)) {
   current = this;
 }
 
@@ -21,13 +23,14 @@ Session* Session::Current() { return current; }
 
 bool Session::IsLayerShown(int layer) const {
   if (layer < 0 || layer >= document_.GetScore().layers) return false;
-  return shownLayers.empty() || std::ranges::find(shownLayers, layer) != shownLayers.end();
+  const std::vector<int>& shown = selection_.shownLayers;
+  return shown.empty() || std::ranges::find(shown, layer) != shown.end();
 }
 
 int Session::Alert(int kind, const std::string& text) {
-  if (kind == kAlertQuestion) return user_.Ask(text) ? 1 : 0;
-  user_.Tell(text);
-  return 1;
+  if (kind == kAlertQuestion) return user_.Ask(text) ? kAlertYes : 0;
+  user_.Show(text);
+  return kAlertYes;
 }
 
 int Session::AlertWithID(int kind, std::int32_t stringID) { return Alert(kind, extension_.LocalizedText(stringID)); }

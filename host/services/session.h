@@ -7,51 +7,43 @@
 #include <string>
 #include <vector>
 
+#include "BrvEDK/Source/hostrecords.h"
 #include "host/bundle/extension.h"
 #include "host/services/document.h"
+#include "host/services/user.h"
 
 namespace brvhost {
 
-// Kinds of alerts that mean more than their text.
-inline constexpr int kAlertQuestion = 33;
-
-// Whoever sees alerts and progress.
-class User {
- public:
-  virtual ~User() = default;
-  virtual void Tell(const std::string& text) = 0;
-  // Whether the user agrees.
-  virtual bool Ask(const std::string& question) = 0;
-  virtual void ShowProgress(std::int64_t done, std::int64_t total) = 0;
-  virtual void EndProgress() = 0;
+// What the user chose to work on.
+struct Selection {
+  std::optional<EREGION> region;
+  std::vector<int> shownLayers;  // from 0; all when empty
 };
 
 class Session {
  public:
-  // All of them outlive the session. At most one is open at a time.
-  Session(const Extension& extension, OpenDocument& document, User& user);
+  // Extension, document and user outlive the session. At most one session is open at a time.
+  Session(const Extension& extension, OpenDocument& document, User& user, Selection selection);
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  // The open session, or null. The exported host functions serve it; without one they answer as a host that can do
-  // nothing.
+  // The open session, or null. The exported host functions work on it; without one they return what a host does that
+  // can do nothing.
   static Session* Current();
 
   OpenDocument& Document() { return document_; }
   const OpenDocument& Document() const { return document_; }
 
-  // The selection, if the user made one.
-  std::optional<EREGION> region;
-  // The layers that are shown, from 0; all of them when empty.
-  std::vector<int> shownLayers;
-
+  // The selected region, if there is one.
+  const std::optional<EREGION>& Region() const { return selection_.region; }
   bool IsLayerShown(int layer) const;
-  // Shows the alert and returns the answer: 1 for yes and for having seen it, 0 for no.
+
+  // Shows the alert and returns the answer: kAlertYes for yes and for having seen it, 0 for no.
   int Alert(int kind, const std::string& text);
   int AlertWithID(int kind, std::int32_t stringID);
 
-  // What a host function that failed threw, until whoever opened the session asks: the first of them is kept.
+  // Keeps the first exception of a host function, until whoever opened the session asks for it.
   void KeepFailure(std::exception_ptr failure);
   void RethrowFailure() const;
 
@@ -70,6 +62,7 @@ class Session {
   const Extension& extension_;
   OpenDocument& document_;
   User& user_;
+  const Selection selection_;
   std::optional<Progress> progress_;
   std::exception_ptr failure_;
 };

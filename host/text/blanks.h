@@ -1,7 +1,8 @@
-// The blanks of XML around a word.
+// Removes the blanks of XML around a word.
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
 
 namespace brvhost {

@@ -1,4 +1,4 @@
-// A CoreFoundation object that its owner releases.
+// Releases a CoreFoundation object with its owner.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

@@ -1,4 +1,4 @@
-// Text for people, between the encodings of the interface and the terminal's UTF-8.
+// Text for people, from the encodings of the interface to the terminal's UTF-8.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

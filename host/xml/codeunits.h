@@ -1,4 +1,4 @@
-// How the characters of ASCII, which all markup is made of, stand in the bytes of a document.
+// How the bytes of a document hold the characters of ASCII, which all markup consists of.
 #pragma once
 
 #include <cstdint>

@@ -10,7 +10,7 @@
 
 namespace brvhost {
 
-// A change of the bytes: from `offset`, `removed` bytes give way to `inserted`.
+// A change of the bytes: from `offset` on, `removed` bytes are replaced by `inserted`.
 struct ByteEdit {
   std::uint64_t offset = 0;
   std::uint64_t removed = 0;
@@ -19,15 +19,15 @@ struct ByteEdit {
 
 class StartTag {
  public:
-  // The start tag whose "<" is at `offset`, in a well-formed document; both are what its reader said. Null when there
-  // is none: an element that an entity brings in has its tag elsewhere.
+  // The start tag whose "<" is at `offset`, in a well-formed document; `units` and `offset` are as its reader reported
+  // them. Null when there is none: an element that comes from an entity has its tag elsewhere.
   static std::optional<StartTag> At(std::string_view document, CodeUnits units, std::uint64_t offset);
 
-  // Adds an attribute that the tag does not have, directly after its name. `value` is ASCII and needs no escape.
+  // Adds an attribute that the tag does not have, immediately after its name. `value` is ASCII and needs no escape.
   ByteEdit Add(std::string_view attribute, std::string_view value) const;
 
-  // Gives another value to an attribute that the tag has, or takes it away with the blanks before it, so that Remove
-  // undoes Add. An edit of nothing where there is none.
+  // Gives an attribute that the tag has another value, or removes it with the blanks before it, so that Remove undoes
+  // Add. An empty edit where there is no such attribute.
   ByteEdit Change(std::string_view attribute, std::string_view value) const;
   ByteEdit Remove(std::string_view attribute) const;
 
@@ -35,7 +35,7 @@ class StartTag {
   // In code units from the start of the document.
   struct Attribute {
     std::uint64_t blanks;  // where the blanks before its name start
-    std::uint64_t value;   // behind the opening quote
+    std::uint64_t value;   // after the opening quote
     std::uint64_t quote;   // the closing quote
   };
 
@@ -45,7 +45,7 @@ class StartTag {
   std::uint64_t AfterName() const;
   std::uint64_t SkipBlanks(std::uint64_t index) const;
   bool NameIs(std::uint64_t from, std::uint64_t to, std::string_view name) const;
-  // A character of ASCII, or 0x80 for any other; 0 behind the end.
+  // A character of ASCII, or 0x80 for any other; 0 after the end.
   unsigned char UnitAt(std::uint64_t index) const;
   std::string Encoded(std::string_view ascii) const;
   ByteEdit Edit(std::uint64_t from, std::uint64_t to, std::string_view ascii) const;

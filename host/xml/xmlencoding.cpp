@@ -6,24 +6,25 @@
 #include <memory>
 #include <new>
 #include <optional>
+#include <utility>
 
 namespace brvhost {
 namespace {
 
-constexpr int kLongest = 4;  // bytes of one character, the most that the parser takes
+constexpr int kMaxLength = 4;  // bytes of one character, as the parser has it
 
-// An encoding with more to search is refused, whatever it is: those that can be read take less than half of it.
-constexpr int kMostTries = 10'000'000;
+// An encoding that takes more is refused, whatever it is: those that can be read take less than half of this.
+constexpr int kMaxTries = 10'000'000;
 
 struct CloseConverter {
   void operator()(UConverter* converter) const { ucnv_close(converter); }
 };
 using Converter = std::unique_ptr<UConverter, CloseConverter>;
 
-// What bytes are that are not a character.
+// What bytes can be that are not a character.
 constexpr int kNone = -1;
 constexpr int kStartOfOne = -2;
-constexpr int kSwitch = -3;  // to other characters, as long as nothing switches back
+constexpr int kSwitch = -3;  // to other characters, until something switches back
 
 // The one character that these bytes are, or what else they are.
 int CharacterOf(UConverter* converter, const char* bytes, int count) {
@@ -36,32 +37,32 @@ int CharacterOf(UConverter* converter, const char* bytes, int count) {
   return U_FAILURE(error) || source != bytes + count ? kNone : character;
 }
 
-// Blanks, quotes and all else that holds a tag together. Whoever changes a tag relies on it that these bytes stand for
-// themselves everywhere.
+// Blanks, quotes and all else that a tag is built with. The edits of tags rely on these bytes standing for themselves
+// everywhere.
 bool IsMarkup(unsigned char byte) { return byte < 0x30 || (byte >= '<' && byte <= '>'); }
 
-// Finds out how long the characters are that start with a byte.
+// Finds the length of the characters that start with a byte.
 class Search {
  public:
   explicit Search(UConverter* converter) : converter_(converter) {}
 
-  // 0 when there are none. Null when they are of different lengths, which the parser has no way to know, when a byte of
-  // markup is in one, or when it takes too long to tell.
+  // 0 when there are none. Null when they have different lengths, which the parser has no way to know, when one
+  // contains a byte of markup, or when the search takes too long.
   std::optional<int> LengthAfter(char lead) {
     int found = 0;
-    for (int length = 2; length <= kLongest; ++length) {
-      char bytes[kLongest] = {lead};
+    for (int length = 2; length <= kMaxLength; ++length) {
+      char bytes[kMaxLength] = {lead};
       if (!StartsCharacter(bytes, 1, length)) continue;
       if (found != 0) return std::nullopt;
       found = length;
     }
-    return tries_ > kMostTries || sawMarkup_ ? std::nullopt : std::optional(found);
+    return tries_ > kMaxTries || sawMarkup_ ? std::nullopt : std::optional(found);
   }
 
  private:
   // Whether any character starts with these bytes and has `length` in all.
-  bool StartsCharacter(char (&bytes)[kLongest], int count, int length) {
-    for (int next = 0; next < 0x100 && tries_ <= kMostTries; ++next) {
+  bool StartsCharacter(char (&bytes)[kMaxLength], int count, int length) {
+    for (int next = 0; next < 0x100 && tries_ <= kMaxTries; ++next) {
       ++tries_;
       bytes[count] = static_cast<char>(next);
       const int character = CharacterOf(converter_, bytes, count + 1);
@@ -77,8 +78,8 @@ class Search {
   bool sawMarkup_ = false;
 };
 
-// What the parser is to know of a byte: its character, or the length of those that start with it, negative; -1 for
-// none. Null when it cannot be said.
+// What the parser has to know about a byte: its character, or the negative length of the characters that start with it,
+// or -1 where there are none. Null when that cannot be stated.
 std::optional<int> TableEntry(UConverter* converter, Search& search, int byte) {
   const char lead = static_cast<char>(byte);
   const int character = CharacterOf(converter, &lead, 1);
@@ -104,7 +105,7 @@ struct Known {
   int table[256];
 };
 
-// The parser asks where as many bytes follow as the table says of the first.
+// The parser asks once it has as many bytes as the table states for the first.
 int Convert(void* known, const char* bytes) {
   const auto& [converter, table] = *static_cast<Known*>(known);
   const int length = -table[static_cast<unsigned char>(*bytes)];

@@ -4,10 +4,13 @@
 #include <strings.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <exception>
 #include <initializer_list>
 #include <memory>
+#include <new>
 #include <optional>
+#include <string>
 
 #include "host/xml/unreadencoding.h"
 #include "host/xml/xmlencoding.h"
@@ -16,10 +19,11 @@ namespace brvhost {
 namespace {
 
 // The parser counts the lines and columns of every piece that it is given but the last, which takes a sixth of its
-// time: there is one piece, unless that were more than it takes.
-constexpr std::size_t kLargestPiece = std::size_t{1} << 29;
+// time: there is one piece, unless it would be more than the parser takes.
+constexpr std::size_t kMaxPieceSize = std::size_t{1} << 29;
 
-// A "<" and a name start here, as the parser says, whatever made it take the bytes so. No name has a character 0.
+// A "<" and a name start here, according to the parser, however it came to take the bytes so. No name has a character
+// 0.
 CodeUnits UnitsOfTag(std::string_view tag) {
   using namespace std::string_view_literals;
   if (tag.starts_with("\0<"sv)) return CodeUnits::kUtf16BigEndian;
@@ -38,15 +42,15 @@ class Reader : public XmlPosition {
   void Read(std::string_view document) {
     start_ = document;
     handler_.Begin(*this);
-    while (document.size() > kLargestPiece) {
-      Parse({document.substr(0, kLargestPiece)}, false);
-      document.remove_prefix(kLargestPiece);
+    while (document.size() > kMaxPieceSize) {
+      Parse({document.substr(0, kMaxPieceSize)}, false);
+      document.remove_prefix(kMaxPieceSize);
     }
     Parse({document}, true);
   }
 
   void Read(const XmlSection& section) {
-    if (section.content.size() > kLargestPiece) throw InputError("the section is too large");
+    if (section.content.size() > kMaxPieceSize) throw InputError("the section is too large");
     start_ = section.opening.empty() ? section.content : section.opening;
     isSection_ = true;
     shift_ = section.offset - section.opening.size();
@@ -69,13 +73,13 @@ class Reader : public XmlPosition {
   void WantText(bool wanted) override { XML_SetCharacterDataHandler(parser_.get(), wanted ? OnText : nullptr); }
 
  private:
-  // The texts one after another, as one piece of the document.
+  // Parses the texts one after another, as one piece of the document.
   void Parse(std::initializer_list<std::string_view> texts, bool last) {
     std::size_t size = 0;
     for (const std::string_view text : texts) size += text.size();
-    auto* room = static_cast<char*>(XML_GetBuffer(parser_.get(), static_cast<int>(size)));
-    if (room == nullptr) throw std::bad_alloc();
-    for (const std::string_view text : texts) room = std::ranges::copy(text, room).out;
+    auto* buffer = static_cast<char*>(XML_GetBuffer(parser_.get(), static_cast<int>(size)));
+    if (buffer == nullptr) throw std::bad_alloc();
+    for (const std::string_view text : texts) buffer = std::ranges::copy(text, buffer).out;
     if (XML_ParseBuffer(parser_.get(), static_cast<int>(size), last) == XML_STATUS_OK) return;
     if (failure_) std::rethrow_exception(failure_);
     throw InputError(Explanation(), Place());
@@ -103,7 +107,7 @@ class Reader : public XmlPosition {
     }
   }
 
-  // Adds the place to what the call finds wrong without one.
+  // Adds the place to an error that the call reports without one.
   template <class Call>
   void Placed(Call call) const {
     try {

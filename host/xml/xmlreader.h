@@ -1,4 +1,4 @@
-// A strict reader of XML that says where in the bytes each element starts.
+// A strict reader of XML that reports at which byte each element starts.
 #pragma once
 
 #include <cstdint>
@@ -10,10 +10,10 @@
 
 namespace brvhost {
 
-// Most names that are compared differ in their first character, and there are millions of them.
+// Most names that are compared differ in their first character, and millions are compared.
 inline bool SameName(const char* a, const char* b) { return *a == *b && std::strcmp(a, b) == 0; }
 
-// The attributes that stand in a start tag, without those that a document type adds.
+// The attributes in a start tag, without those that a document type adds.
 class XmlAttributes {
  public:
   XmlAttributes(const char** namesAndValues, int count) : namesAndValues_(namesAndValues), count_(count) {}
@@ -35,23 +35,23 @@ class XmlAttributes {
 class XmlPosition {
  public:
   virtual TextPlace Place() const = 0;
-  // The offset of the byte at which the tag or text starts that is being reported.
+  // The offset of the first byte of the tag or text that is being reported.
   virtual std::uint64_t Offset() const = 0;
-  // How the reader takes the document's bytes; good from the first tag on.
+  // How the reader takes the document's bytes; known from the first tag on.
   virtual CodeUnits Units() const = 0;
-  // From now on, until told otherwise, text is reported or passed over.
+  // From now on, until the next call, text is reported or passed over.
   virtual void WantText(bool wanted) = 0;
 
  protected:
   ~XmlPosition() = default;
 };
 
-// What a document is told to. Whatever these throw ends the reading and comes out of ReadXml; an InputError without a
-// place gets that of the tag.
+// What a document is reported to. Whatever these functions throw ends the reading and comes out of ReadXml; an
+// InputError without a place gets that of the tag.
 class XmlHandler {
  public:
   virtual ~XmlHandler() = default;
-  // Called once, before the others. `position` is good until ReadXml returns.
+  // Called once, before the others. `position` is valid until ReadXml returns.
   virtual void Begin(XmlPosition& position) = 0;
   virtual void StartElement(const char* name, const XmlAttributes& attributes) = 0;
   virtual void EndElement() = 0;
@@ -72,7 +72,7 @@ struct XmlSection {
 };
 
 // Reads a section as a document. Offsets are the whole document's; places are within the section. Throws InputError
-// where it is not well formed, and where it declares what would hold for the other sections too: another encoding than
+// where it is not well formed, and where it declares what would hold for the other sections too: an encoding other than
 // UTF-8, entities, attributes.
 void ReadXmlSection(const XmlSection& section, XmlHandler& handler);
 

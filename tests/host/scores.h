@@ -1,6 +1,7 @@
-// Small scores for tests, and what stands in them.
+// Small scores for tests, and what is in them.
 #pragma once
 
+#include <cstdint>
 #include <ctime>
 #include <ostream>
 #include <string>
@@ -26,7 +27,7 @@ inline std::string Partwise(const std::string& measures) {
 // The score of one measure.
 inline Score ScoreOf(const std::string& measureContent) { return ReadMusicXml(Partwise(Measure(measureContent))); }
 
-// The time that this process has worked: what else the machine does is no part of it.
+// The time that this process has worked; it does not depend on what else the machine does.
 inline double ProcessorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
 struct EntryFacts {

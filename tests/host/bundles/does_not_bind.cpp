@@ -1,5 +1,4 @@
 #include "convention.h"
 
 // Instead of the kit's main.
-extern "C" BRV_EXPORT int DoesNotBind(int, void*) __asm__(BRV_SYMBOL("main"));
-extern "C" int DoesNotBind(int, void*) { return 0; }
+int BrevixExtensionMain(int, void*) { return 0; }

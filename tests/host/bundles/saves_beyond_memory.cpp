@@ -1,16 +1,18 @@
 #include <vector>
 
 #include "extension.h"
+#include "recordtag.h"
 
 namespace {
 
-// What the host answers when it can keep no more records.
-int AnswerAtTheEnd() {
+// What the host returns when it can keep no more records.
+int ResultAtTheEnd() {
   std::vector<char> bytes(1 << 24);
   EDataKey key{0, 0};
   for (;;) {
-    const int answer = BX_SaveEData(0x54455354, &key, bytes.data(), static_cast<uint32>(bytes.size()), kBrvVersion);
-    if (answer != 1) return answer;
+    const int result =
+        BX_SaveEData(RecordTag("TEST"), &key, bytes.data(), static_cast<uint32>(bytes.size()), kBrvVersion);
+    if (result != 1) return result;
     ++key.recordNumber;
   }
 }
@@ -20,11 +22,11 @@ int AnswerAtTheEnd() {
 // Goes on when a record is not saved, as if it did not matter.
 int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION*) {
   if (index != 0 || region == nullptr) return 0;
-  const char* told = "something was thrown";
+  const char* report = "something was thrown";
   try {
-    told = AnswerAtTheEnd() == 0 ? "the host answered 0" : "the host answered something else";
+    report = ResultAtTheEnd() == 0 ? "the host returned 0" : "the host returned something else";
   } catch (...) {
   }
-  BX_AlertMessage(nullptr, 64, 0, told, kBrvVersion);
+  BX_AlertMessage(nullptr, kAlertMessage, 0, report, kBrvVersion);
   return HideFirstFrame(*region);
 }

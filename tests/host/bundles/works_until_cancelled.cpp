@@ -3,7 +3,7 @@
 #include "extension.h"
 #include "keyboard.h"
 
-// Not a fault: an extension that has a lot to do, and says how far it is.
+// Not a fault: an extension that has a lot to do, and shows its progress.
 int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION*) {
   if (index != 0 || region == nullptr) return 0;
   BX_AlertMessage(nullptr, kAlertMessage, 0, "working", kBrvVersion);

@@ -1,9 +1,0 @@
-#include "host/batch/cancelkeys.h"
-
-namespace brvhost {
-
-// The keyboard is the user's own: extensions see Command-period when it is pressed, and an interrupt when they are
-// done.
-void HoldCancelKeys() {}
-
-}  // namespace brvhost

@@ -1,0 +1,14 @@
+// The command line: its commands, their options, and the help on them.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "host/commands/options.h"
+
+namespace brvhost {
+
+// The whole command line. Parsing fills `options`, which outlives it.
+std::unique_ptr<CLI::App> DescribeCommandLine(Options& options);
+
+}  // namespace brvhost

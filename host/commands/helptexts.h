@@ -1,0 +1,80 @@
+// What the help, the manual page and the completions explain at length.
+#pragma once
+
+namespace brvhost {
+
+inline constexpr const char* kAbout =
+    "Runs extensions of the Brevix music-notation application on MusicXML scores, without the application.";
+
+inline constexpr const char* kCommonFooter = R"(EXIT STATUS
+  0    done
+  1    a result could not be written, an extension crashed, or a check failed
+  2    bad usage, or a score that cannot be used
+  3    a bundle that cannot be used
+  130  interrupted
+
+EXAMPLES
+  brvhost items LegerLines.bundle
+  brvhost run LegerLines.bundle --item 0 --all sonata.musicxml -o hidden.musicxml
+  brvhost run LegerLines.bundle --item 0 --all --in-place --jobs 4 scores/*.mxl)";
+
+inline constexpr const char* kItemsFooter = R"(EXIT STATUS
+  0    done
+  3    a bundle that cannot be used)";
+
+inline constexpr const char* kInfoFooter = R"(EXIT STATUS
+  0    done
+  2    a score that cannot be used; the others are still reported)";
+
+inline constexpr const char* kItemsAbout =
+    "Lists the menu items of an extension, one to a line: its number, its name in the menu, its name in the Undo "
+    "command, and its explanation, with tabs between them.";
+
+inline constexpr const char* kInfoAbout =
+    "Reports what each score holds: its parts with their staves, the number of measures and layers, its entries "
+    "(notes, chords and rests), and how many of them show no ledger lines.";
+
+inline constexpr const char* kRunAbout =
+    "Runs one menu item of an extension on each score, and writes the result. A result differs from its score in the "
+    "attribute print-leger of those notes that the extension changed, and in nothing else.";
+
+inline constexpr const char* kRunFooter = R"(THE REGION
+  With any of --staves, --measures, --start-at and --end-at, the extension works on that region; an end that is not
+  given is that of the score. With --all it is the whole score. With none of these nothing is selected: the extension
+  asks whether it may work on the whole score.
+
+  Staves count from 1 through all parts, measures from 1 by their order, whatever their printed numbers, and the layers
+  of a staff from 1, in the order in which its voices first appear. A range is written 3, 2-5, 2- or -5.
+
+WHILE IT RUNS
+  On a terminal, a bar shows the progress. Ctrl-C is to the extension what Command-period is in the application: it
+  ends, nothing is written, and the exit status is 130. A second Ctrl-C does not wait for the extension.
+  Questions are asked on the terminal; without one the answer is no.
+
+FILES
+  A result is written beside its target and takes the target's name when it is complete, so that a failure leaves the
+  old file whole. Compressed scores (.mxl) stay compressed.
+
+EXIT STATUS
+  0    done, whether or not anything changed
+  1    a result could not be written, or the extension crashed
+  2    bad usage, or a score that cannot be used; the other scores are done
+  3    a bundle that cannot be used
+  130  interrupted
+
+EXAMPLES
+  Hide the ledger lines in the left hand of measures 5 to 8:
+    brvhost run LegerLines.bundle --item 0 --staves 2 --measures 5-8 piano.musicxml -o hidden.musicxml
+  Show them again in a folder of scores, two at a time:
+    brvhost run LegerLines.bundle --item 1 --all --in-place --jobs 2 scores/*.mxl)";
+
+inline constexpr const char* kCheckAbout =
+    "Checks an extension against the calling convention, in a process of its own: what it exports, its version, its "
+    "menu items, and what it does with right and wrong calls. Prints one line for each fact: ok, or what went wrong.";
+
+inline constexpr const char* kCheckFooter = R"(EXIT STATUS
+  0    every fact holds
+  1    one does not
+  3    there is no such bundle)";
+
+}  // namespace brvhost

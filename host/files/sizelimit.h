@@ -1,0 +1,12 @@
+// How large the score in an archive may be once it is unpacked, in bytes.
+#pragma once
+
+#include <cstdint>
+
+namespace brvhost {
+
+inline constexpr std::uint64_t kDefaultMaxSize = std::uint64_t{1} << 30;
+// The largest limit that the user may set.
+inline constexpr std::uint64_t kMaxSizeLimit = std::uint64_t{1} << 50;
+
+}  // namespace brvhost

@@ -1,0 +1,17 @@
+// Processes that work beside this one.
+#pragma once
+
+#include <sys/types.h>
+
+#include <functional>
+
+namespace brvhost {
+
+// Starts a process that does the work and ends with the status that the work returns. What both processes would print
+// is printed first. Throws std::system_error.
+pid_t StartChild(const std::function<int()>& work);
+
+// Waits for the end of a process, and returns its status as waitpid gives it.
+int WaitForChild(pid_t process);
+
+}  // namespace brvhost

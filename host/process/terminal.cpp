@@ -1,0 +1,85 @@
+#include "host/process/terminal.h"
+
+#include <fmt/format.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
+
+#include "host/process/interrupt.h"
+#include "host/process/streams.h"
+
+namespace brvhost {
+namespace {
+
+constexpr int kBarWidth = 40;
+
+std::string BarOf(std::int64_t done, std::int64_t total) {
+  const std::int64_t part = total <= 0 ? 0 : std::clamp<std::int64_t>(done, 0, total);
+  const auto filled = static_cast<std::size_t>(total <= 0 ? 0 : part * kBarWidth / total);
+  return fmt::format("[{}{}] {}/{}", std::string(filled, '#'), std::string(kBarWidth - filled, ' '), done, total);
+}
+
+// What is typed up to and including the end of the line; nothing at the end of the input or after an interrupt, which
+// answers every question. The terminal hands out whole lines; they are read a byte at a time so that the next question
+// finds the next line.
+std::string TypedLine() {
+  std::string line;
+  while (!line.ends_with('\n') && InterruptCount() == 0) {
+    pollfd input = {STDIN_FILENO, POLLIN, 0};
+    if (poll(&input, 1, kMaxWaitMs) <= 0) continue;
+    char byte;
+    if (read(STDIN_FILENO, &byte, 1) != 1) return "";
+    line += byte;
+  }
+  return InterruptCount() == 0 ? line : "";
+}
+
+}  // namespace
+
+Terminal::Terminal() : showsBar_(isatty(STDERR_FILENO) != 0), canAsk_(showsBar_ && isatty(STDIN_FILENO) != 0) {}
+
+Terminal::~Terminal() { ClearBar(); }
+
+void Terminal::PrintLine(const std::string& line) {
+  const std::string bar = bar_;
+  ClearBar();
+  Print(stdout, "{}\n", line);
+  std::fflush(stdout);
+  if (bar.empty()) return;
+  Print(stderr, "{}", bar);
+  bar_ = bar;
+}
+
+void Terminal::PrintError(const std::string& line) {
+  const std::string bar = bar_;
+  ClearBar();
+  Print(stderr, "brvhost: {}\n{}", line, bar);
+  bar_ = bar;
+}
+
+void Terminal::SetBar(std::int64_t done, std::int64_t total) {
+  if (!showsBar_) return;
+  ClearBar();
+  bar_ = BarOf(done, total);
+  Print(stderr, "{}", bar_);
+}
+
+void Terminal::ClearBar() {
+  if (bar_.empty()) return;
+  Print(stderr, "\r{}\r", std::string(bar_.size(), ' '));
+  bar_.clear();
+}
+
+bool Terminal::Ask(const std::string& question) {
+  if (!canAsk_) return false;
+  ClearBar();
+  Print(stderr, "{} [y/N] ", question);
+  const std::string answer = TypedLine();
+  if (answer.empty()) Print(stderr, "\n");
+  return answer.starts_with('y') || answer.starts_with('Y');
+}
+
+}  // namespace brvhost

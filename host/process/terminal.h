@@ -1,0 +1,31 @@
+// What the user sees: lines, a bar below them, and questions.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace brvhost {
+
+class Terminal {
+ public:
+  Terminal();
+  ~Terminal();
+
+  // Whole lines, above the bar.
+  void PrintLine(const std::string& line);
+  void PrintError(const std::string& line);
+
+  // Only on a terminal. The bar stays as it is until it is set again.
+  void SetBar(std::int64_t done, std::int64_t total);
+  void ClearBar();
+
+  // Without a terminal, and after an interrupt, the answer is no.
+  bool Ask(const std::string& question);
+
+ private:
+  bool showsBar_;
+  bool canAsk_;
+  std::string bar_;  // as it stands on the screen
+};
+
+}  // namespace brvhost

@@ -1,0 +1,79 @@
+"""ScoreReport, built from the installed kit, on samples and real scores, against an independent reader."""
+
+import os
+import pathlib
+import re
+import tempfile
+import unittest
+import xml.etree.ElementTree as ElementTree
+
+import reportreader
+import scorereader
+from brvhost import Case, SAMPLES, brvhost
+from installed import SOURCE, build_example
+
+SHARED = pathlib.Path(os.environ.get("BRV_SHARED_DIR", SOURCE.parent / "shared"))
+SCORES = sorted((SHARED / "scores" / "conformance").glob("*.*")) + sorted((SHARED / "scores" / "quartets").glob("*.mxl"))
+
+
+def report_of(bundle, path):
+    """The report as lists of columns: of the staves and of the measures."""
+    output = brvhost("run", bundle, "--item", "0", "--all", "--dry-run", path)
+    assert output.returncode == 0, output.stderr
+    staves, changes = output.stdout.split("\n\n")[:2]
+    return [columns(line) for line in staves.splitlines()[1:]], [columns(line) for line in changes.splitlines()[1:]]
+
+
+def columns(line):
+    return re.split(r"\s{2,}", line.strip())
+
+
+class ReportCase(Case):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        folder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(folder.cleanup)
+        cls.bundle = build_example(pathlib.Path(folder.name))
+
+    def check(self, path):
+        staves, changes = report_of(self.bundle, path)
+        expected_staves, expected_changes = reportreader.report(ElementTree.fromstring(scorereader.document(path)))
+        self.assertEqual(staves, [[str(value) for value in (number, *staff) if value != ""]
+                                  for number, staff in enumerate(expected_staves, 1)])
+        self.assertEqual(changes, [list(map(str, change)) for change in expected_changes])
+
+
+class Report(ReportCase):
+    def test_reports_what_is_in_the_samples(self):
+        staves, changes = report_of(self.bundle, SAMPLES / "winds.musicxml")
+        self.assertEqual(staves[1], ["2", "Clarinet in Bb", "major 2nd down", "Bb3", "1", "1"])
+        self.assertEqual(changes, [["1", "F major", "4/4"], ["3", "C major", "3/4"]])
+        for sample in SAMPLES.glob("*.musicxml"):
+            with self.subTest(sample.name):
+                self.check(sample)
+
+    def test_keeps_a_caret_from_opening_a_tag(self):
+        path = self.write("caret.musicxml", """<score-partwise><part-list><score-part id="P">
+            <part-name font-family="Times (Roman)">Horn ^ in
+            E\u266D</part-name></score-part></part-list><part id="P"><measure number="1"/></part></score-partwise>""")
+        staves, _ = report_of(self.bundle, path)
+        self.assertEqual(staves[0][1], "Horn \u02C6 in Eb")
+
+    def test_asks_before_it_reports_on_a_score_without_selection(self):
+        output = brvhost("run", self.bundle, "--item", "0", "--dry-run", SAMPLES / "winds.musicxml").stdout
+        self.assertNotIn("Piccolo", output)
+        output = brvhost("run", self.bundle, "--item", "0", "--dry-run", "--yes", SAMPLES / "winds.musicxml").stdout
+        self.assertIn("Piccolo", output)
+
+
+@unittest.skipUnless(SCORES, f"no scores in {SHARED}: nothing to report on")
+class RealScores(ReportCase):
+    def test_agree_with_an_independent_reader(self):
+        for score in SCORES:
+            with self.subTest(score.name):
+                self.check(score)
+
+
+if __name__ == "__main__":
+    unittest.main()

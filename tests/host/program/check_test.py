@@ -1,0 +1,58 @@
+"""brvhost check: each fault is found, and found by the fact that is about it."""
+
+import unittest
+
+from brvhost import Case, LEGER_LINES, brvhost, faulty
+
+# Fault, the first fact that fails, and words of the message.
+FAULTS = [
+    ("needs_missing_library", "loads, and exports the entry points", "DefinedNowhere"),
+    ("lacks_entry_points", "loads, and exports the entry points", "BrevixExtensionInvoke"),
+    ("does_not_bind", "binds to its host", "main returns 0"),
+    ("wrong_version", "is for this version of the host", "0x18000000, not 0x19500000"),
+    ("fails_to_initialise", "initialises, and clears the word", "returns 0"),
+    ("leaves_init_word", "initialises, and clears the word", "leaves its word"),
+    ("offers_nothing", "offers items, and ends their list", "no item"),
+    ("never_ends_its_list", "offers items, and ends their list", "more than 1000"),
+    ("leaves_text_open", "ends each text of an item", "text 2 of item 0 has no end"),
+    ("leaves_last_word", "clears the last word of each item's texts", "0xA5A5A5A5"),
+    ("writes_past_texts", "writes to the texts' record alone", "beyond the record"),
+    ("writes_to_refused_texts", "does not touch the texts of an item that it does not have", "it writes"),
+    ("odd_menu_status", "has a menu status", "-3"),
+    ("takes_any_index", "refuses an item that it does not have", "item 1"),
+    ("ignores_decline", "does nothing when the user declines", ""),
+    ("needs_host_functions", "works in a host without functions", ""),
+    ("leaks_frames", "frees each frame that it loads, once", "leaves frames loaded: 1"),
+    ("frees_twice", "frees each frame that it loads, once", "not loaded: 1"),
+    ("leaves_progress_open", "ends the edits and progress that it starts", "progress"),
+    ("leaves_edit_open", "ends the edits and progress that it starts", "edit"),
+    ("hangs_when_cancelled", "ends in order when the user cancels", "does not return within"),
+    ("saves_what_did_not_change", "changes nothing the second time", "saves frames without a change"),
+    ("crashes_when_invoked", "works in a host without functions", "Aborted"),
+    ("crashes_at_the_end", "works in a host without functions", "Aborted"),
+]
+
+
+class Check(Case):
+    def test_finds_no_fault_where_there_is_none(self):
+        for bundle in (LEGER_LINES, faulty("without_fault")):
+            process = self.succeeds(brvhost("check", bundle))
+            lines = process.stdout.splitlines()
+            self.assertEqual(len(lines), 18)
+            self.assertTrue(all(line.startswith("ok      ") for line in lines), process.stdout)
+
+    def test_finds_each_fault(self):
+        for fault, fact, words in FAULTS:
+            with self.subTest(fault):
+                process = brvhost("check", faulty(fault))
+                self.assertEqual(process.returncode, 1, process.stdout + process.stderr)
+                failed = [line for line in process.stdout.splitlines() if line.startswith("FAILED  ")]
+                self.assertTrue(failed[0].startswith(f"FAILED  {fact}: "), process.stdout)
+                self.assertIn(words, failed[0])
+
+    def test_needs_a_bundle(self):
+        self.fails(brvhost("check", self.folder / "none.bundle"), 3, "there is no such bundle")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,119 @@
+"""The installed kit: the tutorial's commands as written, pkg-config, and the Debian package."""
+
+import os
+import re
+import shutil
+import subprocess
+import unittest
+
+from brvhost import Case, SAMPLES
+from installed import BUILD, SOURCE, install
+
+TUTORIAL = SOURCE / "docs" / "write-an-extension.md"
+EXAMPLE = SOURCE / "examples" / "ScoreReport"
+
+# A struct among the declarations, a function that stays inside, and templates of the C++ library in use.
+ODD_EXTENSION = """
+#include <BrvEDK/brevixpdk.h>
+#include <BrvEDK/convention.h>
+#include <algorithm>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+extern "C" {
+struct Pair { int first; int second; };
+BRV_EXPORT int SumOfPair(Pair pair);
+int StaysInside(Pair pair);
+}
+
+int SumOfPair(Pair pair) { return pair.first + pair.second + StaysInside(pair); }
+int StaysInside(Pair pair) {
+  std::vector<std::string> texts(static_cast<std::size_t>(pair.first), std::to_string(pair.second));
+  std::map<std::string, std::vector<Pair>> pairs;
+  for (const std::string& text : texts) pairs[text].push_back(pair);
+  std::stable_sort(texts.begin(), texts.end());
+  if (texts.empty()) throw std::invalid_argument("none");
+  return static_cast<int>(pairs.size());
+}
+uint32 BrevixExtensionVersion() { return kBrvVersion; }
+int BrevixExtensionInit(void*, std::uint32_t*) { return 1; }
+int BrevixExtensionEnumerate_UTF16(void*, ushort16, MenuItemTexts*) { return 0; }
+int BrevixExtensionInvoke(void*, ushort16, EREGION*, EREGION*) { return 0; }
+void BrevixExtensionTerminate() {}
+int BrevixExtensionGetMenuStatus() { return 1; }
+"""
+
+
+class Installed(Case):
+    def setUp(self):
+        super().setUp()
+        self.prefix = self.folder / "prefix"
+        install(self.prefix)
+
+    def sh(self, script, **variables):
+        environment = {**os.environ, "LANGUAGE": "en", **{name: str(value) for name, value in variables.items()}}
+        process = subprocess.run(["bash", "-e", "-c", script], cwd=self.folder, env=environment, capture_output=True, text=True)
+        self.assertEqual(process.returncode, 0, process.stdout + process.stderr)
+        return process.stdout
+
+    def test_kit_builds_what_the_tutorial_shows(self):
+        text = TUTORIAL.read_text()
+        commands = "\n".join(re.findall(r"^```sh\n(.*?)^```$", text, re.MULTILINE | re.DOTALL))
+        shown = re.search(r"^```text\n(.*?)^```$", text, re.MULTILINE | re.DOTALL)[1]
+        output = self.sh(commands, BREVIX=self.prefix, SCORE=SAMPLES / "winds.musicxml")
+        self.assertIn(shown.strip(), output)
+        for path in EXAMPLE.rglob("*.*"):
+            if path.is_file():
+                made = self.folder / "ScoreReport" / path.relative_to(EXAMPLE)
+                self.assertEqual(made.read_text(), path.read_text(), "the example is what the tutorial makes")
+
+    def test_kit_is_known_to_pkg_config(self):
+        flags = self.sh("pkg-config --cflags --libs brvedk", PKG_CONFIG_PATH=self.prefix / "lib" / "pkgconfig")
+        self.assertIn("-lBrvEDK", flags)
+        headers = sorted(path.name for path in (self.prefix / "include" / "BrvEDK").glob("*.h"))
+        self.assertGreater(len(headers), 15)
+        for header in headers:
+            self.write(f"include_{header}.cpp", f"#include <BrvEDK/{header}>\n#include <BrvEDK/{header}>\n")
+        self.sh(f"c++ -std=c++20 -fsyntax-only -Wall -Wextra -Werror {flags.split(' -L')[0]} include_*.cpp")
+
+    def test_extension_exports_what_its_sources_make_visible(self):
+        (self.folder / "Odd").mkdir()
+        self.write("Odd/CMakeLists.txt", "cmake_minimum_required(VERSION 3.22)\nproject(Odd CXX)\n"
+                                         "set(CMAKE_CXX_STANDARD 20)\nfind_package(BrvEDK REQUIRED)\n"
+                                         "brv_add_extension(NAME Odd IDENTIFIER org.example.Odd SOURCES odd.cpp)\n")
+        self.write("Odd/odd.cpp", ODD_EXTENSION)
+        self.sh("cmake -G Ninja -S Odd -B Odd/build && cmake --build Odd/build", CMAKE_PREFIX_PATH=self.prefix)
+        image = self.folder / "Odd/build/Odd.bundle/Contents/Linux-x86-64/Odd.so"
+        symbols = {line.split()[-1] for line in self.sh(f"nm -D --defined-only {image}").splitlines()}
+        listed = (SOURCE / "tests/extension/exports.txt").read_text().splitlines()
+        of_every_extension = {line for line in listed if not line.startswith(("#", "_Z", "NewFF", "DisposeFF"))}
+        self.assertEqual(of_every_extension - symbols, set())
+        self.assertEqual({name for name in symbols - set(listed)}, {"SumOfPair"})
+
+
+@unittest.skipUnless(shutil.which("dpkg-shlibdeps"), "no tools for Debian packages")
+class DebianPackage(Case):
+    def test_installs_and_removes_cleanly(self):
+        subprocess.run(["cpack", "-G", "DEB", "-B", self.folder], cwd=BUILD, check=True, capture_output=True)
+        package = next(self.folder.glob("*.deb"))
+        root = self.folder / "root"
+        (root / "var/lib/dpkg/updates").mkdir(parents=True)
+        (root / "var/lib/dpkg/info").mkdir()
+        (root / "var/lib/dpkg/status").touch()
+        dpkg = ["dpkg", f"--root={root}", "--force-not-root", "--force-depends", "--force-script-chrootless",
+                "--log=/dev/null"]
+        subprocess.run([*dpkg, "--install", package], check=True, capture_output=True)
+        program = root / "usr/bin/brvhost"
+        version = subprocess.run([program, "--version"], check=True, capture_output=True, text=True).stdout
+        self.assertTrue(version.startswith("brvhost "))
+        self.assertTrue((root / "usr/include/BrvEDK/brevixpdk.h").exists())
+        self.assertTrue((root / "usr/share/man/man1/brvhost.1").exists())
+        subprocess.run([*dpkg, "--purge", "brvedk"], check=True, capture_output=True)
+        left = [path for path in root.rglob("*") if path.is_file() and "dpkg" not in path.parts]
+        self.assertEqual(left, [])
+
+
+if __name__ == "__main__":
+    unittest.main()

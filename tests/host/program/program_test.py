@@ -1,0 +1,232 @@
+"""What brvhost does at the shell: commands, files, exit statuses, messages."""
+
+import os
+import subprocess
+import unittest
+
+from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SANITIZED, SHOW, brvhost, faulty, run, score)
+
+
+class Items(Case):
+    def test_are_listed_with_their_texts(self):
+        lines = self.succeeds(brvhost("items", LEGER_LINES)).stdout.splitlines()
+        self.assertEqual([line.split("\t")[:2] for line in lines],
+                         [["0", "Hide Ledger Lines"], ["1", "Show Ledger Lines"]])
+
+    def test_need_a_bundle_that_is_there(self):
+        self.fails(brvhost("items", self.folder / "none.bundle"), 3, "none.bundle: there is no such bundle")
+
+    def test_need_a_bundle_that_loads(self):
+        self.fails(brvhost("items", faulty("needs_missing_library")), 3, "does not load", "DefinedNowhere")
+
+    def test_need_entry_points(self):
+        self.fails(brvhost("items", faulty("lacks_entry_points")), 3, "has no BrevixExtensionVersion")
+
+    def test_need_the_same_version(self):
+        self.fails(brvhost("items", faulty("wrong_version")), 3, "0x18000000", "0x19500000")
+
+    def test_need_an_end(self):
+        self.fails(brvhost("items", faulty("never_ends_its_list")), 3, "more than 1000 menu items")
+
+
+class Info(Case):
+    def test_counts_what_a_score_holds(self):
+        out = self.succeeds(brvhost("info", SAMPLES / "piano.musicxml")).stdout
+        text = (SAMPLES / "piano.musicxml").read_text()
+        self.assertRegex(out, r"staves +2\n")
+        self.assertRegex(out, rf"measures +{text.count('<measure ')}\n")
+        self.assertRegex(out, rf"notes +{text.count('<note>') - text.count('<rest/>')}\n")
+        self.assertRegex(out, r"hidden +0 ")
+
+    def test_goes_on_after_a_score_that_cannot_be_read(self):
+        bad = self.write("bad.xml", "<nothing/>")
+        process = brvhost("info", bad, SAMPLES / "winds.musicxml")
+        self.fails(process, 2, f"{bad}:1:1: not MusicXML")
+        self.assertIn("Horn in F", process.stdout)
+
+
+    def test_keeps_each_part_on_one_line(self):
+        content = score().replace('<score-part id="P1"/>', '<score-part id="P1"><part-name>Viola&#10;da&#9;gamba</part-name></score-part>')
+        process = self.succeeds(brvhost("info", self.write("a.xml", content)))
+        self.assertIn("P1  staff 1  Viola da gamba\n", process.stdout)
+
+
+class Run(Case):
+    def setUp(self):
+        super().setUp()
+        self.score = self.write("score.musicxml", score(NOTE * 2))
+        self.out = self.folder / "out.musicxml"
+
+    def test_hides_the_whole_score(self):
+        process = self.succeeds(run(HIDE, "--all", self.score, "-o", self.out))
+        self.assertEqual(self.out.read_text(), score(HIDDEN_NOTE * 2))
+        self.assertIn("2 of 2 entries changed", process.stdout)
+
+    def test_gives_every_sample_back(self):
+        for sample in sorted(SAMPLES.glob("*.musicxml")):
+            if b"print-leger" in sample.read_bytes():
+                continue
+            with self.subTest(sample.name):
+                self.succeeds(run(HIDE, "--all", sample, "-o", self.out))
+                self.assertNotEqual(self.out.read_bytes(), sample.read_bytes())
+                self.succeeds(run(SHOW, "--all", self.out, "--in-place"))
+                self.assertEqual(self.out.read_bytes(), sample.read_bytes())
+
+    def test_writes_an_unchanged_score_to_the_file_that_is_named(self):
+        process = self.succeeds(run(SHOW, "--all", self.score, "-o", self.out))
+        self.assertEqual(self.out.read_text(), self.score.read_text())
+        self.assertIn("No ledger lines were shown", process.stdout)
+
+    def test_writes_nothing_in_a_dry_run(self):
+        process = self.succeeds(run(HIDE, "--all", self.score, "--dry-run"))
+        self.assertIn("2 of 2 entries changed", process.stdout)
+        self.assertEqual(self.score.read_text(), score(NOTE * 2))
+
+    def test_touches_no_file_in_place_that_does_not_change(self):
+        before = os.stat(self.score)
+        self.succeeds(run(SHOW, "--all", "--in-place", self.score))
+        after = os.stat(self.score)
+        self.assertEqual((before.st_ino, before.st_mtime_ns), (after.st_ino, after.st_mtime_ns))
+
+    def test_keeps_permissions_and_links_in_place(self):
+        os.chmod(self.score, 0o640)
+        link = self.folder / "link.musicxml"
+        link.symlink_to(self.score)
+        self.succeeds(run(HIDE, "--all", "--in-place", link))
+        self.assertTrue(link.is_symlink())
+        self.assertEqual(self.score.read_text(), score(HIDDEN_NOTE * 2))
+        self.assertEqual(os.stat(self.score).st_mode & 0o777, 0o640)
+
+    def test_leaves_nothing_beside_its_result(self):
+        self.succeeds(run(HIDE, "--all", self.score, "-o", self.out))
+        self.assertEqual(sorted(path.name for path in self.folder.iterdir()), ["out.musicxml", "score.musicxml"])
+
+    def test_writes_to_a_new_folder(self):
+        other = self.write("other.musicxml", score())
+        process = self.succeeds(run(HIDE, "--all", self.score, other, "--out-dir", self.folder / "a" / "b"))
+        self.assertEqual((self.folder / "a/b/score.musicxml").read_text(), score(HIDDEN_NOTE * 2))
+        self.assertEqual((self.folder / "a/b/other.musicxml").read_text(), score(HIDDEN_NOTE))
+        self.assertIn("2 scores: 2 changed, 0 unchanged, 0 failed", process.stdout)
+
+    def test_cuts_the_region_at_its_ends(self):
+        self.score.write_text(score(NOTE * 5))
+        self.succeeds(run(HIDE, self.score, "-o", self.out, "--start-at", "1", "--end-at", "6/2"))
+        self.assertEqual(self.out.read_text(), score(NOTE + HIDDEN_NOTE * 3 + NOTE))
+
+    def test_leaves_hidden_layers_alone(self):
+        voices = [NOTE.replace("</note>", f"<voice>{voice}</voice></note>") for voice in (1, 2, 3)]
+        self.score.write_text(score("".join(voices)))
+        self.succeeds(run(HIDE, "--all", "--layers", "1,3", self.score, "-o", self.out))
+        voices[0] = voices[0].replace("<note", '<note print-leger="no"')
+        voices[2] = voices[2].replace("<note", '<note print-leger="no"')
+        self.assertEqual(self.out.read_text(), score("".join(voices)))
+
+    def test_does_nothing_without_a_region_when_nobody_can_be_asked(self):
+        self.succeeds(run(HIDE, self.score, "-o", self.out))
+        self.assertEqual(self.out.read_text(), score(NOTE * 2))
+
+    def test_works_on_the_whole_score_without_a_region_when_the_answer_is_yes(self):
+        self.succeeds(run(HIDE, self.score, "-o", self.out, "--yes"))
+        self.assertEqual(self.out.read_text(), score(HIDDEN_NOTE * 2))
+
+    def test_warns_of_what_it_guesses(self):
+        self.score.write_text(score("\n<backup><duration>1</duration></backup>" + NOTE))
+        process = self.succeeds(run(HIDE, "--all", self.score, "-o", self.out))
+        self.assertIn("score.musicxml:2:", process.stderr)
+        self.assertIn("warning: a backup goes back before the barline", process.stderr)
+
+
+class Records(Case):
+    def test_live_as_long_as_the_document_is_open(self):
+        score_path = self.write("score.musicxml", score())
+        expected = """create 1
+create 1
+create 0
+next 3 three
+next 7 seven
+previous 3 three
+save 1
+legacy 1 slur record
+create 1
+after cancel 0"""
+        for _ in range(2):
+            process = self.succeeds(run(0, "--all", score_path, "--dry-run", bundle=faulty("keeps_records")))
+            self.assertEqual([line.strip() for line in process.stdout.splitlines()[:10]], expected.splitlines())
+
+
+class BadUsage(Case):
+    def setUp(self):
+        super().setUp()
+        self.score = self.write("score.musicxml", score())
+
+    def refuses(self, message, *arguments):
+        before = sorted(self.folder.iterdir())
+        process = run(*arguments)
+        self.fails(process, 2, message)
+        self.assertEqual(len(process.stderr.splitlines()), 1, process.stderr)
+        self.assertEqual(sorted(self.folder.iterdir()), before)
+        self.assertEqual(self.score.read_text(), score())
+
+    def test_gets_one_line(self):
+        score_and_in_place = (self.score, "--in-place")
+        self.refuses("--item 2: the extension has 2 items", 2, "--all", *score_and_in_place)
+        self.refuses("--item -1", -1, "--all", *score_and_in_place)
+        self.refuses("--staves 0", HIDE, "--staves", "0", *score_and_in_place)
+        self.refuses("--measures 5-2", HIDE, "--measures", "5-2", *score_and_in_place)
+        self.refuses("--start-at x", HIDE, "--start-at", "x", *score_and_in_place)
+        self.refuses("--end-at -1", HIDE, "--end-at=-1", *score_and_in_place)
+        self.refuses("--layers 1,x", HIDE, "--all", "--layers", "1,x", *score_and_in_place)
+        self.refuses("--jobs", HIDE, "--all", "--jobs", "0", *score_and_in_place)
+        self.refuses("exactly one of --output", HIDE, "--all", self.score)
+        self.refuses("exactly one of --output", HIDE, "--all", self.score, "--in-place", "-o", self.folder / "x")
+        self.refuses("single score", HIDE, "--all", self.score, self.score, "-o", self.folder / "x")
+        other = self.write("other.musicxml", score())
+        folder = self.folder / "results"
+        folder.mkdir()
+        (folder / "score.musicxml").symlink_to(other)
+        self.refuses("would replace another", HIDE, "--all", self.score, other, "--out-dir", folder)
+        self.refuses("two of the results", HIDE, "--all", self.score, f"{self.folder}/./score.musicxml", "--in-place")
+        self.refuses("not in range", HIDE, "--all", "--max-size", "-1", *score_and_in_place)
+        for name in ("--staves", "--measures", "--start-at", "--end-at", "--layers", "-o", "--out-dir"):
+            self.refuses("is empty", HIDE, name, "", *score_and_in_place)
+        self.refuses("is empty", "", "--all", *score_and_in_place)
+        self.refuses("starts at staff 7, but the score has only 1", HIDE, "--staves", "7", *score_and_in_place)
+
+    def test_of_a_command_gets_one_line(self):
+        self.fails(brvhost("fly"), 2, "there is no command fly; --help lists them")
+        for arguments in ([], ["fly"], ["items"], ["info"], ["run", LEGER_LINES], ["items", "a", "b"]):
+            process = brvhost(*arguments)
+            self.fails(process, 2, "brvhost: ")
+            self.assertEqual(len(process.stderr.splitlines()), 1, process.stderr)
+
+
+class Streams(Case):
+    def test_that_lose_a_result_are_reported(self):
+        for command in (["info", SAMPLES / "winds.musicxml"], ["items", LEGER_LINES], ["--help"]):
+            with open("/dev/full", "w") as full:
+                process = subprocess.run([PROGRAM, *map(str, command)], stdin=subprocess.DEVNULL, stdout=full,
+                                         stderr=subprocess.PIPE, text=True, timeout=60)
+            self.assertEqual((process.returncode, process.stderr),
+                             (1, "brvhost: the standard output cannot be written\n"))
+
+    def test_that_lose_messages_do_not_stop_the_work(self):
+        bad = self.write("bad.musicxml", "<nothing/>")
+        good = self.write("good.musicxml", score())
+        with open("/dev/full", "w") as full:
+            process = subprocess.run([PROGRAM, "run", LEGER_LINES, "--item", "0", "--all", "--in-place", str(bad), str(good)],
+                                     stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=full, timeout=60)
+        self.assertEqual(process.returncode, 2)
+        self.assertEqual(good.read_text(), score(HIDDEN_NOTE))
+
+    @unittest.skipIf(SANITIZED, "the sanitizer needs descriptors of its own")
+    def test_have_too_few_descriptors_for_all_jobs(self):
+        scores = [self.write(f"{number}.musicxml", score()) for number in range(8)]
+        process = subprocess.run(["bash", "-c", 'ulimit -n 9; exec "$@"', "bash", PROGRAM, "run", LEGER_LINES, "--item", "0",
+                                  "--all", "--in-place", "--jobs", "8", *map(str, scores)],
+                                 stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=60)
+        self.succeeds(process)
+        self.assertIn("8 scores: 8 changed", process.stdout)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,108 @@
+"""brvhost on a terminal: questions, bars, Ctrl-C."""
+
+import os
+import pathlib
+import pty
+import re
+import select
+import signal
+import time
+import unittest
+
+from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, PROGRAM, faulty, run, score)
+
+
+class Terminal(Case):
+    def setUp(self):
+        super().setUp()
+        try:
+            for end in pty.openpty():
+                os.close(end)
+        except OSError as error:
+            self.skipTest(f"there are no pseudo-terminals here: {error}")
+        self.score = self.write("score.musicxml", score())
+
+    def on_terminal(self, arguments, answer_to=b"", answer=b"", before=lambda process: None):
+        """Output and exit status. When the screen shows `answer_to`, calls `before` and types `answer`."""
+        process, screen = pty.fork()
+        if process == 0:
+            os.environ["LANGUAGE"] = "en"
+            signal.signal(signal.SIGPIPE, signal.SIG_DFL)  # as in a shell; Python ignores it
+            os.execv(PROGRAM, [PROGRAM, *map(str, arguments)])
+        shown = b""
+        answered = False
+        while True:
+            ready, _, _ = select.select([screen], [], [], 60)
+            self.assertTrue(ready, f"nothing happens after {shown!r}")
+            try:
+                piece = os.read(screen, 4096)
+            except OSError:
+                piece = b""
+            if not piece:
+                break
+            shown += piece
+            if answer and not answered and answer_to in shown:
+                before(process)
+                os.write(screen, answer)
+                answered = True
+        _, status = os.waitpid(process, 0)
+        os.close(screen)
+        return shown.decode(), os.waitstatus_to_exitcode(status)
+
+    def ask(self, answer, **options):
+        command = ["run", LEGER_LINES, "--item", HIDE, "--in-place", self.score]
+        return self.on_terminal(command, b"[y/N]", answer, **options)
+
+    def test_asks_and_takes_yes(self):
+        shown, status = self.ask(b"y\n")
+        self.assertEqual(status, 0)
+        self.assertIn("Nothing is selected. Apply the command to the whole score? [y/N]", shown)
+        self.assertEqual(self.score.read_text(), score(HIDDEN_NOTE))
+
+    def test_asks_and_takes_all_else_for_no(self):
+        for answer in (b"n\n", b"\n", b"\x04"):
+            _, status = self.ask(answer)
+            self.assertEqual(status, 0)
+            self.assertEqual(self.score.read_text(), score())
+
+    def test_takes_ctrl_c_for_the_end_of_all_questions(self):
+        shown, status = self.ask(b"\x03")
+        self.assertEqual(status, 130, shown)
+        self.assertEqual(self.score.read_text(), score())
+
+    def test_reports_that_nobody_is_there_for_the_answer(self):
+        def kill_who_asks(process):
+            children = pathlib.Path(f"/proc/{process}/task/{process}/children").read_text().split()
+            self.assertEqual(len(children), 1)
+            os.kill(int(children[0]), signal.SIGKILL)
+            while ") Z " not in pathlib.Path(f"/proc/{children[0]}/stat").read_text():
+                time.sleep(0.01)
+
+        shown, status = self.ask(b"y\n", before=kill_who_asks)
+        self.assertEqual(status, 1, shown)
+        self.assertIn("Killed", shown)
+        self.assertEqual(self.score.read_text(), score())
+
+    def test_shows_the_progress_of_the_extension_until_ctrl_c(self):
+        command = ["run", faulty("works_until_cancelled"), "--item", 0, "--all", "--in-place", self.score]
+        shown, status = self.on_terminal(command, b"] 20/1000", b"\x03")
+        self.assertEqual(status, 130)
+        self.assertRegex(shown, r"\[#* *\] 20/1000")
+        self.assertEqual(self.score.read_text(), score())
+
+    def test_shows_how_many_scores_are_done(self):
+        others = [self.write(f"{number}.musicxml", score()) for number in range(3)]
+        shown, status = self.on_terminal(["run", LEGER_LINES, "--item", HIDE, "--all", "--in-place", *others])
+        self.assertEqual(status, 0)
+        self.assertIn("] 3/3", shown)
+        self.assertTrue(re.search(r"3 scores: 3 changed", shown))
+
+    def test_shows_no_bar_elsewhere(self):
+        others = [self.write(f"{number}.musicxml", score()) for number in range(3)]
+        process = run(HIDE, "--all", "--in-place", *others)
+        self.assertEqual(process.stderr, "")
+        self.assertNotIn("[", process.stdout)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,58 @@
+#include "host/score/fraction.h"
+
+#include <gtest/gtest.h>
+
+namespace brvhost {
+namespace {
+
+std::optional<std::int32_t> TicksOf(const char* text) {
+  const auto number = ParseFraction(text);
+  return number ? number->Rounded(10080) : std::nullopt;
+}
+
+TEST(ParseFraction, ReadsWholeAndDecimalNumbersAndFractions) {
+  EXPECT_EQ(TicksOf("2"), 20160);
+  EXPECT_EQ(TicksOf("2.5"), 25200);
+  EXPECT_EQ(TicksOf("5/2"), 25200);
+  EXPECT_EQ(TicksOf(" +0.25\n"), 2520);
+  EXPECT_EQ(TicksOf("-1"), -10080);
+  EXPECT_EQ(TicksOf(".5"), 5040);
+  EXPECT_EQ(TicksOf("3."), 30240);
+}
+
+TEST(ParseFraction, RefusesWhatIsNotANumber) {
+  for (const char* text :
+       {"", " ", ".", "-", "x", "1e3", "1,5", "1 2", "1/0", "1/-2", "1/2/3", "1.5/2", "0x10", "--1"}) {
+    EXPECT_FALSE(ParseFraction(text)) << text;
+  }
+}
+
+TEST(ParseDecimal, RefusesMoreDigitsThanItCanHold) {
+  EXPECT_TRUE(ParseDecimal("999999999999999999"));
+  EXPECT_FALSE(ParseDecimal("1000000000000000000"));
+  EXPECT_FALSE(ParseDecimal("0.1234567890123456789"));
+}
+
+TEST(Fraction, AddsExactlyAcrossDenominators) {
+  Fraction sum;
+  for (int i = 0; i < 7; ++i) sum = *sum.Plus({1, 7});
+  for (int i = 0; i < 11; ++i) sum = *sum.Plus({1, 11});
+  EXPECT_EQ(sum.Rounded(1), 2);
+  EXPECT_EQ(sum.numerator, 2 * sum.denominator);
+}
+
+TEST(Fraction, RoundsToTheNearestUnit) {
+  EXPECT_EQ((Fraction{1, 3}).Rounded(10), 3);
+  EXPECT_EQ((Fraction{2, 3}).Rounded(10), 7);
+  EXPECT_EQ((Fraction{1, 4}).Rounded(10), 3) << "halves go up";
+  EXPECT_EQ((Fraction{-1, 3}).Rounded(10), -3);
+}
+
+TEST(Fraction, IsNullWhenANumberDoesNotFit) {
+  EXPECT_FALSE((Fraction{INT64_MAX, 1}).Plus({1, 1}));
+  EXPECT_FALSE((Fraction{1, INT64_MAX}).Plus({1, INT64_MAX - 1}));
+  EXPECT_FALSE((Fraction{INT64_MAX, 1}).Rounded(10080));
+}
+
+}  // namespace
+}  // namespace brvhost

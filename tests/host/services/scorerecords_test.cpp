@@ -1,0 +1,176 @@
+#include "host/services/scorerecords.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "BrvEDK/Source/documentrecords.h"
+#include "tests/host/scores.h"
+
+namespace brvhost {
+namespace {
+
+class ScoreRecords : public testing::Test {
+ protected:
+  void Read(const std::string& document) { StoreScoreRecords(ReadMusicXml(document), records); }
+
+  // The score of one part with these attributes in its measures.
+  void ReadMeasures(const std::vector<std::string>& attributes) {
+    std::string measures;
+    for (const std::string& content : attributes) measures += Measure(content + Note());
+    Read(Partwise(measures));
+  }
+
+  int Word(std::uint32_t tag, int number, std::size_t offset) const {
+    const EDataStore::Bytes* const record = records.Find(tag, {static_cast<std::uint16_t>(number), 0});
+    if (record == nullptr || record->size() < offset + 2) return -9999;
+    std::int16_t word;
+    std::memcpy(&word, record->data() + offset, 2);
+    return word;
+  }
+
+  std::u16string RawText(int number) const {
+    const EDataStore::Bytes* const record = records.Find(kRawTextTag, {static_cast<std::uint16_t>(number), 0});
+    if (record == nullptr) return u"nothing";
+    std::u16string text(record->size() / 2, u'\0');
+    std::memcpy(text.data(), record->data(), record->size());
+    return text;
+  }
+
+  EDataStore records;
+};
+
+std::string Attributes(const std::string& content) { return "<attributes>" + content + "</attributes>"; }
+std::string Key(int fifths, const std::string& mode = "major") {
+  return "<key><fifths>" + std::to_string(fifths) + "</fifths><mode>" + mode + "</mode></key>";
+}
+
+TEST_F(ScoreRecords, OfMeasuresHaveTheKeyAndTheMeterOfTheirBarline) {
+  ReadMeasures({Attributes(Key(2) + "<time><beats>3</beats><beat-type>4</beat-type></time>"), "",
+                Note() + Attributes(Key(-1, "minor")), ""});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 2), 2);
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 8), 3);
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 10), 4);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 2), 2);
+  EXPECT_EQ(Word(kMeasureSpecTag, 3, 2), 2) << "the key changes within the measure";
+  EXPECT_EQ(Word(kMeasureSpecTag, 4, 2), 0x01FF);
+  EXPECT_EQ(records.Find(kMeasureSpecTag, {5, 0}), nullptr);
+}
+
+TEST_F(ScoreRecords, OfMeasuresHaveTheKeyAsItSounds) {
+  ReadMeasures({Attributes(Key(2) + "<transpose><diatonic>-1</diatonic><chromatic>-2</chromatic></transpose>")});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 2), 0);
+}
+
+TEST_F(ScoreRecords, OfMeasuresKnowKeysThatAreNotMadeOfFifths) {
+  ReadMeasures({Attributes("<key><key-step>C</key-step><key-alter>-1</key-alter></key>")});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 2), 0x4000);
+}
+
+TEST_F(ScoreRecords, OfMeasuresSumMeters) {
+  const std::string three = "<beats>3+2</beats><beat-type>8</beat-type>";
+  ReadMeasures(
+      {Attributes("<time>" + three + "</time>"),
+       Attributes("<time><beats>2</beats><beat-type>4</beat-type><beats>3</beats><beat-type>8</beat-type></time>"),
+       Attributes("<time><senza-misura/></time>"),
+       Attributes("<time>" + three +
+                  "<interchangeable><beats>2</beats><beat-type>4</beat-type></interchangeable></time>")});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 8), 5);
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 10), 8);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 8), 7);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 10), 8);
+  EXPECT_EQ(Word(kMeasureSpecTag, 3, 8), 0);
+  EXPECT_EQ(Word(kMeasureSpecTag, 4, 8), 5);
+}
+
+TEST_F(ScoreRecords, OfMeasuresHaveNoMeterThatIsTooLargeForOne) {
+  std::string many = "1000";
+  for (int i = 0; i < 3'000'000; ++i) many += "+1000";
+  std::string tiny;
+  for (const char* const unit : {"997", "991", "983", "977"}) {
+    tiny.append("<beats>1</beats><beat-type>").append(unit).append("</beat-type>");
+  }
+  ReadMeasures({Attributes("<time><beats>" + many + "</beats><beat-type>4</beat-type></time>"),
+                Attributes("<time>" + tiny + "</time>")});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 8), 0);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 8), 0);
+}
+
+TEST_F(ScoreRecords, OfStavesHaveTheTranspositionFromSoundToWriting) {
+  ReadMeasures({Attributes("<transpose><diatonic>-1</diatonic><chromatic>-2</chromatic></transpose>")});
+  EXPECT_EQ(Word(kStaffSpecTag, 1, 20), 0x0042) << "in B flat: a step and two fifths up";
+}
+
+TEST_F(ScoreRecords, OfStavesFollowTheStaffThatATranspositionNames) {
+  ReadMeasures({Attributes("<staves>2</staves><transpose number='2'><chromatic>12</chromatic></transpose>")});
+  EXPECT_EQ(Word(kStaffSpecTag, 1, 20), 0);
+  EXPECT_EQ(Word(kStaffSpecTag, 2, 20), (-7 & 0x3F) << 6) << "the steps follow from the semitones";
+}
+
+TEST_F(ScoreRecords, OfStavesTakeTheDiatonicFormForMoreThanFourOctaves) {
+  ReadMeasures({Attributes("<transpose><chromatic>0</chromatic><octave-change>5</octave-change></transpose>")});
+  EXPECT_EQ(Word(kStaffSpecTag, 1, 20), 0x2000 | (-35 & 0xFF));
+}
+
+TEST_F(ScoreRecords, OfTextsHoldNamesWithTags) {
+  Read(
+      "<score-partwise><part-list><score-part id='A'><part-name font-family='Times (New)'>Clarinet\n in "
+      "B\u266D</part-name>"
+      "<part-abbreviation>^Cl.</part-abbreviation></score-part><score-part id='B'/></part-list>"
+      "<part id='A'><measure/></part><part id='B'><measure/></part></score-partwise>");
+  EXPECT_EQ(RawText(Word(kTextBlockTag, Word(kStaffSpecTag, 1, 30), 0)), u"^font(Times New)Clarinet in B^flat()");
+  EXPECT_EQ(RawText(Word(kTextBlockTag, Word(kStaffSpecTag, 1, 32), 0)), u"\u02C6Cl.");
+  EXPECT_EQ(Word(kStaffSpecTag, 2, 30), 0);
+  EXPECT_EQ(Word(kStaffSpecTag, 2, 32), 0);
+}
+
+TEST_F(ScoreRecords, OfTextsAreMadeInOneGo) {
+  constexpr int kFlats = 500'000;
+  std::string flats;
+  std::u16string tags;
+  for (int i = 0; i < kFlats; ++i) {
+    flats += "\u266D";
+    tags += u"^flat()";
+  }
+  const Score score = ReadMusicXml(
+      "<score-partwise><part-list><score-part id='A'><part-name font-family='" + std::string(kFlats, '(') + "'>" +
+      flats + "</part-name></score-part></part-list><part id='A'><measure/></part></score-partwise>");
+  const double start = ProcessorSeconds();
+  StoreScoreRecords(score, records);
+  EXPECT_LT(ProcessorSeconds() - start, 1);
+  EXPECT_TRUE(RawText(1) == u"^font()" + tags);
+}
+
+TEST_F(ScoreRecords, OfGroupsHaveTheirStaves) {
+  Read(
+      "<score-partwise><part-list><score-part id='A'/>"
+      "<part-group number='1' "
+      "type='start'><group-name>Winds</group-name><group-symbol>bracket</group-symbol></part-group>"
+      "<score-part id='B'/><part-group number='2' type='start'/><score-part id='C'/>"
+      "<part-group number='2' type='stop'/><part-group number='1' type='stop'/></part-list>"
+      "<part id='A'><measure/></part>"
+      "<part id='B'><measure><attributes><staves>2</staves></attributes></measure></part>"
+      "<part id='C'><measure/></part></score-partwise>");
+  EXPECT_EQ(Word(kGroupSpecTag, 1, 0), 4);
+  EXPECT_EQ(Word(kGroupSpecTag, 1, 2), 4);
+  EXPECT_EQ(Word(kGroupSpecTag, 1, 4), 0);
+  EXPECT_EQ(Word(kGroupSpecTag, 2, 0), 2);
+  EXPECT_EQ(Word(kGroupSpecTag, 2, 2), 4);
+  EXPECT_EQ(RawText(Word(kGroupSpecTag, 2, 4)), u"Winds");
+  EXPECT_EQ(Word(kGroupSpecTag, 2, 6), 2);
+}
+
+TEST_F(ScoreRecords, OfPagesHaveTheirFirstMeasure) {
+  ReadMeasures({"", "<print new-page='yes'/>", "<print new-system='yes'/>", "<print new-page='yes'/>"});
+  EXPECT_EQ(Word(kPageSpecTag, 1, 0), 1);
+  EXPECT_EQ(Word(kPageSpecTag, 2, 0), 2);
+  EXPECT_EQ(Word(kPageSpecTag, 3, 0), 4);
+  EXPECT_EQ(records.Find(kPageSpecTag, {4, 0}), nullptr);
+}
+
+}  // namespace
+}  // namespace brvhost

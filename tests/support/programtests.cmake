@@ -1,0 +1,22 @@
+# add_program_test(<name> <file> <label> [<variable>=<value>...])
+#
+# A test by Python's unittest that runs brvhost. support/python holds what such tests share, and the environment, which
+# the last arguments may change, names what they work on.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
+function(add_program_test name file label)
+  add_test(NAME ${name} COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+  set(environment
+      BRVHOST=$<TARGET_FILE:brvhost>
+      BRV_BUNDLE=${CMAKE_BINARY_DIR}/LegerLines.bundle
+      BRV_FAULTY_BUNDLES=${CMAKE_BINARY_DIR}/tests/bundles
+      BRV_SAMPLES=${PROJECT_SOURCE_DIR}/samples
+      BRV_SANITIZED=$<IF:$<BOOL:${BRV_SANITIZE}>,ON,OFF>
+      BRV_SOURCE=${PROJECT_SOURCE_DIR}
+      BRV_SHARE=${CMAKE_BINARY_DIR}/share
+      BRV_BUILD=${CMAKE_BINARY_DIR}
+      PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/support/python
+      PYTHONDONTWRITEBYTECODE=1
+      ${ARGN})
+  set_tests_properties(${name} PROPERTIES LABELS ${label} ENVIRONMENT "${environment}")
+endfunction()
