@@ -1,8 +1,8 @@
 // Asks AppKit through the Objective-C runtime: this is the one call, and no reason for a second language.
+#include "modifierflags.h"
+
 #include <objc/message.h>
 #include <objc/runtime.h>
-
-#include "modifierflags.h"
 
 unsigned long CurrentModifierFlags() {
   using ClassProperty = unsigned long (*)(Class, SEL);
