@@ -5,8 +5,8 @@
 #include <cstring>
 
 #include "brevixpdk.h"
-#include "dialoghandlers.h"
 #include "convention.h"
+#include "dialoghandlers.h"
 #include "hostbundle.h"
 #include "recordinghost.h"
 #include "tests/support/text.h"

@@ -34,9 +34,7 @@ TEST(BxStrchr, LooksAtTheLow16BitsOfTheWantedUnit) {
   EXPECT_EQ(bx_strchr(text, -1), text + 2);
 }
 
-TEST(BxStrchr, DoesNotLookBehindTheEnd) {
-  EXPECT_EQ(bx_strchr(Units(u"ab\0x"), 'x'), nullptr);
-}
+TEST(BxStrchr, DoesNotLookBehindTheEnd) { EXPECT_EQ(bx_strchr(Units(u"ab\0x"), 'x'), nullptr); }
 
 TEST(BxStrncpy, LeavesTheEndOpenWhenTheSourceIsLonger) {
   UniChar dst[] = {9, 9, 9, 9};
@@ -81,13 +79,9 @@ TEST(BxStrcmp, ComparesUnitsWithoutSign) {
   EXPECT_EQ(bx_strcmp(Units(u"\x7FFF"), Units(u"\x8000")), -1);
 }
 
-TEST(BxStrcmp, ComparesByUnitAndNotByCodePoint) {
-  EXPECT_EQ(bx_strcmp(Units(u"\U0001F600"), Units(u"\uFFFD")), -1);
-}
+TEST(BxStrcmp, ComparesByUnitAndNotByCodePoint) { EXPECT_EQ(bx_strcmp(Units(u"\U0001F600"), Units(u"\uFFFD")), -1); }
 
-TEST(BxStrncmp, IsZeroForZeroUnits) {
-  EXPECT_EQ(bx_strncmp(Units(u"a"), Units(u"b"), 0), 0);
-}
+TEST(BxStrncmp, IsZeroForZeroUnits) { EXPECT_EQ(bx_strncmp(Units(u"a"), Units(u"b"), 0), 0); }
 
 TEST(BxStrncmp, ComparesNoFurtherThanTheCount) {
   EXPECT_EQ(bx_strncmp(Units(u"abcX"), Units(u"abcY"), 3), 0);

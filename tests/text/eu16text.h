@@ -5,13 +5,9 @@
 
 #include "eu16string.h"
 
-inline eu16string FromUtf8(const char* text) {
-  return eu16string(reinterpret_cast<const unsigned char*>(text));
-}
+inline eu16string FromUtf8(const char* text) { return eu16string(reinterpret_cast<const unsigned char*>(text)); }
 
-inline bool IsEmpty(const eu16string& text) {
-  return text.AnsiPos(eu16string(0u)) == 0;
-}
+inline bool IsEmpty(const eu16string& text) { return text.AnsiPos(eu16string(0u)) == 0; }
 
 // All units up to the last one inside: every index behind it names the first unit.
 inline std::u16string UnitsOf(eu16string text) {

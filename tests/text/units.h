@@ -7,9 +7,7 @@
 
 #include "bxstring.h"
 
-inline const UniChar* Units(const char16_t* text) {
-  return reinterpret_cast<const UniChar*>(text);
-}
+inline const UniChar* Units(const char16_t* text) { return reinterpret_cast<const UniChar*>(text); }
 
 // The units before the first 0, wherever they stand.
 inline std::u16string TextAt(const UniChar* units) {
