@@ -11,7 +11,7 @@ int window;
 // The frames of a score of 4 staves, 200 measures and 4 layers.
 std::unordered_map<std::uint64_t, EXTGF2005a> frames = [] {
   std::unordered_map<std::uint64_t, EXTGF2005a> made;
-  for (std::uint64_t place = 0; place < 4 * 200 * 4; ++place) made[place] = {};
+  for (std::uint64_t place = 0; place < std::uint64_t{4} * 200 * 4; ++place) made[place] = {};
   return made;
 }();
 

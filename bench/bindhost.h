@@ -10,7 +10,7 @@
 inline void BindHost(const std::string& path) {
   const CFURLRef url = CFURLCreateFromFileSystemRepresentation(
       kCFAllocatorDefault, reinterpret_cast<const UInt8*>(path.data()), static_cast<CFIndex>(path.size()), true);
-  CFBundleCreate(kCFAllocatorDefault, url);  // for the life of the process
+  [[maybe_unused]] static const CFBundleRef opened = CFBundleCreate(kCFAllocatorDefault, url);
   CFRelease(url);
   InitializeGlobals();
 }

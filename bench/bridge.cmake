@@ -1,4 +1,5 @@
 add_executable(bench-bridge bridge.cpp)
+brv_compile(bench-bridge)
 target_include_directories(bench-bridge PRIVATE ${PROJECT_SOURCE_DIR}/BrvEDK/Source)
 target_link_libraries(bench-bridge PRIVATE BrvEDKInternal benchmark::benchmark)
 add_library(BenchHost SHARED benchhost.cpp)

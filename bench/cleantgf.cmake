@@ -1,2 +1,3 @@
 add_executable(bench-cleantgf cleantgf.cpp)
+brv_compile(bench-cleantgf)
 target_link_libraries(bench-cleantgf PRIVATE BrvEDKInternal benchmark::benchmark)

@@ -4,9 +4,11 @@ endif()
 set(command ${PROJECT_SOURCE_DIR}/extension/legerlinescommand.cpp)
 # The same command a second time, without progress.
 add_library(SilentCommand OBJECT ${command})
+brv_compile(SilentCommand)
 target_compile_options(SilentCommand PRIVATE -include ${CMAKE_CURRENT_SOURCE_DIR}/noprogress.h)
 target_link_libraries(SilentCommand PRIVATE BrvEDKInternal)
 add_executable(bench-walk walk.cpp ${command})
+brv_compile(bench-walk)
 target_include_directories(bench-walk PRIVATE ${PROJECT_SOURCE_DIR}/extension)
 target_link_libraries(bench-walk PRIVATE SilentCommand BrvEDKInternal benchmark::benchmark)
 

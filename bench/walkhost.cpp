@@ -1,5 +1,7 @@
 #include "walkhost.h"
 
+#include <optional>
+
 #include "brevixpdk.h"
 #include "host/files/scorefile.h"
 #include "host/score/region.h"
@@ -9,7 +11,8 @@ namespace {
 
 struct OpenedScore {
   explicit OpenedScore(const char* path) : file(path), document(file.GetScore()), score(file.GetScore()) {
-    byPlace.resize(static_cast<std::size_t>(score.staves * score.layers * score.measures));
+    const int places = score.staves * score.layers * score.measures;
+    byPlace.resize(static_cast<std::size_t>(places));
     for (int staff = 1; staff <= score.staves; ++staff) {
       for (int layer = 0; layer < score.layers; ++layer) {
         for (int measure = 1; measure <= score.measures; ++measure) Keep(staff, layer, measure);
@@ -18,7 +21,8 @@ struct OpenedScore {
   }
 
   std::size_t IndexOf(int staff, int layer, int measure) const {
-    return static_cast<std::size_t>(((staff - 1) * score.layers + layer) * score.measures + measure - 1);
+    const int index = ((staff - 1) * score.layers + layer) * score.measures + measure - 1;
+    return static_cast<std::size_t>(index);
   }
 
   void Keep(int staff, int layer, int measure) {
@@ -34,14 +38,14 @@ struct OpenedScore {
   std::vector<EXTGF2005a*> all;
 };
 
-OpenedScore* opened = nullptr;
+std::optional<OpenedScore> opened;
 
 }  // namespace
 
 extern "C" {
 
 EREGION WalkHostOpenScore(const char* path) noexcept {
-  opened = new OpenedScore(path);  // for the rest of the run
+  opened.emplace(path);
   return brvhost::WholeScore(opened->score);
 }
 

@@ -11,6 +11,7 @@ endif()
 option(BRV_BUILD_HOST "Build brvhost" ${build_host_by_default})
 option(BRV_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(BRV_MACOS_TESTS "Build the bundle for macOS too, and run its tests on Linux" OFF)
+option(BRV_WERROR "Take warnings for errors" OFF)
 option(BRV_SANITIZE "Compile with the address and undefined-behaviour sanitizers" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
@@ -25,15 +26,25 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Werror)
-if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # It takes some joins of standard strings for overlapping copies.
-  add_compile_options(-Wno-restrict)
-endif()
-if(BRV_SANITIZE)
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  add_link_options(-fsanitize=address,undefined)
-endif()
+# brv_compile(<target>...): the warnings, and the sanitizers where they are asked for. Each target of ours is given it; an
+# author's extension, which the installed kit builds, is not.
+function(brv_compile)
+  foreach(target IN LISTS ARGN)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+      # It takes some joins of standard strings for overlapping copies.
+      target_compile_options(${target} PRIVATE -Wno-restrict)
+    endif()
+    if(BRV_WERROR)
+      target_compile_options(${target} PRIVATE -Werror)
+    endif()
+    if(BRV_SANITIZE)
+      target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                               -fno-omit-frame-pointer)
+      target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+    endif()
+  endforeach()
+endfunction()
 
 # Sources named _mac or _linux belong to one platform; those of the other are left out.
 if(APPLE)

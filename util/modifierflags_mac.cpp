@@ -1,8 +1,8 @@
 // Calls AppKit through the Objective-C runtime: a single call is no reason for a second language.
+#include "modifierflags.h"
+
 #include <objc/message.h>
 #include <objc/runtime.h>
-
-#include "modifierflags.h"
 
 unsigned long CurrentModifierFlags() {
   using ClassProperty = unsigned long (*)(Class, SEL);

@@ -1,8 +1,8 @@
+#include "brvassert.h"
+
 // The system declares this function only if assertions are on.
 #undef NDEBUG
 #include <cassert>
-
-#include "brvassert.h"
 
 void BrvAssertFailed(const char* function, const char* file, int line, const char* expression) {
   __assert_fail(expression, file, static_cast<unsigned>(line), function);

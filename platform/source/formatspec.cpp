@@ -11,7 +11,7 @@ bool Contains(std::string_view set, char16_t unit) {
 }
 
 ArgumentType IntegerType(std::string_view length) {
-  return length == "" || length == "h" || length == "hh" ? ArgumentType::kInt : ArgumentType::kLong;
+  return length.empty() || length == "h" || length == "hh" ? ArgumentType::kInt : ArgumentType::kLong;
 }
 
 ArgumentType TypeOf(char conversion, std::string_view length) {

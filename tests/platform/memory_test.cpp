@@ -194,7 +194,7 @@ std::string Written(Write write) {
   char* bytes = nullptr;
   std::uint32_t size = 0;
   write(tree, &bytes, &size);
-  const std::string text(bytes, size);
+  std::string text(bytes, size);
   std::free(bytes);
   plist_free(tree);
   return text;

@@ -121,7 +121,7 @@ class EmptyMeasure : public Specs {
     frames.back().entryCount = static_cast<std::int16_t>(flags.size());
     return &frames.back();
   }
-  void Serve(std::vector<EXTGF2005a*> layers) {
+  void Serve(const std::vector<EXTGF2005a*>& layers) {
     store.host.Answer("BX_GetMaxLayers", layers.size());
     store.host.On("BX_LoadTGF", [layers](const HostCall& call) {
       return reinterpret_cast<std::uint64_t>(layers.at(static_cast<std::size_t>(call.Int(3))));

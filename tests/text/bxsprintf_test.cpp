@@ -59,9 +59,7 @@ TEST(BxSprintf, TakesWidthsAndPrecisionsFromArguments) {
   ExpectAsPrintf("[%.*f] [%*.*f]", 2, 3.14159, 9, 3, 2.71828);
 }
 
-TEST(BxSprintf, TakesArgumentsByPosition) {
-  EXPECT_EQ(Formatted(u"%2$d-%1$d", 1, 2), u"2-1");
-}
+TEST(BxSprintf, TakesArgumentsByPosition) { EXPECT_EQ(Formatted(u"%2$d-%1$d", 1, 2), u"2-1"); }
 
 TEST(BxSprintf, InsertsStringsOfThePlatform) {
   const CFStringRef name = CFStringCreateWithCharacters(kCFAllocatorDefault, Units(u"Fl\u00F6te"), 5);
@@ -78,9 +76,7 @@ TEST(BxSprintf, KeepsTheFormatsOwnTextBeyondAscii) {
   EXPECT_EQ(Formatted(u"\u266D %d \U0001F600", 3), u"\u266D 3 \U0001F600");
 }
 
-TEST(BxSprintf, WritesNothingForAnEmptyFormat) {
-  EXPECT_EQ(Formatted(u""), u"");
-}
+TEST(BxSprintf, WritesNothingForAnEmptyFormat) { EXPECT_EQ(Formatted(u""), u""); }
 
 TEST(BxSprintf, WritesOnlyTheEndWithRoomForOneUnit) {
   UniChar text[] = {9, 9};

@@ -65,9 +65,7 @@ TEST_F(Eu16StringEncodings, PutAQuestionMarkForWhatTheyLack) {
   EXPECT_EQ(StdStringOf(FromUtf8("Fl\xC3\xB6te")), "Fl?te");
 }
 
-TEST_F(Eu16StringEncodings, ReplaceWhatStoodInTheResult) {
-  EXPECT_EQ(StdStringOf(""), "");
-}
+TEST_F(Eu16StringEncodings, ReplaceWhatStoodInTheResult) { EXPECT_EQ(StdStringOf(""), ""); }
 
 TEST_F(Eu16StringEncodings, EndTheResultAtAUnitOfZero) {
   eu16string text = "abc";

@@ -14,25 +14,26 @@ namespace {
 static_assert(std::is_same_v<UniChar, std::uint16_t>);
 static_assert(std::is_same_v<int32, std::int32_t>);
 
-// Whether one of the overloads of AnsiCharAtIndex is a member of that very type.
+// Whether one of the overloads of AnsiCharAtIndex is a member of that very type: without one, this does not compile.
 template <class Member>
-constexpr bool kHasCharAtIndex = requires {
-  static_cast<Member>(&eu16string::AnsiCharAtIndex);
-};
+consteval bool HasCharAtIndex() {
+  [[maybe_unused]] const Member overload = &eu16string::AnsiCharAtIndex;
+  return true;
+}
 
 TEST(Eu16StringTypes, OfConstantMembers) {
   static_assert(std::is_same_v<decltype(&eu16string::GetStdString), void (eu16string::*)(std::string&) const>);
   static_assert(std::is_same_v<decltype(&eu16string::AnsiPos), std::int32_t (eu16string::*)(const eu16string&) const>);
   static_assert(std::is_same_v<decltype(&eu16string::AnsiSubString),
                                eu16string (eu16string::*)(std::int32_t, std::int32_t) const>);
-  static_assert(kHasCharAtIndex<std::uint16_t (eu16string::*)(std::int32_t) const>);
+  static_assert(HasCharAtIndex<std::uint16_t (eu16string::*)(std::int32_t) const>());
 }
 
 TEST(Eu16StringTypes, OfMembersThatChangeTheText) {
   static_assert(
       std::is_same_v<decltype(&eu16string::AnsiDelete), eu16string& (eu16string::*)(std::uint32_t, std::int32_t)>);
   static_assert(std::is_same_v<decltype(&eu16string::AnsiSetLength), eu16string& (eu16string::*)(std::uint32_t)>);
-  static_assert(kHasCharAtIndex<std::uint16_t& (eu16string::*)(std::int32_t)>);
+  static_assert(HasCharAtIndex<std::uint16_t& (eu16string::*)(std::int32_t)>());
 }
 
 TEST(Eu16StringTypes, OfFreeFunctions) {

@@ -1,0 +1,93 @@
+"""What sources are compiled with: ours with warnings that are errors only where that is asked for, an author's as he says.
+
+The environment names the sources, a build that is complete, and the options that say which parts it has.
+"""
+
+import json
+import os
+import pathlib
+import shlex
+import subprocess
+import tempfile
+import unittest
+
+SOURCE = pathlib.Path(os.environ["BRV_SOURCE"])
+BUILD = pathlib.Path(os.environ["BRV_BUILD"])
+WARNINGS = {"-Wall", "-Wextra", "-Wpedantic", "-Wshadow"}
+SANITIZERS = "-fsanitize=address,undefined"
+# Presets for those who change the sources, and for those who only build them.
+CHECKING, LENIENT = {"release", "asan", "clang"}, {"macos", "macos-cross"}
+
+
+def run(*command):
+    process = subprocess.run(list(map(str, command)), capture_output=True, text=True)
+    assert process.returncode == 0, process.stdout + process.stderr
+
+
+def commands_in(build):
+    """The file and the words of each command that compiles."""
+    commands = json.loads((build / "compile_commands.json").read_text())
+    return [(entry["file"], shlex.split(entry["command"])) for entry in commands]
+
+
+class OurOptions(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.plain = cls.configured()
+        cls.asked = cls.configured("-DBRV_WERROR=ON", "-DBRV_SANITIZE=ON")
+
+    @classmethod
+    def configured(cls, *options):
+        """The commands of a build of the same parts as that of the environment."""
+        with tempfile.TemporaryDirectory() as folder:
+            run("cmake", "-G", "Ninja", "-S", SOURCE, "-B", folder, *os.environ["BRV_PARTS"].split(), *options)
+            return commands_in(pathlib.Path(folder))
+
+    def assert_each_has(self, option, commands):
+        self.assertGreater(len(commands), 200)
+        self.assertEqual([file for file, words in commands if option not in words], [])
+
+    def test_each_source_is_compiled_with_the_warnings(self):
+        for warning in WARNINGS:
+            self.assert_each_has(warning, self.plain)
+
+    def test_no_warning_is_an_error_unless_asked_for(self):
+        self.assertEqual([file for file, words in self.plain if any(word.startswith("-Werror") for word in words)], [])
+
+    def test_each_warning_is_an_error_where_asked_for(self):
+        self.assert_each_has("-Werror", self.asked)
+
+    def test_sources_are_sanitized_only_where_asked_for(self):
+        self.assert_each_has(SANITIZERS, self.asked)
+        self.assertEqual([file for file, words in self.plain if SANITIZERS in words], [])
+
+    def test_developers_presets_ask_for_errors_and_no_others_do(self):
+        presets = json.loads((SOURCE / "CMakePresets.json").read_text())["configurePresets"]
+        strict = {preset["name"] for preset in presets if preset.get("cacheVariables", {}).get("BRV_WERROR") == "ON"}
+        self.assertEqual(strict, CHECKING)
+        self.assertEqual({preset["name"] for preset in presets if not preset.get("hidden")}, CHECKING | LENIENT)
+
+
+class AuthorsOptions(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def test_an_extension_is_compiled_with_its_authors_options_alone(self):
+        prefix, build = self.folder / "prefix", self.folder / "build"
+        run("cmake", "--install", BUILD, "--prefix", prefix)
+        (self.folder / "CMakeLists.txt").write_text(
+            "cmake_minimum_required(VERSION 3.22)\nproject(Mine CXX)\nfind_package(BrvEDK REQUIRED)\n"
+            "brv_add_extension(NAME Mine IDENTIFIER org.example.Mine SOURCES mine.cpp)\n"
+            "target_compile_options(Mine PRIVATE -Wundef)\n")
+        (self.folder / "mine.cpp").touch()
+        run("cmake", "-G", "Ninja", "-S", self.folder, "-B", build, f"-DCMAKE_PREFIX_PATH={prefix}",
+            "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON")
+        ((_, words),) = commands_in(build)
+        self.assertEqual([word for word in words if word.startswith(("-W", "-fsan", "-fno-san"))], ["-Wundef"])
+        self.assertTrue(any(word.endswith("include/BrvEDK/platform") for word in words))
+
+
+if __name__ == "__main__":
+    unittest.main()
