@@ -1,7 +1,8 @@
+#include "host/process/cancelkeys.h"
+
 #include <brvplatform.h>
 
 #include "BrvEDK/Source/convention.h"
-#include "host/process/cancelkeys.h"
 
 namespace brvhost {
 
