@@ -1,4 +1,6 @@
 // The entry points of LegerLines: item 0 hides, item 1 shows the ledger lines of a region.
+#include <cstdint>
+
 #include "brevixpdk.h"
 #include "convention.h"
 #include "integerclasses.h"
