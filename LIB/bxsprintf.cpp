@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdarg>
+#include <cstddef>
 
 #include "bxstring.h"
 #include "unitblocks.h"

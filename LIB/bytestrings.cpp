@@ -1,5 +1,6 @@
 #include <cctype>
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 
 #include "portable.h"

@@ -1,4 +1,6 @@
 // The entry points of LegerLines. Item 0 hides the ledger lines of a region, item 1 shows them.
+#include <cstdint>
+
 #include "brevixpdk.h"
 #include "convention.h"
 #include "integerclasses.h"

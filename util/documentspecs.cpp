@@ -1,5 +1,7 @@
 #include "documentspecs.h"
 
+#include <cstdint>
+
 #include "loadrecord.h"
 
 namespace {

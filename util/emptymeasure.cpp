@@ -1,3 +1,5 @@
+#include <cstdint>
+
 #include "brevixpdk.h"
 #include "documentspecs.h"
 

@@ -1,8 +1,9 @@
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
+#include <cstdlib>
 #include <cstring>
 
-#include "integerclasses.h"
 #include "moddiv.h"
 #include "pitch.h"
 #include "pitchformatting.h"

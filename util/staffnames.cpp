@@ -3,7 +3,6 @@
 
 #include "bxstring.h"
 #include "documentspecs.h"
-#include "loadrecord.h"
 #include "textblocks.h"
 
 namespace {

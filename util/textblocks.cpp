@@ -1,6 +1,7 @@
 #include "textblocks.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 

@@ -1,8 +1,10 @@
 // Document records, and the newer preference records on hosts that keep them as legacy records.
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <iterator>
+#include <span>
 
 #include "brvassert.h"
 #include "hostfunction.h"

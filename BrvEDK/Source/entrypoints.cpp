@@ -1,5 +1,7 @@
 // What every extension has besides its own entry points: main, and the older names of the entry points. It is separate
 // from the rest of the kit, so that a program that links the kit statically keeps its own main.
+#include <cstdint>
+
 #include "convention.h"
 #include "hostbundle.h"
 

@@ -1,5 +1,6 @@
 #include "preffield.h"
 
+#include <cstdint>
 #include <cstring>
 
 namespace {

@@ -2,6 +2,8 @@
 // word there.
 #include "preffieldmap.h"
 
+#include <span>
+
 #include "recordtag.h"
 
 namespace {

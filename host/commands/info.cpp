@@ -24,8 +24,8 @@ std::string StavesOf(const ScorePart& part) {
 
 // A name may have line breaks, or anything else that would garble the screen.
 std::string OnOneLine(std::string text) {
-  std::ranges::replace_if(
-      text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; }, ' ');
+  const auto isControl = [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; };
+  std::ranges::replace_if(text, isControl, ' ');
   return text;
 }
 

@@ -41,8 +41,11 @@ int TranspositionCode(const Transposition& transposition) {
   return (steps & 0xFF) | kDiatonicTransposition;
 }
 
+// What a part may state.
+using Statement = bool PartDetails::*;
+
 // The first part that states something, or null.
-const ScorePart* FirstWith(const Score& score, bool PartDetails::*states) {
+const ScorePart* FirstWith(const Score& score, Statement states) {
   const auto found = std::ranges::find_if(score.parts, [&](const ScorePart& part) { return part.details.*states; });
   return found == score.parts.end() ? nullptr : &*found;
 }

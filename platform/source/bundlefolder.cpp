@@ -1,6 +1,8 @@
 #include "bundlefolder.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "files.h"
 #include "languages.h"

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <fstream>
+#include <iterator>
+#include <utility>
 #include <vector>
 
 #include "boundary.h"

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "boundary.h"

@@ -1,7 +1,11 @@
 #include "cfstring.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <map>
+#include <utility>
 
 #include "boundary.h"
 #include "textencoding.h"

@@ -3,6 +3,8 @@
 #include <unicode/unistr.h>
 
 #include <cstring>
+#include <optional>
+#include <utility>
 
 #include "boundary.h"
 #include "cfobject.h"

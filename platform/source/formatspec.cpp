@@ -1,7 +1,9 @@
 #include "formatspec.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <utility>
 
 namespace brvplatform {
 namespace {

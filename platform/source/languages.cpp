@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 #include <cstdlib>
+#include <initializer_list>
 #include <string_view>
 #include <utility>
 

@@ -1,5 +1,9 @@
 #include "oldstyleplist.h"
 
+#include <cstddef>
+#include <string>
+#include <utility>
+
 #include "cfstring.h"
 #include "nextstep.h"
 #include "propertyvalue.h"

@@ -2,8 +2,10 @@
 
 #include <plist/plist.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <utility>
 
 #include "cfstring.h"
 #include "oldstyleplist.h"

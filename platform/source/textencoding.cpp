@@ -5,6 +5,7 @@
 #include <unicode/unistr.h>
 
 #include <algorithm>
+#include <cstddef>
 
 #include "codepages.h"
 #include "utf.h"

@@ -1,5 +1,8 @@
 #include "utf.h"
 
+#include <algorithm>
+#include <cstddef>
+
 namespace brvplatform {
 namespace {
 

@@ -9,7 +9,7 @@ import sys
 from collections import Counter
 from pathlib import Path
 
-from sources import files
+from sources import texts
 
 CODE = ["BrvEDK", "LIB", "util", "extension", "platform", "host"]
 MARK = re.compile(r"^ *// Compatibility: \S", re.M)
@@ -41,12 +41,12 @@ def entries(text):
 
 
 def main(root):
-    marked, slips = marks(files(root, {".h", ".cpp", ".inc"}, CODE))
+    marked, slips = marks(texts(root, r".*\.(h|cpp|inc)", CODE))
     listed, named, more = entries((Path(root) / "docs/compatibility.md").read_text(encoding="utf-8"))
     slips += more
     slips += [f"{path}: {marked[path]} marks, {listed[path]} entries" for path in sorted(marked | listed)
               if marked[path] != listed[path]]
-    tests = {".".join(test) for text in files(root, {".cpp"}, ["tests"]).values() for test in DEFINITION.findall(text)}
+    tests = {".".join(test) for text in texts(root, r".*\.cpp", ["tests"]).values() for test in DEFINITION.findall(text)}
     slips += [f"there is no test {name}" for name in named if name not in tests]
     if not marked or not tests:
         slips.append("no marks or no tests were found")

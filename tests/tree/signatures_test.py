@@ -7,7 +7,7 @@ those files, and calls may be anywhere.
 import re
 import sys
 
-from sources import files
+from sources import texts
 
 HOMES = {"BrvEDK/Source/hostprototypes.inc": "BX_", "BrvEDK/Source/convention.h": "BrevixExtension"}
 COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.S)
@@ -23,7 +23,7 @@ def declared(text):
 
 
 def main(root):
-    names = {path: declared(text) for path, text in files(root, {".h", ".cpp", ".c", ".inc", ".md"}).items()}
+    names = {path: declared(text) for path, text in texts(root, r".*\.(h|cpp|c|inc|md)").items()}
     slips = [f"{path} declares {name}" for path, found in names.items() if path not in HOMES for name in found]
     slips += [f"{path} declares no {prefix} function" for path, prefix in HOMES.items()
               if not any(name.startswith(prefix) for name in names[path])]

@@ -73,7 +73,7 @@ class Exports : public testing::Test {
   // Lets the first allocation of the call fail, then the second, until it has all that it needs. Every answer but
   // the last has to be `failure`, with `check` called after it.
   template <class Result>
-  Result CallWithoutMemory(Result failure, const std::function<Result()>& call, const std::function<void()>& check) {
+  Result CallWithoutMemory(Result failure, const std::function<void()>& check, const std::function<Result()>& call) {
     for (int allowed = 0;; ++allowed) {
       allocationsLeft = allowed;
       const Result answer = call();
@@ -137,8 +137,7 @@ TEST_F(Exports, TakeTheSizesOfRecordsAsTheyAre) {
 
 TEST_F(Exports, LoadNoFrameWithoutMemory) {
   const auto check = [&] { EXPECT_EQ(document.LoadedFrames(), 0u); };
-  EXTGF2005a* const frame = CallWithoutMemory<EXTGF2005a*>(
-      nullptr, [&] { return Load(); }, check);
+  EXTGF2005a* const frame = CallWithoutMemory<EXTGF2005a*>(nullptr, check, [&] { return Load(); });
   ASSERT_NE(frame, nullptr);
   EXPECT_EQ(frame->entryCount, 2);
 }
@@ -157,8 +156,7 @@ TEST_F(Exports, FreeFramesWithoutMemory) {
 TEST_F(Exports, StartNoEditWithoutMemory) {
   for (const auto start : {BX_StartBrevixEdit, BX_StartBrevixEdit_UTF16}) {
     const auto check = [&] { EXPECT_EQ(document.EditDepth(), 0); };
-    CallWithoutMemory<HostResult>(
-        0, [&] { return start(nullptr, kBrvVersion); }, check);
+    CallWithoutMemory<HostResult>(0, check, [&] { return start(nullptr, kBrvVersion); });
     EXPECT_EQ(document.EditDepth(), 1);
     BX_CancelBrevixEdit(kBrvVersion);
   }
@@ -168,18 +166,19 @@ TEST_F(Exports, SaveNoRecordWithoutMemory) {
   EDataKey key{1, 2};
   char bytes[8] = {};
   const auto save = [&](uint32 size) { return BX_SaveEData(kTag, &key, bytes, size, kBrvVersion); };
-  CallWithoutMemory<int>(
-      0, [&] { return save(5); }, [&] { EXPECT_EQ(SizeOfRecord(), -1); });
+  const auto isMissing = [&] { EXPECT_EQ(SizeOfRecord(), -1); };
+  CallWithoutMemory<int>(0, isMissing, [&] { return save(5); });
   EXPECT_EQ(SizeOfRecord(), 5);
-  CallWithoutMemory<int>(
-      0, [&] { return save(8); }, [&] { EXPECT_EQ(SizeOfRecord(), 5); });
+  const auto isAsBefore = [&] { EXPECT_EQ(SizeOfRecord(), 5); };
+  CallWithoutMemory<int>(0, isAsBefore, [&] { return save(8); });
   EXPECT_EQ(SizeOfRecord(), 8);
 }
 
 TEST_F(Exports, CreateNoRecordWithoutMemory) {
   EDataKey key{1, 2};
   const auto create = [&] { return BX_CreateEData(kTag, &key, nullptr, 6, kBrvVersion); };
-  CallWithoutMemory<int>(0, create, [&] { EXPECT_EQ(SizeOfRecord(), -1); });
+  const auto isMissing = [&] { EXPECT_EQ(SizeOfRecord(), -1); };
+  CallWithoutMemory<int>(0, isMissing, create);
   EXPECT_EQ(SizeOfRecord(), 6);
 }
 
@@ -187,12 +186,12 @@ TEST_F(Exports, ShowNoAlertWithoutMemory) {
   const std::string text(100, 'x');
   const std::u16string units(100, u'x');
   const auto nothing = [&] { EXPECT_EQ(user.shown, ""); };
-  CallWithoutMemory<int>(
-      0, [&] { return BX_AlertMessage(nullptr, kAlertMessage, 0, text.c_str(), kBrvVersion); }, nothing);
+  const auto showBytes = [&] { return BX_AlertMessage(nullptr, kAlertMessage, 0, text.c_str(), kBrvVersion); };
+  CallWithoutMemory<int>(0, nothing, showBytes);
   EXPECT_EQ(user.shown, text);
   user.shown.clear();
-  CallWithoutMemory<int>(
-      0, [&] { return BX_AlertMessage_UTF16(nullptr, kAlertQuestion, 0, units.c_str(), kBrvVersion); }, nothing);
+  const auto askUnits = [&] { return BX_AlertMessage_UTF16(nullptr, kAlertQuestion, 0, units.c_str(), kBrvVersion); };
+  CallWithoutMemory<int>(0, nothing, askUnits);
   EXPECT_EQ(user.shown, text);
 }
 

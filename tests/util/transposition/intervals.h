@@ -5,7 +5,7 @@
 #include <ostream>
 #include <string>
 
-#include "tests/pitch/diapitch.h"
+#include "tests/util/pitch/diapitch.h"
 #include "transposition.h"
 
 inline bool operator==(const tInterval& a, const tInterval& b) {

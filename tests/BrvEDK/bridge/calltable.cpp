@@ -48,7 +48,7 @@ std::uint64_t CallWith(void* function, const std::array<std::uint64_t, kMaxArgum
 
 const std::vector<DocumentedCall>& DocumentedCalls() {
   static const std::vector<DocumentedCall> calls = [] {
-    std::ifstream file(BRV_SOURCE_DIR "/tests/bridge/calls.txt");
+    std::ifstream file(BRV_SOURCE_DIR "/tests/BrvEDK/bridge/calls.txt");
     std::vector<DocumentedCall> read;
     for (std::string line; std::getline(file, line);) {
       if (!line.starts_with('#')) read.push_back(ParseCall(line));

@@ -15,7 +15,7 @@ template <class... Arguments>
 std::u16string Formatted(const char16_t* format, Arguments... arguments) {
   UniChar text[kRoom];
   const int units = bx_sprintf(text, kRoom, Units(format), arguments...);
-  const std::u16string result = TextAt(text);
+  std::u16string result = TextAt(text);
   EXPECT_EQ(static_cast<std::size_t>(units), result.size());
   return result;
 }

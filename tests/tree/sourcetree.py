@@ -5,7 +5,8 @@ import os
 import pathlib
 import re
 
-_SOURCE = re.compile(r".*\.(h|cpp|inc)(\.in)?")
+from sources import paths
+
 _INCLUDE = re.compile(r'\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
 # Where <BrvEDK/...> and the names of the system's frameworks lead.
 _KIT, _PLATFORM = ("BrvEDK/Source/", "LIB/", "util/"), ("platform/include/",)
@@ -19,19 +20,10 @@ def without_template(file):
     return file.removesuffix(".in")
 
 
-def source_files(root):
-    """All but what stands in hidden folders, or in those that something is built in."""
-    for folder, folders, names in os.walk(root):
-        folders[:] = [name for name in folders
-                      if not name.startswith(".") and not pathlib.Path(folder, name, "CMakeCache.txt").exists()]
-        for name in filter(_SOURCE.fullmatch, names):
-            yield pathlib.Path(folder, name).relative_to(root).as_posix()
-
-
 class SourceTree:
     def __init__(self, root):
         self.root = pathlib.Path(root)
-        self.files = sorted(source_files(self.root))
+        self.files = sorted(paths(self.root, r".*\.(h|cpp|inc)(\.in)?"))
         self._by_path = {without_template(file): file for file in self.files}
         self._by_name = collections.defaultdict(list)
         for path in self._by_path:

@@ -49,7 +49,7 @@ inline void PrintTo(const ListedRecord& record, std::ostream* out) { *out << rec
 
 inline std::vector<ListedRecord> ListedRecords() {
   std::vector<ListedRecord> records;
-  std::ifstream file(BRV_SOURCE_DIR "/tests/records/fields.txt");
+  std::ifstream file(BRV_SOURCE_DIR "/tests/BrvEDK/records/fields.txt");
   if (!file) throw std::runtime_error("no fields.txt");
   for (std::string line; std::getline(file, line);) {
     std::istringstream words(line);
