@@ -66,7 +66,9 @@ compiled=$(sed -n "s|^  \"file\": \"$PWD/\(.*\)\".*|\1|p" build/tidy/compile_com
 if [ -z "$base" ]; then
   units=$compiled
 else
-  changed=$(git diff --name-only "$base" && git ls-files --others --exclude-standard)
+  # What was only moved has not changed.
+  changed=$(git diff --name-status -M "$base" | awk -F"\t" '$1 != "R100" && $1 != "D" { print $NF }' &&
+            git ls-files --others --exclude-standard)
   units=$(units_of <<<"$changed" | LC_ALL=C sort -u | LC_ALL=C comm -12 - <(echo "$compiled"))
 fi
 if [ -z "$units" ]; then
@@ -74,7 +76,5 @@ if [ -z "$units" ]; then
   exit 0
 fi
 echo "$(wc -l <<<"$units") files"
-status=0
-report=$(tr '\n' '\0' <<<"$units" | xargs -0 -P "$(nproc)" -n 1 "$tidy" -p build/tidy --quiet 2>&1) || status=1
-grep -v '^[0-9]* warnings\? \(and [0-9]* errors\? \)\?generated\.$' <<<"$report" || true
-exit "$status"
+tr '\n' '\0' <<<"$units" | xargs -0 -P "$(nproc)" -n 1 "$tidy" -p build/tidy --quiet 2>&1 |
+  { grep -v '^[0-9]* warnings\? \(and [0-9]* errors\? \)\?generated\.$' || true; } || exit 1
