@@ -35,8 +35,8 @@ bool IsTooShortToShow(tProgressReport* report, std::int64_t elapsedMs, int units
 
 }  // namespace
 
-// Compatibility: the product wraps at 16 bits. Hosts take the size of a job as a 16-bit number, and extensions pass
-// this result on to them.
+// Compatibility: the product wraps at 16 bits. BXUtilPRStart takes the size as a 16-bit number, and extensions pass
+// this result on to it.
 short16 BXUtilPRCalcJobSize(EREGION* region, short16 flags) {
   int size = (flags & kPRLayers) != 0 ? BX_GetMaxLayers(kBrvVersion) : 1;
   if ((flags & kPRMeasures) != 0)

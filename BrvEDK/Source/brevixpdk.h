@@ -10,8 +10,9 @@
 // - version is kBrvVersion, the version of the interface that the extension was built for. It is passed to the host
 //   unchanged.
 // - 16-bit and 8-bit arguments are cut to their class and extended, whatever is in their upper bits; 16-bit results are
-//   returned extended (hosttypes.h). A 16-bit result is non-zero for success or yes unless the comment says otherwise.
-// - All calls are made on the host's main thread. [main-thread]
+//   returned extended; this is called widening (hosttypes.h). A 16-bit result is non-zero for success or yes unless the
+//   comment says otherwise.
+// - All calls are made on the host's main thread, unless the host allows others. [main-thread]
 // - Memory stays the property of the side that allocated it, unless the comment says otherwise.
 //
 // Where a comment says that arguments are passed through, their meaning is between the extension and its host, and the

@@ -6,8 +6,8 @@
 // returns 0; BrevixExtensionGetMenuStatus before it shows the menu, BrevixExtensionInvoke for each item that the user
 // chooses, and BrevixExtensionTerminate at the end. All calls are on the main thread, one at a time. [main-thread]
 //
-// Results are 16-bit: 1 is success, 0 failure, unless the comment says otherwise. Of an index, only the low 16 bits
-// count.
+// Results other than a version are 16-bit: 1 is success, 0 failure, unless the comment says otherwise. Of an index,
+// only the low 16 bits count.
 #pragma once
 
 #include "hostrecords.h"
@@ -67,7 +67,7 @@ inline constexpr ushort16 kAlertMessage = 64;   // the outcome of a command
 
 inline constexpr short16 kAlertYes = 1;  // the answer to kAlertQuestion that means yes; all others mean no
 
-// The last argument of BX_LoadTGF.
+// The loadFlag of BX_LoadTGF.
 inline constexpr short16 kLoadFlag = 1;
 
 // The keys that cancel a command, Command and period: the bit of Command in the modifier flags, and the key code of

@@ -5,7 +5,7 @@
 #include <type_traits>
 
 #include "brevixpdk.h"
-#include "hostcallclasses.h"
+#include "widening.h"
 
 // Returns the address of a host function, or null if the host is not bound or has no such function.
 void* FindHostFunction(const char* name);

@@ -10,8 +10,8 @@
 #define BREVIX_HOST_IDENTIFIER "com.brevixmusic.NotationEngine"
 
 // Every integer is passed in a whole register, so 16-bit and 8-bit values are declared as int under the name of their
-// class. The kit keeps the low bits of an argument and extends them before it calls the host, and does the same to the
-// host's result.
+// class. The kit keeps the low bits of an argument and extends them before it calls the host, and does the same to
+// a 16-bit result of the host.
 typedef int short16;   // the low 16 bits, sign-extended: -32768 to 32767
 typedef int ushort16;  // the low 16 bits, zero-extended: 0 to 65535
 typedef int flag8;     // the low 8 bits, zero-extended: 0 is no, all else yes

@@ -19,12 +19,12 @@ class Channel {
 
   void Send(const Message& message) const;
   void SendAnswer(bool yes) const;
-  // Waits; no answer is no.
+  // Waits. Returns false, too, if the channel closes without an answer.
   [[nodiscard]] bool ReceiveAnswer() const;
 
   // Waits for something to arrive and takes it in; false at the end.
   [[nodiscard]] bool Fill();
-  // The next whole message that was taken in, or null.
+  // The next whole message that was taken in, or nothing.
   [[nodiscard]] std::optional<Message> Next();
 
  private:

@@ -33,7 +33,8 @@ struct ProgressMessage {
 // The display of progress ends.
 struct ProgressEndMessage {};
 
-// The last message is one of these three: why the score cannot be used, why there is no result, or the result.
+// Unless the process ends early, its last message is one of these three: why the score cannot be used, why there is no
+// result, or the result.
 struct BadInputMessage {
   std::string text;
 };

@@ -7,8 +7,8 @@
 
 namespace brvhost {
 
-// Starts a process that does the work and ends with the status that the work returns. What both processes would print
-// is printed first. Throws std::system_error.
+// Starts a process that does the work and ends with the status that the work returns. Output that is still
+// buffered is written first, so that it is not written twice. Throws std::system_error.
 pid_t StartChild(const std::function<int()>& work);
 
 // Waits for the end of a process, and returns its status as waitpid gives it.

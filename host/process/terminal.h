@@ -11,11 +11,11 @@ class Terminal {
   Terminal();
   ~Terminal();
 
-  // Whole lines, above the bar.
+  // Whole lines, above the bar; an error begins with "brvhost: ".
   void PrintLine(const std::string& line);
   void PrintError(const std::string& line);
 
-  // Only on a terminal. The bar stays as it is until it is set again.
+  // Draws the bar, on a terminal only. It stays until it is set again or cleared, or a question is asked.
   void SetBar(std::int64_t done, std::int64_t total);
   void ClearBar();
 

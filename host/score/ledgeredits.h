@@ -1,4 +1,4 @@
-// What the ledger lines of a score, as they are now, change in the bytes of its document.
+// The edits of bytes that bring a document in line with the ledger lines of its score.
 #pragma once
 
 #include <cstddef>
@@ -13,8 +13,8 @@
 
 namespace brvhost {
 
-// The attribute print-leger changes in the notes of those entries whose state is no longer the document's: it is
-// removed where the wanted state is the note's default, else set. All other bytes stay.
+// The attribute print-leger changes in the notes of entries whose state has changed: it is removed if the note's
+// default already gives the wanted state, otherwise it is set. All other bytes stay.
 class LedgerEdits {
  public:
   // `document` is what the score was read from, and outlives this object. Throws InputError where a note that has to
@@ -29,8 +29,7 @@ class LedgerEdits {
   void Write(const std::function<void(std::string_view)>& write) const;
 
  private:
-  // From `offset` on, `removed` bytes are replaced by the text of that number. A large score has millions of edits, and
-  // few texts.
+  // From `offset` on, `removed` bytes are replaced by texts_[text]. A large score has millions of edits, and few texts.
   struct Edit {
     std::uint64_t offset = 0;
     std::uint64_t removed : 56 = 0;

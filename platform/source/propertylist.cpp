@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "cfstring.h"
-#include "oldstyleplist.h"
 #include "propertyvalue.h"
+#include "stringsfile.h"
 #include "textencoding.h"
 #include "utf.h"
 

@@ -1,4 +1,4 @@
-#include "oldstyleplist.h"
+#include "stringsfile.h"
 
 #include <cstddef>
 #include <string>
