@@ -2,7 +2,8 @@
 # Runs clang-tidy with .clang-tidy on what changed, and prints what it finds. Exit status 1: it found something.
 #
 #   scripts/check-tidy.sh          what differs from the merge base with the main branch, or on that branch itself from its
-#                                  previous state: source files, and headers by way of a file that includes them
+#                                  previous state: source files, and headers by way of a file that includes them;
+#                                  nothing where there is none, as in sources without git
 #   scripts/check-tidy.sh BASE     what differs from that commit
 #   scripts/check-tidy.sh --all    everything: some minutes
 #
@@ -58,10 +59,16 @@ if [ -z "$tidy" ]; then
   echo "check-tidy: clang-tidy 14 is not installed: nothing is checked"
   exit 0
 fi
+base=
+if [ "${1:-}" != --all ]; then
+  base=${1:-$(find_base)}
+  if [ -z "$base" ]; then
+    echo "check-tidy: no earlier state to compare with: nothing is checked; --all checks everything"
+    exit 0
+  fi
+fi
 cmake --preset clang -B build/tidy -DBRV_BUILD_TESTS=ON -DBRV_BUILD_BENCHMARKS=ON -DBRV_MACOS_TESTS=ON >/dev/null
 
-base=
-if [ "${1:-}" != --all ]; then base=${1:-$(find_base)}; fi
 compiled=$(sed -n "s|^  \"file\": \"$PWD/\(.*\)\".*|\1|p" build/tidy/compile_commands.json | grep -v '^build/' | LC_ALL=C sort -u)
 if [ -z "$base" ]; then
   units=$compiled
