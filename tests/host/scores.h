@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <ctime>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -26,9 +25,6 @@ inline std::string Partwise(const std::string& measures) {
 
 // The score of one measure.
 inline Score ScoreOf(const std::string& measureContent) { return ReadMusicXml(Partwise(Measure(measureContent))); }
-
-// The time that this process has worked; it does not depend on what else the machine does.
-inline double ProcessorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
 struct EntryFacts {
   int staff;

