@@ -37,7 +37,7 @@ U_CAPI UChar32 U_EXPORT2 ucnv_getNextUChar(UConverter* converter, const char** s
 namespace brvhost {
 namespace {
 
-constexpr std::int64_t kMaxQuestions = 20'000'000;  // about one score; seconds at the most
+constexpr std::int64_t kMaxQuestions = 10'100'000;  // about one score: a second or two
 
 // A name that may stand in a declaration, or nothing.
 std::string DeclarableName(const char* converter) {
