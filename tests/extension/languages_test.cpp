@@ -60,7 +60,7 @@ TEST(AnotherLanguage, IsServedInEnglish) {
 
 TEST(TheEnvironment, NamesTheLanguageInTheUsualOrder) {
   RecordingHost host;
-  unsetenv("LANGUAGE");
+  for (const char* const name : {"LANGUAGE", "LC_ALL", "LC_MESSAGES"}) unsetenv(name);
   setenv("LANG", "it_IT.UTF-8", 1);
   EXPECT_EQ(Text(0x4E200001), u"Nascondi i tagli addizionali");
   setenv("LC_MESSAGES", "es_ES.UTF-8", 1);
