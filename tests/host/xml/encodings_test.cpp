@@ -43,7 +43,7 @@ constexpr std::int64_t kMaxQuestions = 10'100'000;  // about one score: a second
 std::string DeclarableName(const char* converter) {
   UErrorCode error = U_ZERO_ERROR;
   for (uint16_t i = 0; i < ucnv_countAliases(converter, &error); ++i) {
-    const std::string name = ucnv_getAlias(converter, i, &error);
+    std::string name = ucnv_getAlias(converter, i, &error);
     const auto allowed = [](unsigned char c) { return std::isalnum(c) != 0 || c == '.' || c == '_' || c == '-'; };
     if (std::isalpha(static_cast<unsigned char>(name[0])) != 0 && std::ranges::all_of(name, allowed)) return name;
   }
