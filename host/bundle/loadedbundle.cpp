@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "host/bundle/openbundle.h"
+#include "host/bundle/createbundle.h"
 #include "host/text/cfowner.h"
 
 namespace brvhost {
@@ -16,7 +16,7 @@ CFBundleRef BundleAt(const std::string& path) {
   std::error_code error;
   const std::string absolute = std::filesystem::absolute(path, error).lexically_normal().string();
   if (error || !std::filesystem::is_directory(absolute, error)) throw BundleError(path + ": there is no such bundle");
-  const CFBundleRef bundle = OpenBundle(absolute);
+  const CFBundleRef bundle = CreateBundle(absolute);
   if (bundle == nullptr) throw BundleError(path + ": is not a bundle");
   return bundle;
 }

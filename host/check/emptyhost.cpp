@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "BrvEDK/Source/hosttypes.h"
-#include "host/bundle/openbundle.h"
+#include "host/bundle/createbundle.h"
 
 namespace brvhost {
 namespace {
@@ -35,7 +35,7 @@ EmptyHost::~EmptyHost() {
 }
 
 void EmptyHost::Open() const {
-  if (OpenBundle(folder_ + "/Host.bundle") == nullptr) throw std::runtime_error("a temporary bundle does not open");
+  if (CreateBundle(folder_ + "/Host.bundle") == nullptr) throw std::runtime_error("a temporary bundle does not open");
 }
 
 }  // namespace brvhost

@@ -44,7 +44,7 @@ class Source {
     if (copy == nullptr) throw std::bad_alloc();
     std::memcpy(copy, bytes.data(), bytes.size());
     source_ = zip_source_buffer_create(copy, bytes.size(), 1, nullptr);
-    if (source_ != nullptr) return;
+    if (source_ != nullptr) return;  // NOLINT(clang-analyzer-unix.Malloc): the source frees the copy
     std::free(copy);
     throw std::bad_alloc();
   }

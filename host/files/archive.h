@@ -20,11 +20,11 @@ struct ArchivedScore {
 
 // Unpacks the first root file that META-INF/container.xml names. Throws InputError for a broken archive, a container
 // that is missing or names nothing, a root file that is missing, and one that unpacks to more than `maxSize` bytes.
-[[nodiscard]] ArchivedScore ReadArchivedScore(std::string_view archive, std::uint64_t maxSize);
+[[nodiscard]] ArchivedScore ReadArchivedScore(std::string_view bytes, std::uint64_t maxSize);
 
-// The archive with other content in one member. All other members keep their compressed bytes, their order and their
-// dates, as far as the local time zone can express them. Throws std::runtime_error when it cannot be made, for example
-// because there is no memory.
-[[nodiscard]] std::string ReplaceMember(std::string_view archive, const std::string& member, std::string_view content);
+// The archive of these bytes with other content in one member. All other members keep their compressed bytes, their
+// order and their dates, as far as the local time zone can express them. Throws std::runtime_error when it cannot be
+// made, for example because there is no memory.
+[[nodiscard]] std::string ReplaceMember(std::string_view bytes, const std::string& member, std::string_view content);
 
 }  // namespace brvhost

@@ -32,7 +32,7 @@ TEST_F(OwnBundle, IsFoundByItsIdentifierAsLongAsItLives) {
 
 TEST_F(OwnBundle, IsOneObjectForItsFolder) {
   Open("{}");
-  const CFBundleRef again = OpenBundle(Contents() / "..");
+  const CFBundleRef again = CreateBundle(Contents() / "..");
   EXPECT_EQ(again, bundle_);
   CFRelease(again);
 }
@@ -89,7 +89,7 @@ class HostBundle : public testing::Test {
  protected:
   void TearDown() override { CFRelease(bundle_); }
 
-  CFBundleRef bundle_ = OpenBundle(BRV_BINARY_DIR "/tests/RecordingHost.bundle");
+  CFBundleRef bundle_ = CreateBundle(BRV_BINARY_DIR "/tests/RecordingHost.bundle");
 };
 
 TEST_F(HostBundle, GivesTheFunctionsOfItsOwnExecutable) {

@@ -72,7 +72,7 @@ TEST(BundleVectors, Create) {
   fs::current_path(folder.Path() / "bundle-cases");
   for (const VectorRow& row : ReadVectors(table)) {
     SCOPED_TRACE(row.columns[0]);
-    const CFBundleRef bundle = OpenBundle(row.columns[2], row.columns[3] == "dir");
+    const CFBundleRef bundle = CreateBundle(row.columns[2], row.columns[3] == "dir");
     EXPECT_EQ(bundle != nullptr, row.columns[4] == "nonnull");
     if (bundle == nullptr) continue;
     const std::string executable = Utf8(CFBundleGetValueForInfoDictionaryKey(bundle, kCFBundleExecutableKey));
@@ -90,7 +90,7 @@ TEST(BundleVectors, CopyLocalizedString) {
   const std::set<int> known = KnownDifferences("strings.txt");
   for (const VectorRow& row : ReadVectors(table)) {
     SetLanguages(row.columns[3]);
-    const CFBundleRef bundle = OpenBundle(VectorFolder() / "strings-cases" / (row.columns[0] + ".bundle"));
+    const CFBundleRef bundle = CreateBundle(VectorFolder() / "strings-cases" / (row.columns[0] + ".bundle"));
     ASSERT_NE(bundle, nullptr) << row.columns[0];
     const CFStringRef key = MakeString(UnitsFromHex(row.columns[1]));
     const CFStringRef tableName = row.columns[4] == "NULL" ? nullptr : MakeUtf8(row.columns[4]);
@@ -113,7 +113,7 @@ TEST(BundleVectors, CopyResourceURL) {
   for (const VectorRow& row : ReadVectors(table)) {
     SetLanguages(row.columns[1]);
     const fs::path folder = VectorFolder() / "strings-cases" / (row.columns[0] + ".bundle");
-    const CFBundleRef bundle = OpenBundle(folder);
+    const CFBundleRef bundle = CreateBundle(folder);
     ASSERT_NE(bundle, nullptr) << row.columns[0];
     const CFStringRef names[] = {optional(row.columns[2]), optional(row.columns[3]), optional(row.columns[4])};
     const CFURLRef url = CFBundleCopyResourceURL(bundle, names[0], names[1], names[2]);

@@ -113,7 +113,7 @@ TEST_F(NamesOfNoFile, ANameLongerThanAnyPathIsNotFound) {
   Open("{ CFBundleExecutable = " + std::string(5000, 'x') + "; }");
   EXPECT_EQ(Resource(std::string(5000, 'x'), CFSTR("strings")), "not found");
   EXPECT_EQ(CFBundleCopyExecutableURL(bundle_), nullptr);
-  EXPECT_EQ(OpenBundle(std::string(5000, 'x')), nullptr);
+  EXPECT_EQ(CreateBundle(std::string(5000, 'x')), nullptr);
 }
 
 // Folders that are not there any more, or not for everybody.
@@ -127,7 +127,7 @@ TEST_F(OwnBundle, ThatVanishesKeepsItsIdentityAndHasNoFiles) {
   EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle_, CFSTR("main")), nullptr);
   EXPECT_EQ(CFBundleGetBundleWithIdentifier(CFSTR("org.example.own")), bundle_);
   EXPECT_EQ(DescriptionOf(bundle_), "CFBundle " + Folder().native());
-  EXPECT_EQ(OpenBundle(Folder()), nullptr);
+  EXPECT_EQ(CreateBundle(Folder()), nullptr);
 }
 
 // Another user than root, whom no rights hold back.
@@ -167,14 +167,14 @@ TEST_F(Unreadable, AFolderAboveABundleHidesIt) {
   bundle_ = nullptr;
   Lock(top_.Path());
   const AsAnybody anybody;
-  EXPECT_EQ(OpenBundle(Folder()), nullptr);
+  EXPECT_EQ(CreateBundle(Folder()), nullptr);
 }
 
 TEST_F(Unreadable, ABundleHasNothing) {
   fs::create_directories(Folder());
   Lock(Folder());
   const AsAnybody anybody;
-  bundle_ = OpenBundle(Folder());
+  bundle_ = CreateBundle(Folder());
   ASSERT_NE(bundle_, nullptr);
   EXPECT_EQ(CFBundleGetIdentifier(bundle_), nullptr);
   EXPECT_EQ(Text(CFSTR("k")), "k");
@@ -186,7 +186,7 @@ TEST_F(Unreadable, AnInfoPlistIsNone) {
   CFRelease(bundle_);
   Lock(Contents() / "Info.plist");
   const AsAnybody anybody;
-  bundle_ = OpenBundle(Folder());
+  bundle_ = CreateBundle(Folder());
   ASSERT_NE(bundle_, nullptr);
   EXPECT_EQ(CFBundleGetIdentifier(bundle_), nullptr);
 }
@@ -260,7 +260,7 @@ TEST(URLs, ARelativePathFromAFolderThatVanishedDoesNotResolve) {
   EXPECT_FALSE(CFURLGetFileSystemRepresentation(url, true, path, sizeof(path)));
   EXPECT_STREQ(reinterpret_cast<const char*>(path), "xxxxxxxx");
   EXPECT_TRUE(CFURLGetFileSystemRepresentation(url, false, path, sizeof(path)));
-  EXPECT_EQ(OpenBundle("a/b"), nullptr);
+  EXPECT_EQ(CreateBundle("a/b"), nullptr);
   fs::current_path(before);
   CFRelease(url);
 }

@@ -24,7 +24,7 @@ inline std::filesystem::path TakePath(CFURLRef url) {
 }
 
 // The bundle in a folder, which the caller owns; null if there is none.
-inline CFBundleRef OpenBundle(const std::string& path, bool isDirectory = true) {
+inline CFBundleRef CreateBundle(const std::string& path, bool isDirectory = true) {
   const CFURLRef url = MakeURL(path, isDirectory);
   if (url == nullptr) return nullptr;
   const CFBundleRef bundle = CFBundleCreate(kCFAllocatorDefault, url);
@@ -73,7 +73,7 @@ class OwnBundle : public testing::Test {
 
   void Open(const std::string& infoPlist, const std::string& table = "") {
     Write(infoPlist, table);
-    bundle_ = OpenBundle(Folder());
+    bundle_ = CreateBundle(Folder());
     ASSERT_NE(bundle_, nullptr);
   }
 

@@ -8,6 +8,6 @@
 namespace brvhost {
 
 // The bundle in the folder of that absolute path, which the caller releases, or null when there is none.
-CFBundleRef OpenBundle(const std::string& path);
+CFBundleRef CreateBundle(const std::string& path);
 
 }  // namespace brvhost
