@@ -35,7 +35,10 @@ EmptyHost::~EmptyHost() {
 }
 
 void EmptyHost::Open() const {
-  if (CreateBundle(folder_ + "/Host.bundle") == nullptr) throw std::runtime_error("a temporary bundle does not open");
+  // Kept as long as the process lives: extensions find the bundles that somebody holds.
+  static CFBundleRef bundle = nullptr;
+  bundle = CreateBundle(folder_ + "/Host.bundle");
+  if (bundle == nullptr) throw std::runtime_error("a temporary bundle does not open");
 }
 
 }  // namespace brvhost
