@@ -4,7 +4,7 @@
 // for the life of the process, and passes the call on. All of them share this contract:
 //
 // - The host's bundle must be bound before the first call. The host does this by calling the extension's main
-//   (hostbundle.h). A function that is called earlier never finds its host function.
+//   (convention.h). A function that is called earlier never finds its host function.
 // - If the host has no such function, nothing is called, and the result is the default that the comment gives:
 //   [default 0] is 0, null or no. The kit reports nothing else.
 // - version is kBrvVersion, the version of the interface that the extension was built for. It is passed to the host
