@@ -5,7 +5,7 @@
   <xsl:template match="@*|node()">
     <xsl:copy><xsl:apply-templates select="@*|node()"/></xsl:copy>
   </xsl:template>
-  <xsl:template match="note[not(@print-object='no') or @print-leger]">
+  <xsl:template match="note">
     <xsl:copy>
       <xsl:attribute name="print-leger">no</xsl:attribute>
       <xsl:apply-templates select="@*[name()!='print-leger']|node()"/>

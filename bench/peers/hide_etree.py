@@ -5,6 +5,5 @@ import xml.etree.ElementTree as ElementTree
 
 tree = ElementTree.parse(sys.argv[1])
 for note in tree.iter("note"):
-    if note.get("print-object") != "no" or note.get("print-leger") is not None:
-        note.set("print-leger", "no")
+    note.set("print-leger", "no")
 tree.write(sys.argv[2], xml_declaration=True, encoding="UTF-8")

@@ -10,8 +10,7 @@ PARSER = etree.XMLParser(huge_tree=True, load_dtd=False, no_network=True)
 
 def hide(tree):
     for note in tree.iter("note"):
-        if note.get("print-object") != "no" or note.get("print-leger") is not None:
-            note.set("print-leger", "no")
+        note.set("print-leger", "no")
 
 
 def hide_plain(source, target):

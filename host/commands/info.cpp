@@ -42,7 +42,7 @@ void PrintScore(const ScoreFile& file) {
   Print(stdout, "  staves    {}\n  measures  {}\n  layers    {}\n", score.staves, score.measures, score.layers);
   Print(stdout, "  entries   {}, {} of them rests\n", score.entries.size(), rests);
   Print(stdout, "  notes     {}\n", score.notes.size() - static_cast<std::size_t>(rests));
-  Print(stdout, "  hidden    {} entries without ledger lines\n", hidden);
+  Print(stdout, "  hidden    {} entries\n", hidden);
 }
 
 }  // namespace

@@ -14,11 +14,6 @@ namespace {
 constexpr std::string_view kAttribute = "print-leger";
 constexpr const char* kFromEntity = "a note that comes from an entity cannot be changed";
 
-struct NoteChange {
-  ScoreNote note;
-  bool hide;
-};
-
 // Refuses the element that is reported at an offset: reading the document again finds its line.
 class Refusal : public XmlHandler {
  public:
@@ -36,11 +31,11 @@ class Refusal : public XmlHandler {
   XmlPosition* position_ = nullptr;
 };
 
-ByteEdit EditOf(const StartTag& tag, const NoteChange& change) {
-  if (change.hide == change.note.IsHiddenByDefault()) return tag.Remove(kAttribute);
-  const std::string_view value = change.hide ? "no" : "yes";
-  const bool present = change.note.Attribute() != LegerAttribute::kAbsent;
-  return present ? tag.Change(kAttribute, value) : tag.Add(kAttribute, value);
+// Hides the note's ledger lines if they are shown, and shows them if they are hidden.
+ByteEdit EditOf(const StartTag& tag, const ScoreNote& note) {
+  if (note.IsHidden()) return tag.Remove(kAttribute);
+  const bool present = note.Attribute() != LegerAttribute::kAbsent;
+  return present ? tag.Change(kAttribute, "no") : tag.Add(kAttribute, "no");
 }
 
 StartTag TagAt(std::string_view document, CodeUnits units, std::uint64_t offset) {
@@ -54,17 +49,16 @@ StartTag TagAt(std::string_view document, CodeUnits units, std::uint64_t offset)
 
 LedgerEdits::LedgerEdits(std::string_view document, const Score& score)
     : document_(document), editedSize_(document.size()) {
-  std::vector<NoteChange> changes;
+  std::vector<ScoreNote> changed;
   for (const ScoreEntry& entry : score.entries) {
     if (entry.hidden == score.IsHiddenInDocument(entry)) continue;
     ++changedEntries_;
-    for (const ScoreNote& note : score.NotesOf(entry)) changes.push_back({note, entry.hidden});
+    const auto changes = [&entry](const ScoreNote& note) { return note.IsHidden() != entry.hidden; };
+    std::ranges::copy_if(score.NotesOf(entry), std::back_inserter(changed), changes);
   }
-  std::ranges::sort(changes, {}, [](const NoteChange& change) { return change.note.offset; });
-  edits_.reserve(changes.size());
-  for (const NoteChange& change : changes) {
-    Append(EditOf(TagAt(document, score.units, change.note.offset), change));
-  }
+  std::ranges::sort(changed, {}, [](const ScoreNote& note) { return note.offset; });
+  edits_.reserve(changed.size());
+  for (const ScoreNote& note : changed) Append(EditOf(TagAt(document, score.units, note.offset), note));
 }
 
 void LedgerEdits::Append(const ByteEdit& edit) {

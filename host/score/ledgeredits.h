@@ -13,8 +13,8 @@
 
 namespace brvhost {
 
-// The attribute print-leger changes in the notes of entries whose state has changed: it is removed if the note's
-// default already gives the wanted state, otherwise it is set. All other bytes stay.
+// The attribute print-leger changes in the notes of entries whose state has changed: it is set to "no" where an entry
+// is hidden, and removed where one is shown. All other bytes stay.
 class LedgerEdits {
  public:
   // `document` is what the score was read from, and outlives this object. Throws InputError where a note that has to

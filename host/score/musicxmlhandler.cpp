@@ -88,8 +88,6 @@ void MusicXmlHandler::StartMeasureChild(const char* name, const XmlAttributes& a
     note_.note.attribute =
         static_cast<std::uint8_t>(SameName(leger, "no") ? LegerAttribute::kNo : LegerAttribute::kYes);
   }
-  const char* const object = attributes.Find("print-object");
-  note_.note.invisible = object != nullptr && SameName(object, "no");
 }
 
 void MusicXmlHandler::StartMeasureLeaf(const char* name) {

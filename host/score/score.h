@@ -23,16 +23,11 @@ enum class LegerAttribute : std::uint8_t { kAbsent, kNo, kYes };
 
 // A note element of the document.
 struct ScoreNote {
-  std::uint64_t offset : 61 = 0;  // of the byte that opens its start tag
+  std::uint64_t offset : 62 = 0;  // of the byte that opens its start tag
   std::uint64_t attribute : 2 = 0;
-  std::uint64_t invisible : 1 = 0;  // print-object="no"
 
   LegerAttribute Attribute() const { return static_cast<LegerAttribute>(attribute); }
-  // Whether it shows no ledger lines as it is, and whether it would show none without its attribute.
-  bool IsHidden() const {
-    return Attribute() == LegerAttribute::kAbsent ? invisible : Attribute() == LegerAttribute::kNo;
-  }
-  bool IsHiddenByDefault() const { return invisible; }
+  bool IsHidden() const { return Attribute() == LegerAttribute::kNo; }
 };
 
 // A note, chord or rest. Its notes are consecutive in the score's list.
@@ -41,7 +36,7 @@ struct ScoreEntry {
   std::uint32_t firstNote = 0;
   std::uint8_t noteElements = 0;  // 1 to 12; a rest has one
   bool isRest = false;
-  bool hidden = false;  // none of its notes shows ledger lines, in the document or as changed since
+  bool hidden = false;  // each of its notes is, in the document or as changed since
 };
 
 // The entries of one place, in ascending order of position. Never empty.
@@ -86,7 +81,7 @@ struct Score {
     return std::span(notes).subspan(entry.firstNote, entry.noteElements);
   }
 
-  // Whether the document, as it was read, shows no ledger lines in the entry.
+  // Whether each note of the entry is hidden in the document, as it was read.
   bool IsHiddenInDocument(const ScoreEntry& entry) const;
 
   // The part that a staff belongs to, or null where there is no such staff.

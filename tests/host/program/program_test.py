@@ -38,6 +38,11 @@ class Info(Case):
         self.assertRegex(out, rf"notes +{text.count('<note>') - text.count('<rest/>')}\n")
         self.assertRegex(out, r"hidden +0 ")
 
+    def test_counts_as_hidden_what_the_attribute_hides(self):
+        notes = HIDDEN_NOTE * 2 + NOTE + NOTE.replace("<note", '<note print-object="no"')
+        out = self.succeeds(brvhost("info", self.write("a.xml", score(notes)))).stdout
+        self.assertRegex(out, r"hidden +2 entries\n")
+
     def test_goes_on_after_a_score_that_cannot_be_read(self):
         bad = self.write("bad.xml", "<nothing/>")
         process = brvhost("info", bad, SAMPLES / "winds.musicxml")

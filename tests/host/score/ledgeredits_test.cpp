@@ -50,13 +50,14 @@ TEST(LedgerEdits, TakeTheAttributeAwayWithItsBlanks) {
 }
 
 TEST(LedgerEdits, ChangeTheValueWhereTheAttributeStays) {
-  EXPECT_EQ(Hidden("<note print-object='no' print-leger='yes'/>"), "<note print-object='no'/>");
+  EXPECT_EQ(Hidden("<note print-object='no' print-leger='yes'/>"), "<note print-object='no' print-leger='no'/>");
   EXPECT_EQ(Hidden("<note print-leger='yes' a='b'/>"), "<note print-leger='no' a='b'/>");
 }
 
-TEST(LedgerEdits, SetYesWhereNoAttributeWouldMeanNo) {
-  EXPECT_EQ(Shown("<note print-object='no'/>"), "<note print-leger=\"yes\" print-object='no'/>");
-  EXPECT_EQ(Shown("<note print-object='no' print-leger='no'/>"), "<note print-object='no' print-leger='yes'/>");
+TEST(LedgerEdits, TreatInvisibleNotesAsAllOthers) {
+  EXPECT_EQ(Shown("<note print-object='no'/>"), "<note print-object='no'/>");
+  EXPECT_EQ(Hidden("<note print-object='no'/>"), "<note print-leger=\"no\" print-object='no'/>");
+  EXPECT_EQ(Shown("<note print-leger=\"no\" print-object='no'/>"), "<note print-object='no'/>");
 }
 
 TEST(LedgerEdits, LeaveEntriesAloneThatAreAsTheyWere) {
@@ -69,6 +70,10 @@ TEST(LedgerEdits, LeaveEntriesAloneThatAreAsTheyWere) {
 TEST(LedgerEdits, ChangeEveryNoteOfAChangedChord) {
   EXPECT_EQ(Hidden("<note/><note><chord/></note>"),
             "<note print-leger=\"no\"/><note print-leger=\"no\"><chord/></note>");
+  EXPECT_EQ(Shown("<note print-leger='no'/><note print-leger='no'><chord/></note>"), "<note/><note><chord/></note>");
+  EXPECT_EQ(Hidden("<note print-leger = 'no' /><note><chord/></note>"),
+            "<note print-leger = 'no' /><note print-leger=\"no\"><chord/></note>")
+      << "a note that is already as it should be keeps its bytes";
 }
 
 TEST(LedgerEdits, CountTheEntriesThatChangeAndNotTheirNotes) {

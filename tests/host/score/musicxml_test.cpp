@@ -139,15 +139,16 @@ TEST(ReadMusicXml, TakesOnlyTheChildrenOfANoteForItsOwn) {
   EXPECT_EQ(EntriesOf(ScoreOf(notes)), (Entries{{1, 1, 0, 0, 1}, {1, 1, 0, 10080, 1}}));
 }
 
-TEST(ReadMusicXml, HidesAnEntryNoneOfWhoseNotesShowsLedgerLines) {
+TEST(ReadMusicXml, HidesAnEntryEachOfWhoseNotesHasNoForItsLedgerLines) {
   const auto hidden = [](const std::string& notes) { return ScoreOf(notes).entries.at(0).hidden; };
   EXPECT_FALSE(hidden(Note()));
   EXPECT_TRUE(hidden(Note("", " print-leger='no'")));
-  EXPECT_TRUE(hidden(Note("", " print-object='no'")));
+  EXPECT_FALSE(hidden(Note("", " print-object='no'"))) << "an invisible note has no lines to hide";
   EXPECT_FALSE(hidden(Note("", " print-object='no' print-leger='yes'")));
   EXPECT_TRUE(hidden(Note("", " print-leger='&#110;o'"))) << "a reference in the value";
   EXPECT_FALSE(hidden(Note("", " print-leger='no'") + Note("<chord/>")));
-  EXPECT_TRUE(hidden(Note("", " print-leger='no'") + Note("<chord/>", " print-object='no'")));
+  EXPECT_TRUE(hidden(Note("", " print-leger='no'") + Note("<chord/>", " print-leger='no'")));
+  EXPECT_FALSE(hidden(Note("", " print-leger='no'") + Note("<chord/>", " print-object='no'")));
   EXPECT_TRUE(hidden(Note("<rest/>", " print-leger='no'")));
 }
 

@@ -58,7 +58,7 @@ std::string Everything(const Score& score) {
       const ScoreEntry& entry = score.entries.at(frame.firstEntry + i);
       text << ' ' << entry.position << (entry.isRest ? "r" : "") << (entry.hidden ? "h" : "");
       for (const ScoreNote& note : score.NotesOf(entry)) {
-        text << '@' << note.offset << ',' << note.attribute << ',' << note.invisible;
+        text << '@' << note.offset << ',' << note.attribute;
       }
     }
     text << '\n';
@@ -102,7 +102,7 @@ TEST(ReadSections, FindsWhatOneReaderFinds) {
       "<measure><attributes><key><fifths>3</fifths><mode>minor</mode></key><staves>2</staves></attributes>" + Note() +
           Note("<chord/>") + Note("<staff>2</staff>", " print-leger='no'") + "</measure>" + Measure(Note("<rest/>")),
       "<measure><print new-page='yes'/><attributes><time><beats>3</beats><beat-type>8</beat-type></time></attributes>" +
-          Note("<voice>2</voice>") + Note("<voice>1</voice>", " print-object='no'") +
+          Note("<voice>2</voice>") + Note("<voice>1</voice>", " print-leger='yes'") +
           "<attributes><transpose><diatonic>-1</diatonic><chromatic>-2</chromatic></transpose></attributes></measure>",
       "<?xml version='1.0' encoding='utf-8'?><!DOCTYPE score-partwise PUBLIC 'x' 'y'>", partList);
   const auto score = Apart(document);

@@ -24,7 +24,7 @@ class Entry:
         self.notes = []
 
     def is_hidden(self):
-        return all(shows_none(note) for note in self.notes)
+        return all(map(has_no, self.notes))
 
 
 def start_tags(content):
@@ -33,9 +33,8 @@ def start_tags(content):
             for tag in re.findall(r"<note(\s[^>]*|)/?>", content.decode("utf-8"))]
 
 
-def shows_none(note):
-    leger = note.get("print-leger")
-    return leger == "no" if leger is not None else note.get("print-object") == "no"
+def has_no(note):
+    return note.get("print-leger") == "no"
 
 
 def number(element, name, otherwise):
@@ -102,8 +101,5 @@ def attributes_after_hiding(entries, is_selected):
     for entry in entries:
         changes = is_selected(entry) and not entry.is_hidden()
         for note in entry.notes:
-            if not changes:
-                wanted[note] = note.get("print-leger")
-            else:
-                wanted[note] = None if note.get("print-object") == "no" else "no"
+            wanted[note] = "no" if changes else note.get("print-leger")
     return wanted
