@@ -32,7 +32,9 @@ inline constexpr const char* kItemsAbout =
 
 inline constexpr const char* kInfoAbout =
     "Reports what each score holds: its parts with their staves, the number of measures and layers, its entries "
-    "(notes, chords and rests), and how many of them have hidden ledger lines.";
+    "(notes, chords and rests), how many of them have hidden ledger lines, and each chord of which only some notes "
+    "have: "
+    "its staff, measure, layer and position in quarter notes.";
 
 inline constexpr const char* kRunAbout =
     "Runs one menu item of an extension on each score, and writes the result. A result differs from its score in the "

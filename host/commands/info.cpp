@@ -5,12 +5,15 @@
 #include <cstdio>
 #include <new>
 #include <string>
+#include <vector>
 
 #include "host/commands/commands.h"
 #include "host/files/scorefile.h"
 #include "host/process/exitstatus.h"
 #include "host/process/processors.h"
 #include "host/process/streams.h"
+#include "host/score/fraction.h"
+#include "host/score/mixedchords.h"
 #include "host/score/score.h"
 #include "host/text/inputerror.h"
 
@@ -29,6 +32,16 @@ std::string OnOneLine(std::string text) {
   return text;
 }
 
+// Layers count from 1 here, as on the command line.
+void PrintMixedChords(const Score& score) {
+  const std::vector<MixedChord> chords = MixedChordsOf(score);
+  Print(stdout, "  mixed     {} chords of which only some notes are hidden\n", chords.size());
+  for (const MixedChord& chord : chords) {
+    Print(stdout, "            staff {}, measure {}, layer {}, position {}\n", chord.staff, chord.measure,
+          chord.layer + 1, TextOf({chord.position, kTicksPerQuarter}));
+  }
+}
+
 void PrintScore(const ScoreFile& file) {
   const Score& score = file.GetScore();
   const auto hidden = std::ranges::count_if(score.entries, &ScoreEntry::hidden);
@@ -43,6 +56,7 @@ void PrintScore(const ScoreFile& file) {
   Print(stdout, "  entries   {}, {} of them rests\n", score.entries.size(), rests);
   Print(stdout, "  notes     {}\n", score.notes.size() - static_cast<std::size_t>(rests));
   Print(stdout, "  hidden    {} entries\n", hidden);
+  PrintMixedChords(score);
 }
 
 }  // namespace

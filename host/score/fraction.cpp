@@ -45,4 +45,10 @@ std::optional<Fraction> ParseFraction(std::string_view text) {
   return Fraction{over->numerator, under->numerator};
 }
 
+std::string TextOf(const Fraction& fraction) {
+  const Fraction lowest = Fraction::Of(fraction.numerator, fraction.denominator).value_or(fraction);
+  const std::string over = std::to_string(lowest.numerator);
+  return lowest.denominator == 1 ? over : over + "/" + std::to_string(lowest.denominator);
+}
+
 }  // namespace brvhost

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace brvhost {
@@ -69,5 +70,8 @@ std::optional<Fraction> ParseDecimal(std::string_view text);
 
 // A decimal number, or two whole numbers with a slash between them: "5/2".
 std::optional<Fraction> ParseFraction(std::string_view text);
+
+// As ParseFraction reads it, in lowest terms: "2" or "5/2".
+std::string TextOf(const Fraction& fraction);
 
 }  // namespace brvhost

@@ -6,30 +6,12 @@
 
 #include "host/text/inputerror.h"
 #include "host/xml/codeunits.h"
-#include "host/xml/xmlreader.h"
+#include "host/xml/elementplace.h"
 
 namespace brvhost {
 namespace {
 
 constexpr std::string_view kAttribute = "print-leger";
-constexpr const char* kFromEntity = "a note that comes from an entity cannot be changed";
-
-// Refuses the element that is reported at an offset: reading the document again finds its line.
-class Refusal : public XmlHandler {
- public:
-  explicit Refusal(std::uint64_t offset) : offset_(offset) {}
-
-  void Begin(XmlPosition& position) override { position_ = &position; }
-  void StartElement(const char*, const XmlAttributes&) override {
-    if (position_->Offset() == offset_) throw InputError(kFromEntity);
-  }
-  void EndElement() override {}
-  void Text(std::string_view) override {}
-
- private:
-  const std::uint64_t offset_;
-  XmlPosition* position_ = nullptr;
-};
 
 // Hides the note's ledger lines if they are shown, and shows them if they are hidden.
 ByteEdit EditOf(const StartTag& tag, const ScoreNote& note) {
@@ -40,9 +22,7 @@ ByteEdit EditOf(const StartTag& tag, const ScoreNote& note) {
 
 StartTag TagAt(std::string_view document, CodeUnits units, std::uint64_t offset) {
   if (const auto tag = StartTag::At(document, units, offset)) return *tag;
-  Refusal refusal(offset);
-  ReadXml(document, refusal);
-  throw InputError(kFromEntity);
+  throw InputError("a note that comes from an entity cannot be changed", PlaceOfElement(document, offset));
 }
 
 }  // namespace

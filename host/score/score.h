@@ -77,6 +77,9 @@ struct Score {
   int layers = kMinLayers;
   CodeUnits units = CodeUnits::kBytes;  // in which the document was read, and is changed
 
+  std::span<const ScoreEntry> EntriesOf(const ScoreFrame& frame) const {
+    return std::span(entries).subspan(frame.firstEntry, frame.entryCount);
+  }
   std::span<const ScoreNote> NotesOf(const ScoreEntry& entry) const {
     return std::span(notes).subspan(entry.firstNote, entry.noteElements);
   }

@@ -52,9 +52,7 @@ EXTGF2005a* OpenDocument::LoadFrame(int staff, int measure, int layer) {
   if (found == nullptr) return nullptr;
   auto frame = NewFrame();
   frame->firstEntry = found->firstEntry;
-  for (std::uint32_t i = 0; i < found->entryCount; ++i) {
-    frame->entries.push_back(RecordOf(score_.entries[found->firstEntry + i]));
-  }
+  for (const ScoreEntry& entry : score_.EntriesOf(*found)) frame->entries.push_back(RecordOf(entry));
   frame->record.entries = frame->entries.data();
   frame->record.entryCount = static_cast<std::int16_t>(found->entryCount);
   EXTGF2005a* const record = &frame->record;

@@ -44,8 +44,7 @@ inline void PrintTo(const EntryFacts& entry, std::ostream* out) {
 inline std::vector<EntryFacts> EntriesOf(const Score& score) {
   std::vector<EntryFacts> facts;
   for (const ScoreFrame& frame : score.frames) {
-    for (std::uint32_t i = 0; i < frame.entryCount; ++i) {
-      const ScoreEntry& entry = score.entries[frame.firstEntry + i];
+    for (const ScoreEntry& entry : score.EntriesOf(frame)) {
       facts.push_back({frame.staff, frame.measure, frame.layer, entry.position, entry.noteElements});
     }
   }

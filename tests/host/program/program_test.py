@@ -43,6 +43,21 @@ class Info(Case):
         out = self.succeeds(brvhost("info", self.write("a.xml", score(notes)))).stdout
         self.assertRegex(out, r"hidden +2 entries\n")
 
+    def test_lists_every_chord_of_which_only_some_notes_are_hidden(self):
+        chord = NOTE.replace("<duration>", "<chord/><duration>")
+        second_voice = HIDDEN_NOTE.replace("</note>", "<voice>2</voice></note>") + chord
+        notes = (HIDDEN_NOTE + chord + NOTE * 2 + '<forward><duration>1</duration></forward>'
+                 '<attributes><divisions>2</divisions></attributes><forward><duration>1</duration></forward>' + second_voice)
+        path = self.write("a.xml", score(HIDDEN_NOTE + HIDDEN_NOTE.replace("<duration>", "<chord/><duration>") + notes))
+        process = self.succeeds(brvhost("info", path))
+        self.assertTrue(process.stdout.endswith("""
+  hidden    1 entries
+  mixed     2 chords of which only some notes are hidden
+            staff 1, measure 1, layer 1, position 1
+            staff 1, measure 1, layer 2, position 11/2
+"""), process.stdout)
+        self.assertEqual(len(process.stderr.splitlines()), 1, process.stderr)
+
     def test_goes_on_after_a_score_that_cannot_be_read(self):
         bad = self.write("bad.xml", "<nothing/>")
         process = brvhost("info", bad, SAMPLES / "winds.musicxml")
@@ -139,6 +154,31 @@ class Run(Case):
         process = self.succeeds(run(HIDE, "--all", self.score, "-o", self.out))
         self.assertIn("score.musicxml:2:", process.stderr)
         self.assertIn("warning: a backup goes back before the barline", process.stderr)
+
+
+class MixedChords(Case):
+    """Of which only some notes are hidden."""
+
+    CHORD = HIDDEN_NOTE + NOTE.replace("<duration>", "<chord/><duration>")
+
+    def setUp(self):
+        super().setUp()
+        self.score = self.write("score.musicxml", score("\n  " + self.CHORD * 2))
+
+    def test_are_warned_of_once(self):
+        process = self.succeeds(run(SHOW, "--all", "--in-place", self.score))
+        self.assertEqual(process.stderr, f'brvhost: {self.score}:2:3: warning: chords of which only some notes have '
+                         'print-leger="no": 2, the first of them here. They count as shown. Hiding them puts it on all of '
+                         'their notes; hiding and then showing them, on none\n')
+
+    def test_count_as_shown_and_become_alike_when_they_are_hidden(self):
+        before = self.score.read_text()
+        self.succeeds(run(SHOW, "--all", "--in-place", self.score))
+        self.assertEqual(self.score.read_text(), before)
+        self.succeeds(run(HIDE, "--all", "--in-place", self.score))
+        self.assertEqual(self.score.read_text(), before.replace("<note>", '<note print-leger="no">'))
+        self.assertEqual(self.succeeds(run(SHOW, "--all", "--in-place", self.score)).stderr, "")
+        self.assertEqual(self.score.read_text(), before.replace('<note print-leger="no">', "<note>"))
 
 
 class Records(Case):

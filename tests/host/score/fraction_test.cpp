@@ -33,6 +33,13 @@ TEST(ParseDecimal, RefusesMoreDigitsThanItCanHold) {
   EXPECT_FALSE(ParseDecimal("0.1234567890123456789"));
 }
 
+TEST(TextOf, IsInLowestTerms) {
+  EXPECT_EQ(TextOf({0, 10080}), "0");
+  EXPECT_EQ(TextOf({20160, 10080}), "2");
+  EXPECT_EQ(TextOf({25200, 10080}), "5/2");
+  EXPECT_EQ(TextOf({-3360, 10080}), "-1/3");
+}
+
 TEST(Fraction, AddsExactlyAcrossDenominators) {
   Fraction sum;
   for (int i = 0; i < 7; ++i) sum = *sum.Plus({1, 7});

@@ -152,6 +152,24 @@ TEST(ReadMusicXml, HidesAnEntryEachOfWhoseNotesHasNoForItsLedgerLines) {
   EXPECT_TRUE(hidden(Note("<rest/>", " print-leger='no'")));
 }
 
+TEST(ReadMusicXml, WarnsOnceOfAllMixedChordsAtTheFirstOfTheDocument) {
+  const std::string hidden = Note("<voice>2</voice>", " print-leger='no'");
+  const Score score = ScoreOf("\n" + Note("<voice>1</voice>") + hidden + "\n  " + Note("<voice>2</voice>") +
+                              Note("<chord/>", " print-leger='no'") + "<backup><duration>9</duration></backup>" +
+                              hidden + Note("<chord/>"));
+  ASSERT_EQ(score.warnings.size(), 2u);
+  EXPECT_EQ(score.warnings[0].line, 3u);
+  EXPECT_EQ(score.warnings[0].column, 3u);
+  EXPECT_EQ(score.warnings[0].text.find("chords of which only some notes have print-leger=\"no\": 2, "), 0u);
+}
+
+TEST(ReadMusicXml, WarnsOfNoChordWhoseNotesAreAlikeOnEachStaff) {
+  const std::string no = " print-leger='no'";
+  EXPECT_TRUE(ScoreOf(Note("", no) + Note("<chord/>", no) + Note() + Note("<chord/>")).warnings.empty());
+  EXPECT_TRUE(ScoreOf(Note("", no) + Note("<chord/><staff>2</staff>")).warnings.empty());
+  EXPECT_TRUE(ScoreOf(Note("", " print-leger='yes'") + Note("<chord/>")).warnings.empty());
+}
+
 TEST(ReadMusicXml, KnowsRests) {
   const Score score = ScoreOf(Note("<rest/>") + Note());
   EXPECT_TRUE(score.entries[0].isRest);

@@ -54,8 +54,7 @@ std::string Everything(const Score& score) {
   }
   for (const ScoreFrame& frame : score.frames) {
     text << "frame " << frame.staff << ' ' << frame.measure << ' ' << frame.layer << ':';
-    for (std::uint32_t i = 0; i < frame.entryCount; ++i) {
-      const ScoreEntry& entry = score.entries.at(frame.firstEntry + i);
+    for (const ScoreEntry& entry : score.EntriesOf(frame)) {
       text << ' ' << entry.position << (entry.isRest ? "r" : "") << (entry.hidden ? "h" : "");
       for (const ScoreNote& note : score.NotesOf(entry)) {
         text << '@' << note.offset << ',' << note.attribute;
@@ -178,6 +177,20 @@ TEST(ReadMusicXml, ReadsALargeScoreInPartsAsOneReaderDoes) {
   document += "</score-partwise>";
   ASSERT_TRUE(ReadPartsApart(document, 3).has_value());
   EXPECT_EQ(Everything(ReadMusicXml(document, 3)), Everything(ReadMusicXml(document)));
+}
+
+TEST(ReadMusicXml, WarnsOfMixedChordsHoweverManyReadersThereAre) {
+  const std::string chord = Note("", " print-leger='no'") + Note("<chord/>");
+  const std::string document = "<score-partwise>\n" + LargePart("A", "") +
+                               LargePart("B", "\n " + Measure(chord) + Measure(chord)) +
+                               LargePart("C", Measure(chord)) + "</score-partwise>";
+  ASSERT_TRUE(ReadPartsApart(document, 3).has_value()) << "this warning keeps nobody from reading parts apart";
+  const Score score = ReadMusicXml(document);
+  ASSERT_EQ(score.warnings.size(), 1u);
+  EXPECT_EQ(Everything(ReadMusicXml(document, 3)), Everything(score));
+  const std::string before = document.substr(0, document.find("<note print-leger"));
+  EXPECT_EQ(score.warnings[0].line, static_cast<std::uint64_t>(std::ranges::count(before, '\n')) + 1);
+  EXPECT_EQ(score.warnings[0].column, before.size() - before.rfind('\n'));
 }
 
 // Pieces of scores, well formed and not.
