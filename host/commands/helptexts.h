@@ -42,16 +42,20 @@ inline constexpr const char* kRunAbout =
 
 inline constexpr const char* kRunFooter = R"(THE REGION
   With any of --staves, --measures, --start-at and --end-at, the extension works on that region; an end that is not
-  given is that of the score. With --all it is the whole score. With none of these nothing is selected: the extension
-  asks whether it may work on the whole score.
+  given is that of the score. With --all, or with --layers alone, it is the whole score. With none of these nothing is
+  selected: the extension asks whether it may work on the whole score. Where there is no terminal to ask on, this is
+  bad usage, unless --yes agrees beforehand.
 
   Staves count from 1 through all parts, measures from 1 by their order, whatever their printed numbers, and the layers
-  of a staff from 1, in the order in which its voices first appear. A range is written 3, 2-5, 2- or -5.
+  of a staff from 1, in the order in which its voices first appear. A range is written 3, 2-5, 2- or -5. One range may
+  serve many scores: a last staff or measure beyond the score is taken for the score's last, and --end-at does not apply
+  in a measure beyond the score. A first staff or measure that the score does not have is refused, and so are a layer
+  that none of the region's staves has, a position beyond the end of its measure, and a region that starts after its end.
 
 WHILE IT RUNS
   On a terminal, a bar shows the progress. Ctrl-C is to the extension what Command-period is in the application: it
   ends, nothing is written, and the exit status is 130. A second Ctrl-C does not wait for the extension.
-  Questions are asked on the terminal; without one the answer is no.
+  Questions are asked on the terminal; without one the answer is no, or yes with --yes.
 
 FILES
   A result is written beside its target and takes the target's name when it is complete, so that a failure leaves the

@@ -1,7 +1,5 @@
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <cstddef>
 #include <filesystem>
 #include <iterator>
 #include <map>
@@ -16,56 +14,14 @@
 #include "host/bundle/extension.h"
 #include "host/bundle/loadedbundle.h"
 #include "host/commands/commands.h"
+#include "host/commands/regionoptions.h"
 #include "host/process/processors.h"
 #include "host/process/terminal.h"
-#include "host/score/fraction.h"
-#include "host/score/region.h"
 
 namespace brvhost {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::optional<NumberRange> RangeOption(const char* name, const std::string& text) {
-  if (text.empty()) return std::nullopt;
-  const auto range = ParseNumberRange(text);
-  if (!range) throw UsageError(fmt::format("{} {}: is not a range such as 3, 2-5, 2- or -5", name, text));
-  return range;
-}
-
-std::optional<Fraction> QuartersOption(const char* name, const std::string& text) {
-  if (text.empty()) return std::nullopt;
-  const auto quarters = ParseFraction(text);
-  if (!quarters || quarters->IsNegative()) {
-    throw UsageError(fmt::format("{} {}: is not a number of quarter notes such as 2, 5/2 or 2.5", name, text));
-  }
-  return quarters;
-}
-
-std::vector<int> LayersOption(const std::string& text) {
-  if (text.empty()) return {};
-  std::vector<int> layers;
-  for (std::size_t start = 0; start <= text.size();) {
-    const std::size_t comma = std::min(text.find(',', start), text.size());
-    const auto range = ParseNumberRange(text.substr(start, comma - start));
-    if (!range || range->last != range->first) {
-      throw UsageError(fmt::format("--layers {}: is not a list of layers such as 1,3", text));
-    }
-    layers.push_back(range->first - 1);
-    start = comma + 1;
-  }
-  return layers;
-}
-
-RegionRequest RegionOptions(const Options& options) {
-  RegionRequest region;
-  region.staves = RangeOption("--staves", options.staves);
-  region.measures = RangeOption("--measures", options.measures);
-  region.startAt = QuartersOption("--start-at", options.startAt);
-  region.endAt = QuartersOption("--end-at", options.endAt);
-  region.all = options.all;
-  return region;
-}
 
 Job JobFor(const std::string& score, const Options& options) {
   if (options.dryRun) return {score, std::nullopt};
@@ -130,9 +86,11 @@ int Run(const Options& options) {
   JobSettings settings;
   settings.item = options.item;
   settings.region = RegionOptions(options);
-  settings.shownLayers = LayersOption(options.layers);
+  settings.shownLayers = settings.region.layers;
   settings.agree = options.yes;
   settings.maxSize = options.maxSize;
+  Terminal terminal;
+  CheckSelection(settings.region, options, terminal);
   CheckTargets(options);
   const std::vector<Job> jobs = JobsOf(options);
   // Several scores share the processors, as --jobs allows.
@@ -141,7 +99,6 @@ int Run(const Options& options) {
   const Extension extension(options.bundle);
   CheckItem(extension, options);
   MakeOutputFolder(options.outputFolder);
-  Terminal terminal;
   const int status = Pool(extension, settings, terminal).Run(jobs, options.jobs);
   extension.Terminate();
   return status;

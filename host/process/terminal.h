@@ -19,6 +19,8 @@ class Terminal {
   void SetBar(std::int64_t done, std::int64_t total);
   void ClearBar();
 
+  // Whether there is a terminal to read answers from and to show questions on.
+  bool CanAsk() const { return canAsk_; }
   // Without a terminal, and after an interrupt, the answer is no.
   bool Ask(const std::string& question);
 

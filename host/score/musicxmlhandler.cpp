@@ -1,10 +1,12 @@
 #include "host/score/musicxmlhandler.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <iterator>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "host/text/blanks.h"
 #include "host/text/inputerror.h"
@@ -14,6 +16,11 @@ namespace {
 
 // The depth of elements in the document.
 enum Depth { kRoot = 1, kOuter, kInner, kMeasureChild, kMeasureLeaf };
+
+void KeepGreatest(std::vector<std::int32_t>& lengths, const std::vector<std::int32_t>& others) {
+  lengths.resize(std::max(lengths.size(), others.size()));
+  for (std::size_t i = 0; i < others.size(); ++i) lengths[i] = std::max(lengths[i], others[i]);
+}
 
 }  // namespace
 
@@ -221,6 +228,7 @@ Score MusicXmlHandler::TakeScore() {
     part.builder.Frames() = {};
     score_.staves += known.staves;
     score_.measures = std::max(score_.measures, part.builder.Measures());
+    KeepGreatest(score_.measureLengths, part.builder.MeasureLengths());
     score_.layers = std::max(score_.layers, part.builder.Layers());
     score_.parts.push_back(std::move(known));
   }

@@ -21,12 +21,16 @@ std::optional<Fraction> Quotient(const Fraction& duration, const Fraction& divis
 }  // namespace
 
 void PartBuilder::BeginMeasure() {
-  if (++measures_ > kMaxMeasures) throw InputError("more than 32767 measures");
+  measureLengths_.push_back(0);
+  if (Measures() > kMaxMeasures) throw InputError("more than 32767 measures");
   clock_ = {};
   hasChordRoot_ = false;
 }
 
-void PartBuilder::EndMeasure(Score& score) { measure_.Finish(measures_, score, frames_); }
+void PartBuilder::EndMeasure(Score& score) {
+  KeepLength();
+  measure_.Finish(Measures(), score, frames_);
+}
 
 void PartBuilder::SetDivisions(const Fraction& divisions) { divisions_ = divisions; }
 
@@ -40,6 +44,7 @@ void PartBuilder::Advance(const Fraction& duration) {
 }
 
 bool PartBuilder::GoBack(const Fraction& duration) {
+  KeepLength();
   Advance(duration.Negated());
   hasChordRoot_ = false;
   if (!clock_.IsNegative()) return true;
@@ -77,6 +82,13 @@ int PartBuilder::LayerOf(int staff, const std::string& voice) {
   layers.lastVoice = voice;
   if (layers.lastLayer >= kMaxLayers) throw InputError("more than 32767 voices on a staff");
   return layers.lastLayer;
+}
+
+// To be called before the clock goes back, and at the end. A length too large for a position is as good as the
+// greatest.
+void PartBuilder::KeepLength() {
+  std::int32_t& length = measureLengths_.back();
+  length = std::max(length, clock_.Rounded(kTicksPerQuarter).value_or(INT32_MAX));
 }
 
 std::int32_t PartBuilder::Position() const {

@@ -31,7 +31,9 @@ class PartBuilder {
   void AddToChord(NoteElement element, const std::string& voice, const Fraction& duration);
 
   bool IsAtBarline() const { return clock_.IsZero(); }
-  int Measures() const { return measures_; }
+  int Measures() const { return static_cast<int>(measureLengths_.size()); }
+  // How far the clock gets in each measure, in ticks.
+  const std::vector<std::int32_t>& MeasureLengths() const { return measureLengths_; }
   int Staves() const { return staves_; }
   int Layers() const;
   std::vector<ScoreFrame>& Frames() { return frames_; }
@@ -45,10 +47,11 @@ class PartBuilder {
 
   int LayerOf(int staff, const std::string& voice);
   std::int32_t Position() const;
+  void KeepLength();
 
   Fraction clock_;  // quarters from the barline
   Fraction divisions_{1};
-  int measures_ = 0;
+  std::vector<std::int32_t> measureLengths_;
   int staves_ = 1;
   bool hasChordRoot_ = false;
   std::int32_t chordPosition_ = 0;

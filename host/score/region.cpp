@@ -3,23 +3,11 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
-#include <cstddef>
-#include <cstdint>
-#include <string_view>
-#include <system_error>
 
 #include "host/text/inputerror.h"
 
 namespace brvhost {
 namespace {
-
-std::optional<int> ParseNumber(std::string_view text) {
-  int number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size() || number < 1) return std::nullopt;
-  return number;
-}
 
 struct Span {
   std::int16_t first;
@@ -35,27 +23,49 @@ Span SpanOf(const std::optional<NumberRange>& range, int count, const char* what
           static_cast<std::int16_t>(std::min(range->last.value_or(count), count))};
 }
 
-std::int32_t Position(const std::optional<Fraction>& quarters, std::int32_t otherwise) {
-  return quarters ? quarters->Rounded(kTicksPerQuarter).value_or(INT32_MAX) : otherwise;
+std::string QuartersAt(std::int32_t position) { return TextOf({position, kTicksPerQuarter}); }
+
+// `does` is what the region does there, in a sentence.
+std::int32_t PositionIn(int measure, const Fraction& quarters, const char* does, const Score& score) {
+  if (score.measures == 0) throw InputError(fmt::format("the region {} in a measure, but the score has none", does));
+  const std::int32_t position = PositionAt(quarters);
+  const std::int32_t length = score.LengthOf(measure);
+  if (position <= length) return position;
+  throw InputError(fmt::format("the region {} at position {} in measure {}, whose length is only {} (in quarter notes)",
+                               does, TextOf(quarters), measure, QuartersAt(length)));
+}
+
+// Whether the measure that --end-at is for is one of the score's.
+bool HasLastMeasure(const RegionRequest& request, const Score& score) {
+  return !request.measures || request.measures->last.value_or(score.measures) <= score.measures;
+}
+
+void CheckOrder(const EREGION& region) {
+  if (region.startMeasure != region.endMeasure || region.startPosition <= region.endPosition) return;
+  throw InputError(
+      fmt::format("the region starts at position {} in measure {}, after its end at position {} (in quarter notes)",
+                  QuartersAt(region.startPosition), +region.startMeasure, QuartersAt(region.endPosition)));
+}
+
+int LayersOn(const Span& staves, const Score& score) {
+  int layers = 0;
+  for (const ScoreFrame& frame : score.frames) {
+    if (frame.staff >= staves.first && frame.staff <= staves.last) layers = std::max(layers, frame.layer + 1);
+  }
+  return layers;
+}
+
+void CheckLayers(const std::vector<int>& shown, const Span& staves, const Score& score) {
+  if (shown.empty()) return;
+  const int layers = LayersOn(staves, score);
+  const int last = std::ranges::max(shown);
+  if (last < layers) return;
+  throw InputError(fmt::format("the region is to show layer {}, but its staves have only {}", last + 1, layers));
 }
 
 }  // namespace
 
-std::optional<NumberRange> ParseNumberRange(const std::string& text) {
-  const std::string_view view(text);
-  const std::size_t dash = view.find('-');
-  const std::string_view first = view.substr(0, dash);
-  if (dash == std::string_view::npos) {
-    const auto number = ParseNumber(first);
-    return number ? std::optional(NumberRange{*number, *number}) : std::nullopt;
-  }
-  const std::string_view last = view.substr(dash + 1);
-  if (first.empty() && last.empty()) return std::nullopt;
-  const auto from = first.empty() ? std::optional(1) : ParseNumber(first);
-  const auto to = last.empty() ? std::nullopt : ParseNumber(last);
-  if (!from || (!last.empty() && !to) || (to && *to < *from)) return std::nullopt;
-  return NumberRange{*from, to};
-}
+std::int32_t PositionAt(const Fraction& quarters) { return quarters.Rounded(kTicksPerQuarter).value_or(INT32_MAX); }
 
 EREGION WholeScore(const Score& score) {
   EREGION region{};
@@ -76,8 +86,12 @@ std::optional<EREGION> RegionOf(const RegionRequest& request, const Score& score
   region.endStaff = staves.last;
   region.startMeasure = measures.first;
   region.endMeasure = measures.last;
-  region.startPosition = Position(request.startAt, 0);
-  region.endPosition = Position(request.endAt, INT32_MAX);
+  CheckLayers(request.layers, staves, score);
+  if (request.startAt) region.startPosition = PositionIn(measures.first, *request.startAt, "starts", score);
+  if (request.endAt && HasLastMeasure(request, score)) {
+    region.endPosition = PositionIn(measures.last, *request.endAt, "ends", score);
+  }
+  CheckOrder(region);
   return region;
 }
 

@@ -1,38 +1,37 @@
 // The part of a score that an extension works on, as the user names it.
 #pragma once
 
+#include <cstdint>
 #include <optional>
-#include <string>
+#include <vector>
 
 #include "BrvEDK/Source/hostrecords.h"
 #include "host/score/fraction.h"
+#include "host/score/numberrange.h"
 #include "host/score/score.h"
 
 namespace brvhost {
 
-// Numbers from 1, ends included; an open end is null.
-struct NumberRange {
-  int first = 1;
-  std::optional<int> last;
-};
-
-// "3", "2-5", "2-" or "-5". Null for anything else, and for a range that ends before it starts.
-std::optional<NumberRange> ParseNumberRange(const std::string& text);
-
+// No range is reversed, and the region does not start after its end, as far as that is known without a score.
 struct RegionRequest {
   std::optional<NumberRange> staves;
   std::optional<NumberRange> measures;
   std::optional<Fraction> startAt;  // quarters from the barline of the first measure
   std::optional<Fraction> endAt;    // quarters from the barline of the last measure, included
+  std::vector<int> layers;          // the only ones that are shown, from 0; all when empty
   bool all = false;                 // the whole score
 
-  bool IsEmpty() const { return !all && !staves && !measures && !startAt && !endAt; }
+  bool IsEmpty() const { return !all && !staves && !measures && !startAt && !endAt && layers.empty(); }
 };
+
+// The nearest position; the last one for a number too large for a position.
+std::int32_t PositionAt(const Fraction& quarters);
 
 EREGION WholeScore(const Score& score);
 
-// The region, or null when none was asked for. A range that reaches beyond the score ends with it; one that starts
-// beyond it throws InputError.
+// The region, or null when none was asked for. A range that reaches beyond the score ends with it, as one range may
+// serve many scores; the position in a last measure that is not there does not count. Throws InputError for a start,
+// a position or a layer that the score does not have, and for a region that starts after its end.
 std::optional<EREGION> RegionOf(const RegionRequest& request, const Score& score);
 
 }  // namespace brvhost

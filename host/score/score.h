@@ -2,6 +2,7 @@
 // and for each note the place of its start tag in the document, where its attribute is changed.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -74,6 +75,7 @@ struct Score {
   std::vector<PartGroup> groups;  // their parts are indices of `parts`
   int staves = 0;
   int measures = 0;
+  std::vector<std::int32_t> measureLengths;  // in ticks, by measure: how far the clock of any part gets
   int layers = kMinLayers;
   CodeUnits units = CodeUnits::kBytes;  // in which the document was read, and is changed
 
@@ -86,6 +88,9 @@ struct Score {
 
   // Whether each note of the entry is hidden in the document, as it was read.
   bool IsHiddenInDocument(const ScoreEntry& entry) const;
+
+  // In ticks; the score has that measure.
+  std::int32_t LengthOf(int measure) const { return measureLengths[static_cast<std::size_t>(measure) - 1]; }
 
   // The part that a staff belongs to, or null where there is no such staff.
   const ScorePart* PartOfStaff(int staff) const;

@@ -2,14 +2,16 @@
 
 import os
 import pathlib
+import pty
 import re
+import subprocess
 import tempfile
 import unittest
 import xml.etree.ElementTree as ElementTree
 
 import reportreader
 import scorereader
-from brvhost import Case, SAMPLES, brvhost
+from brvhost import Case, PROGRAM, SAMPLES, brvhost
 from installed import SOURCE, build_example
 
 SHARED = pathlib.Path(os.environ.get("BRV_SHARED_DIR", SOURCE.parent / "shared"))
@@ -61,10 +63,17 @@ class Report(ReportCase):
         self.assertEqual(staves[0][1], "Horn \u02C6 in Eb")
 
     def test_asks_before_it_reports_on_a_score_without_selection(self):
-        output = brvhost("run", self.bundle, "--item", "0", "--dry-run", SAMPLES / "winds.musicxml").stdout
-        self.assertNotIn("Piccolo", output)
-        output = brvhost("run", self.bundle, "--item", "0", "--dry-run", "--yes", SAMPLES / "winds.musicxml").stdout
-        self.assertIn("Piccolo", output)
+        command = ["run", self.bundle, "--item", "0", "--dry-run", SAMPLES / "winds.musicxml"]
+        self.assertIn("Piccolo", brvhost(*command, "--yes").stdout)
+        screen, terminal = pty.openpty()
+        self.addCleanup(os.close, screen)
+        self.addCleanup(os.close, terminal)
+        os.write(screen, b"n\n")
+        declined = subprocess.run([PROGRAM, *map(str, command)], stdin=terminal, stderr=terminal, stdout=subprocess.PIPE,
+                                  text=True, timeout=60)
+        self.assertEqual(declined.returncode, 0)
+        self.assertNotIn("Piccolo", declined.stdout)
+        self.assertIn(b"Nothing is selected. Report on the whole score?", os.read(screen, 4096))
 
 
 @unittest.skipUnless(SCORES, f"no scores in {SHARED}: nothing to report on")

@@ -136,14 +136,18 @@ class Run(Case):
     def test_leaves_hidden_layers_alone(self):
         voices = [NOTE.replace("</note>", f"<voice>{voice}</voice></note>") for voice in (1, 2, 3)]
         self.score.write_text(score("".join(voices)))
-        self.succeeds(run(HIDE, "--all", "--layers", "1,3", self.score, "-o", self.out))
         voices[0] = voices[0].replace("<note", '<note print-leger="no"')
         voices[2] = voices[2].replace("<note", '<note print-leger="no"')
-        self.assertEqual(self.out.read_text(), score("".join(voices)))
+        for whole_score in (["--all"], []):
+            with self.subTest(whole_score):
+                self.succeeds(run(HIDE, *whole_score, "--layers", "1,3", self.score, "-o", self.out))
+                self.assertEqual(self.out.read_text(), score("".join(voices)))
+                self.out.unlink()
 
-    def test_does_nothing_without_a_region_when_nobody_can_be_asked(self):
-        self.succeeds(run(HIDE, self.score, "-o", self.out))
-        self.assertEqual(self.out.read_text(), score(NOTE * 2))
+    def test_ends_with_the_score_whatever_the_last_position_in_a_measure_beyond(self):
+        self.score.write_text(score(NOTE * 3))
+        self.succeeds(run(HIDE, "--measures", "1-2", "--end-at", "1", self.score, "-o", self.out))
+        self.assertEqual(self.out.read_text(), score(HIDDEN_NOTE * 3))
 
     def test_works_on_the_whole_score_without_a_region_when_the_answer_is_yes(self):
         self.succeeds(run(HIDE, self.score, "-o", self.out, "--yes"))
@@ -217,7 +221,8 @@ class BadUsage(Case):
         self.refuses("--item 2: the extension has 2 items", 2, "--all", *score_and_in_place)
         self.refuses("--item -1", -1, "--all", *score_and_in_place)
         self.refuses("--staves 0", HIDE, "--staves", "0", *score_and_in_place)
-        self.refuses("--measures 5-2", HIDE, "--measures", "5-2", *score_and_in_place)
+        self.refuses("--measures 5-2: starts after its end", HIDE, "--measures", "5-2", *score_and_in_place)
+        self.refuses("--staves 2-1: starts after its end", HIDE, "--staves", "2-1", *score_and_in_place)
         self.refuses("--start-at x", HIDE, "--start-at", "x", *score_and_in_place)
         self.refuses("--end-at -1", HIDE, "--end-at=-1", *score_and_in_place)
         self.refuses("--layers 1,x", HIDE, "--all", "--layers", "1,x", *score_and_in_place)
@@ -236,6 +241,26 @@ class BadUsage(Case):
             self.refuses("is empty", HIDE, name, "", *score_and_in_place)
         self.refuses("is empty", "", "--all", *score_and_in_place)
         self.refuses("starts at staff 7, but the score has only 1", HIDE, "--staves", "7", *score_and_in_place)
+
+    def test_of_regions_gets_one_line(self):
+        parts = {"--staves": "1", "--measures": "1", "--start-at": "0", "--end-at": "1"}
+        for name, value in parts.items():
+            self.refuses(f"--all and {name} {value}: the whole score or a part of it, not both",
+                         HIDE, "--all", name, value, self.score, "--in-place")
+        self.refuses("--start-at 1: is after --end-at 1/2 in the same measure, 1", HIDE, "--measures", "1", "--start-at", "1",
+                     "--end-at", "1/2", self.score, "--in-place")
+        self.refuses("score.musicxml: the region starts at position 1 in measure 1, after its end at position 1/2 (in quarter "
+                     "notes)", HIDE, "--start-at", "1", "--end-at", "1/2", self.score, "--in-place")
+        self.refuses("score.musicxml: the region ends at position 3/2 in measure 1, whose length is only 1 (in quarter "
+                     "notes)", HIDE, "--end-at", "1.5", self.score, "--in-place")
+        self.refuses("score.musicxml: the region is to show layer 2, but its staves have only 1", HIDE, "--layers", "2",
+                     self.score, "--in-place")
+
+    def test_with_nothing_selected_and_nobody_to_ask_loads_nothing(self):
+        for path in (self.score, self.folder / "none.musicxml"):
+            self.refuses("brvhost: nothing is selected, and there is no terminal to ask on: name a region (--staves, --measures, "
+                         "--start-at, --end-at, --layers), take the whole score (--all), or agree to every question (--yes)\n",
+                         HIDE, path, "--out-dir", self.folder / "new")
 
     def test_of_a_command_gets_one_line(self):
         self.fails(brvhost("fly"), 2, "there is no command fly; --help lists them")

@@ -65,6 +65,13 @@ class Terminal(Case):
             self.assertEqual(status, 0)
             self.assertEqual(self.score.read_text(), score())
 
+    def test_asks_nothing_when_layers_are_selected(self):
+        command = ["run", LEGER_LINES, "--item", HIDE, "--in-place", "--layers", 1, self.score]
+        shown, status = self.on_terminal(command)
+        self.assertEqual(status, 0)
+        self.assertNotIn("[y/N]", shown)
+        self.assertEqual(self.score.read_text(), score(HIDDEN_NOTE))
+
     def test_takes_ctrl_c_for_the_end_of_all_questions(self):
         shown, status = self.ask(b"\x03")
         self.assertEqual(status, 130, shown)

@@ -14,6 +14,7 @@ namespace brvhost {
 namespace {
 
 using Entries = std::vector<EntryFacts>;
+using Lengths = std::vector<std::int32_t>;
 
 TEST(ReadMusicXml, CountsStavesThroughAllParts) {
   const Score score = ReadMusicXml(
@@ -150,6 +151,20 @@ TEST(ReadMusicXml, HidesAnEntryEachOfWhoseNotesHasNoForItsLedgerLines) {
   EXPECT_TRUE(hidden(Note("", " print-leger='no'") + Note("<chord/>", " print-leger='no'")));
   EXPECT_FALSE(hidden(Note("", " print-leger='no'") + Note("<chord/>", " print-object='no'")));
   EXPECT_TRUE(hidden(Note("<rest/>", " print-leger='no'")));
+}
+
+TEST(ReadMusicXml, TakesForTheLengthOfAMeasureHowFarAnyPartsClockGets) {
+  const std::string back = "<backup><duration>2</duration></backup>";
+  const std::string forward = "<forward><duration>3</duration></forward>";
+  EXPECT_EQ(ScoreOf(Note() + Note() + back + Note()).measureLengths, Lengths{20160});
+  EXPECT_EQ(ScoreOf(Note() + Note() + back + forward).measureLengths, Lengths{30240});
+  EXPECT_EQ(ScoreOf(Note() + Note("<chord/>") + "<note><grace/></note>").measureLengths, Lengths{10080});
+  EXPECT_EQ(ScoreOf("").measureLengths, Lengths{0});
+  EXPECT_EQ(ScoreOf("<note><duration>900000000</duration></note>").measureLengths, Lengths{INT32_MAX});
+  const std::string timewise = "<score-timewise><measure><part id='A'/><part id='B'>" + Note() +
+                               "</part></measure><measure><part id='A'>" + forward + "</part><part id='B'>" + Note() +
+                               "</part></measure></score-timewise>";
+  EXPECT_EQ(ReadMusicXml(timewise).measureLengths, (Lengths{10080, 30240}));
 }
 
 TEST(ReadMusicXml, WarnsOnceOfAllMixedChordsAtTheFirstOfTheDocument) {

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "host/text/inputerror.h"
 #include "tests/host/scores.h"
@@ -41,6 +42,7 @@ void Describe(const PartDetails& details, std::ostream& text) {
 std::string Everything(const Score& score) {
   std::ostringstream text;
   text << score.staves << ' ' << score.measures << ' ' << score.layers << '\n';
+  for (const std::int32_t length : score.measureLengths) text << "length " << length << '\n';
   for (const ScoreWarning& warning : score.warnings)
     text << warning.line << ':' << warning.column << warning.text << '\n';
   for (const PartGroup& group : score.groups) {
@@ -177,6 +179,12 @@ TEST(ReadMusicXml, ReadsALargeScoreInPartsAsOneReaderDoes) {
   document += "</score-partwise>";
   ASSERT_TRUE(ReadPartsApart(document, 3).has_value());
   EXPECT_EQ(Everything(ReadMusicXml(document, 3)), Everything(ReadMusicXml(document)));
+}
+
+TEST(ReadSections, TakesTheLongestOfAMeasureInAllParts) {
+  const auto score = Apart(TwoParts(Measure(Note() + Note()) + Measure(Note()), Measure(Note())));
+  ASSERT_TRUE(score.has_value());
+  EXPECT_EQ(score->measureLengths, (std::vector<std::int32_t>{2 * kTicksPerQuarter, kTicksPerQuarter}));
 }
 
 TEST(ReadMusicXml, WarnsOfMixedChordsHoweverManyReadersThereAre) {

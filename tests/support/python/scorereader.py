@@ -1,6 +1,7 @@
 """An independent reader of MusicXML: what is where, from the XML alone, with exact fractions."""
 
 import fractions
+import itertools
 import re
 import xml.etree.ElementTree as ElementTree
 import zipfile
@@ -54,12 +55,13 @@ def parts(root):
 
 
 def read_part(measures, staves_before):
-    """The entries of a part, and the number of its staves."""
+    """The entries of a part, the number of its staves, and how far its clock gets in each measure."""
     entries = []
+    lengths = []
     staves = 1
     divisions = fractions.Fraction(1)
     for measure_number, measure in enumerate(measures, 1):
-        clock = fractions.Fraction(0)
+        clock = length = fractions.Fraction(0)
         chord = {}
         root = None
         for child in measure:
@@ -81,7 +83,9 @@ def read_part(measures, staves_before):
                     entry = chord[staff] = Entry(staves_before + staff, measure_number, root[1], root[0])
                     entries.append(entry)
                 entry.notes.append(child)
-    return entries, staves
+            length = max(length, clock)
+        lengths.append(length)
+    return entries, staves, lengths
 
 
 def read(root):
@@ -89,10 +93,16 @@ def read(root):
     entries = []
     staves = 0
     for measures in parts(root):
-        of_part, count = read_part(measures, staves)
+        of_part, count, _ = read_part(measures, staves)
         entries += of_part
         staves += count
     return entries, staves
+
+
+def measure_lengths(root):
+    """How far the clock of any part gets in each measure, in quarters."""
+    by_part = [read_part(measures, 0)[2] for measures in parts(root)]
+    return [max(lengths) for lengths in itertools.zip_longest(*by_part, fillvalue=fractions.Fraction(0))]
 
 
 def attributes_after_hiding(entries, is_selected):
