@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "brevixpdk.h"
+#include "host/files/inputfile.h"
 #include "host/files/scorefile.h"
 #include "host/score/region.h"
 #include "host/services/document.h"
@@ -10,7 +11,8 @@
 namespace {
 
 struct OpenedScore {
-  explicit OpenedScore(const char* path) : file(path), document(file.GetScore()), score(file.GetScore()) {
+  explicit OpenedScore(const char* path)
+      : file(brvhost::InputFile(path)), document(file.GetScore()), score(file.GetScore()) {
     const int places = score.staves * score.layers * score.measures;
     byPlace.resize(static_cast<std::size_t>(places));
     for (int staff = 1; staff <= score.staves; ++staff) {

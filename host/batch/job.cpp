@@ -61,7 +61,7 @@ void CheckTarget(const Job& job, const ScoreFile& file) {
 
 int RunToTheEnd(const Job& job, const JobSettings& settings, const Extension& extension, const Channel& channel) {
   const auto isCancelled = [] { return InterruptCount() > 0; };
-  ScoreFile file(job.score, settings.maxSize, settings.readers);
+  ScoreFile file(InputFile(job.score), settings.maxSize, settings.readers);
   SendWarnings(file, channel);
   CheckTarget(job, file);
   if (isCancelled()) return kInterrupted;

@@ -23,8 +23,10 @@ CLI::Validator NotEmpty() {
 void AddScores(CLI::App& command, Options& options) {
   command.add_option("SCORE", options.scores, "MusicXML: .musicxml, .xml or .mxl")->required()->type_name("");
   command
-      .add_option("--max-size", options.maxSize,
-                  "The most that a compressed score may unpack to: a number of bytes, or with KB, MB, GB (1 GB)")
+      .add_option(
+          "--max-size", options.maxSize,
+          "The most that a compressed score may unpack to, or a pipe may bring: a number of bytes, or with KB, MB, GB "
+          "(1 GB)")
       ->transform(CLI::AsSizeValue(false).description(""))
       ->check(CLI::Range(std::uint64_t{1}, kMaxSizeLimit).description(""))
       ->type_name("SIZE");

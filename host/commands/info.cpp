@@ -65,7 +65,7 @@ int ShowInfo(const Options& options) {
   int status = kDone;
   for (const std::string& path : options.scores) {
     try {
-      const ScoreFile file(path, options.maxSize, Processors());
+      const ScoreFile file(InputFile(path), options.maxSize, Processors());
       PrintScore(file);
       for (const ScoreWarning& warning : file.GetScore().warnings) {
         Print(stderr, "brvhost: {}\n", Located(path, {warning.line, warning.column}, "warning: " + warning.text));

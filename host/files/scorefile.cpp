@@ -5,15 +5,14 @@
 #include <utility>
 
 #include "host/files/archive.h"
-#include "host/files/content.h"
 #include "host/files/safefile.h"
 #include "host/score/musicxml.h"
 #include "host/text/inputerror.h"
 
 namespace brvhost {
 
-ScoreFile::ScoreFile(const std::string& path, std::uint64_t maxSize, int readers)
-    : path_(path), document_(ReadFile(path)) {
+ScoreFile::ScoreFile(const InputFile& input, std::uint64_t maxSize, int readers)
+    : path_(input.Path()), document_(input.Read(maxSize)) {
   if (document_.IsEmpty()) throw InputError("the file is empty");
   if (IsArchive(document_.View())) {
     archive_ = std::move(document_);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/files/bytes.h"
+#include "host/files/inputfile.h"
 #include "host/files/sizelimit.h"
 #include "host/score/ledgeredits.h"
 #include "host/score/score.h"
@@ -14,9 +15,9 @@ namespace brvhost {
 
 class ScoreFile {
  public:
-  // Reads the whole file. `maxSize` limits what the score in an archive may unpack to; `readers` is the number of
-  // threads that may read parts at the same time. Throws InputError.
-  explicit ScoreFile(const std::string& path, std::uint64_t maxSize = kDefaultMaxSize, int readers = 1);
+  // Reads the whole file. `maxSize` limits what a pipe may bring, and what the score in an archive may unpack to;
+  // `readers` is the number of threads that may read parts at the same time. Throws InputError.
+  explicit ScoreFile(const InputFile& input, std::uint64_t maxSize = kDefaultMaxSize, int readers = 1);
 
   Score& GetScore() { return score_; }
   const Score& GetScore() const { return score_; }

@@ -1,4 +1,4 @@
-// How large the score in an archive may be once it is unpacked, in bytes.
+// How many bytes a pipe may bring, and how many the score in an archive may unpack to.
 #pragma once
 
 #include <cstdint>

@@ -16,7 +16,7 @@ using ScoreFiles = TemporaryFolder;
 TEST_F(ScoreFiles, AreNotReplacedWhenTheUserCancelsLast) {
   const std::string document = Partwise(Measure(Note()));
   const std::filesystem::path path = Write("score.musicxml", document);
-  ScoreFile file(path.string());
+  ScoreFile file{InputFile(path.string())};
   file.GetScore().entries[0].hidden = true;
   const LedgerEdits edits = file.Edits();
   EXPECT_FALSE(file.Save(edits, path.string(), [] { return true; }));

@@ -7,7 +7,7 @@ import subprocess
 import unittest
 import zipfile
 
-from brvhost import (Case, HIDDEN_NOTE, HIDE, PROGRAM, SANITIZED, run, score)
+from brvhost import (Case, HIDDEN_NOTE, HIDE, PROGRAM, SANITIZED, brvhost, run, score)
 
 
 class BadScores(Case):
@@ -103,6 +103,17 @@ class BadScores(Case):
     def test_that_are_not_there_are_named(self):
         self.fails(run(HIDE, "--all", "--in-place", self.folder / "none.xml"), 2, "none.xml: No such file")
         self.fails(run(HIDE, "--all", "--in-place", self.folder), 2, "is a folder")
+
+    def test_that_are_devices_are_refused(self):
+        self.fails(brvhost("info", "/dev/zero"), 2, "brvhost: /dev/zero: is a device\n")
+
+    def test_from_a_pipe_are_no_larger_than_is_allowed(self):
+        content = score()
+        for limit, status in ((len(content), 0), (len(content) - 1, 2)):
+            with subprocess.Popen(["echo", "-n", content], stdout=subprocess.PIPE) as writer:
+                process = brvhost("info", "/dev/stdin", "--max-size", limit, stdin=writer.stdout)
+            message = f"brvhost: /dev/stdin: is larger than {limit} bytes; --max-size allows more\n"
+            self.assertEqual((process.returncode, process.stderr), (status, message if status else ""))
 
     def test_do_not_keep_the_others_from_being_done(self):
         good = self.write("good.xml", score())

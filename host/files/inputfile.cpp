@@ -1,0 +1,43 @@
+#include "host/files/inputfile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstring>
+
+#include "host/text/inputerror.h"
+
+namespace brvhost {
+
+InputFile::InputFile(const std::string& path)
+    : path_(path), file_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY)) {
+  struct stat status;
+  if (!file_ || fstat(file_.Get(), &status) != 0) throw InputError(std::strerror(errno));
+  if (S_ISDIR(status.st_mode)) throw InputError("is a folder");
+  if (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode)) throw InputError("is a device");
+  identity_ = IdentityOf(status);
+  isPipe_ = !S_ISREG(status.st_mode);
+}
+
+Bytes InputFile::Read(std::uint64_t maxSize) const {
+  Bytes content(static_cast<std::size_t>(Size()) + 1);  // one more, to see the end
+  std::size_t filled = 0;
+  for (;;) {
+    const ssize_t count = read(file_.Get(), content.Data() + filled, content.Size() - filled);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) throw InputError(std::strerror(errno));
+    filled += static_cast<std::size_t>(count);
+    if (count == 0) break;
+    if (isPipe_ && filled > maxSize) {
+      throw InputError("is larger than " + std::to_string(maxSize) + " bytes; --max-size allows more");
+    }
+    if (filled == content.Size()) content.Grow(filled);
+  }
+  content.Truncate(filled);
+  return content;
+}
+
+}  // namespace brvhost
