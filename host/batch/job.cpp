@@ -9,7 +9,9 @@
 
 #include "BrvEDK/Source/hostrecords.h"
 #include "host/batch/distantuser.h"
+#include "host/files/inputfile.h"
 #include "host/files/outputerror.h"
+#include "host/files/target.h"
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
 #include "host/services/document.h"
@@ -59,9 +61,19 @@ void CheckTarget(const Job& job, const ScoreFile& file) {
                                                          ".musicxml"));
 }
 
+// Where the result goes, looked at before the score is read.
+std::optional<Target> TargetOf(const Job& job, const InputFile& score) {
+  if (!job.target) return std::nullopt;
+  std::optional<Target> target(*job.target);
+  if (*job.target == job.score) target->ExpectSameAs(score.Identity());
+  return target;
+}
+
 int RunToTheEnd(const Job& job, const JobSettings& settings, const Extension& extension, const Channel& channel) {
   const auto isCancelled = [] { return InterruptCount() > 0; };
-  ScoreFile file(InputFile(job.score), settings.maxSize, settings.readers);
+  const InputFile input(job.score);
+  const auto target = TargetOf(job, input);
+  ScoreFile file(input, settings.maxSize, settings.readers);
   SendWarnings(file, channel);
   CheckTarget(job, file);
   if (isCancelled()) return kInterrupted;
@@ -69,7 +81,11 @@ int RunToTheEnd(const Job& job, const JobSettings& settings, const Extension& ex
   if (isCancelled()) return kInterrupted;
   const LedgerEdits edits = file.Edits();
   const bool isWritten = job.Writes(edits.ChangedEntries());
-  if (isWritten && !file.Save(edits, *job.target, isCancelled)) return kInterrupted;
+  if (isWritten) {
+    const auto warnings = file.Save(edits, *target, isCancelled);
+    if (!warnings) return kInterrupted;
+    for (const std::string& warning : *warnings) channel.Send(WarningMessage{warning});
+  }
   channel.Send(DoneMessage{edits.ChangedEntries(), file.GetScore().entries.size(), isWritten ? 1u : 0u});
   return kDone;
 }

@@ -14,7 +14,6 @@
 #include <utility>
 #include <variant>
 
-#include "host/files/safefile.h"
 #include "host/process/child.h"
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
@@ -62,7 +61,7 @@ bool Pool::TryToStart(const Job& job) {
 void Pool::Start(const Job& job) {
   auto [here, there] = ConnectedChannels();
   const auto work = [&, &ours = here, &theirs = there] {
-    PressCancelKeysOnInterrupt(RemoveUnfinishedFile);
+    PressCancelKeysOnInterrupt([] {});
     std::signal(SIGXFSZ, SIG_IGN);  // a file that gets too large is reported like any that cannot be written
     for (Running& other : running_) other.channel = {};
     ours = {};

@@ -59,7 +59,14 @@ WHILE IT RUNS
 
 FILES
   A result is written beside its target and takes the target's name when it is complete, so that a failure leaves the
-  old file whole. Compressed scores (.mxl) stay compressed.
+  old file whole. What a run leaves that was killed (.brvhost-*) is removed by the next that writes to the folder.
+  Compressed scores (.mxl) stay compressed.
+
+  Only --in-place writes to a score. A file that another run is working on, or that somebody changes while brvhost works
+  on it, stays as it is, and the exit status is 1.
+
+  A file that is replaced passes on its permissions, its extended attributes and its access control list, and its owner
+  where that is allowed. Where it has several names (hard links), the others keep the old content.
 
 EXIT STATUS
   0    done, whether or not anything changed

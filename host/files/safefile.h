@@ -5,41 +5,40 @@
 #include <string_view>
 #include <vector>
 
-#include "host/process/descriptor.h"
+#include "host/files/target.h"
+#include "host/files/unfinishedfile.h"
 
 namespace brvhost {
 
 // A new file beside its target, which takes the target's name when it is complete.
 //
-//   SafeFile file("score.musicxml");
+//   const Target target("score.musicxml");
+//   SafeFile file(target);
 //   file.Write(content);
-//   file.Commit();
+//   const auto warnings = file.Commit();
 //
-// A file that is not committed leaves nothing behind. All functions throw OutputError. Where the target is a symbolic
-// link, the file that it leads to is replaced; a file that was there passes on its permissions and its owner, where
-// that is allowed.
+// A file that is not committed leaves nothing behind, and no target is lost that somebody else made or changed
+// meanwhile. All functions throw OutputError. A file that was there passes on its permissions, its owner where that is
+// allowed, its extended attributes and its access control list.
 class SafeFile {
  public:
-  explicit SafeFile(const std::string& target);
-  ~SafeFile();
-  SafeFile(const SafeFile&) = delete;
-  SafeFile& operator=(const SafeFile&) = delete;
+  // The target outlives this object.
+  explicit SafeFile(const Target& target);
 
   void Write(std::string_view bytes);
-  void Commit();
+  // Returns what of the old file could not be kept, as sentences for people that begin with the target's name.
+  [[nodiscard]] std::vector<std::string> Commit();
 
  private:
+  void KeepAttributes();
+  void Warn(const std::string& text);
   void Flush();
-  [[noreturn]] void Fail(const char* step) const;
+  void TakeName();
 
-  std::string target_;  // as the user named it
-  std::string path_;    // where it is
-  std::string unfinished_;
-  Descriptor file_;
+  const Target& target_;
+  UnfinishedFile file_;
   std::vector<char> buffer_;
+  std::vector<std::string> warnings_;
 };
-
-// Removes the file that is being written, if any. Safe to call from a signal handler; one thread writes at a time.
-void RemoveUnfinishedFile();
 
 }  // namespace brvhost

@@ -23,8 +23,8 @@ ScoreFile::ScoreFile(const InputFile& input, std::uint64_t maxSize, int readers)
   score_ = ReadMusicXml(document_.View(), readers);
 }
 
-bool ScoreFile::Save(const LedgerEdits& edits, const std::string& target,
-                     const std::function<bool()>& isCancelled) const {
+std::optional<std::vector<std::string>> ScoreFile::Save(const LedgerEdits& edits, const Target& target,
+                                                        const std::function<bool()>& isCancelled) const {
   SafeFile file(target);
   if (IsCompressed() && edits.ChangedEntries() == 0) {
     file.Write(archive_.View());
@@ -33,9 +33,8 @@ bool ScoreFile::Save(const LedgerEdits& edits, const std::string& target,
   } else {
     edits.Write([&file](std::string_view piece) { file.Write(piece); });
   }
-  if (isCancelled()) return false;
-  file.Commit();
-  return true;
+  if (isCancelled()) return std::nullopt;
+  return file.Commit();
 }
 
 std::string ScoreFile::ArchiveWith(const LedgerEdits& edits) const {

@@ -3,11 +3,14 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "host/files/bytes.h"
 #include "host/files/inputfile.h"
 #include "host/files/sizelimit.h"
+#include "host/files/target.h"
 #include "host/score/ledgeredits.h"
 #include "host/score/score.h"
 
@@ -28,11 +31,11 @@ class ScoreFile {
   // changed.
   LedgerEdits Edits() const { return LedgerEdits(document_.View(), score_); }
 
-  // Writes the file with these edits, which Edits() returned; `target` may be the file itself. False when `isCancelled`
-  // returned true before the result took the target's name. Throws OutputError, and what ReplaceMember throws. Unless
-  // it returns true, the target is as it was.
-  [[nodiscard]] bool Save(const LedgerEdits& edits, const std::string& target,
-                          const std::function<bool()>& isCancelled) const;
+  // Writes the file with these edits, which Edits() returned; `target` may be the file itself. Returns what SafeFile
+  // warns of, or null when `isCancelled` returned true before the result took the target's name. Throws OutputError,
+  // and what ReplaceMember throws. Unless it returns warnings, if only none, the target is as it was.
+  [[nodiscard]] std::optional<std::vector<std::string>> Save(const LedgerEdits& edits, const Target& target,
+                                                             const std::function<bool()>& isCancelled) const;
 
  private:
   std::string ArchiveWith(const LedgerEdits& edits) const;

@@ -19,10 +19,11 @@ TEST_F(ScoreFiles, AreNotReplacedWhenTheUserCancelsLast) {
   ScoreFile file{InputFile(path.string())};
   file.GetScore().entries[0].hidden = true;
   const LedgerEdits edits = file.Edits();
-  EXPECT_FALSE(file.Save(edits, path.string(), [] { return true; }));
+  const Target target(path.string());
+  EXPECT_FALSE(file.Save(edits, target, [] { return true; }));
   EXPECT_EQ(ContentOf(path), document);
   EXPECT_EQ(FileCount(), 1u);
-  EXPECT_TRUE(file.Save(edits, path.string(), [] { return false; }));
+  EXPECT_TRUE(file.Save(edits, target, [] { return false; }));
   EXPECT_EQ(ContentOf(path), Partwise(Measure(Note("", " print-leger=\"no\""))));
 }
 

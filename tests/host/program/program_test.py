@@ -230,12 +230,6 @@ class BadUsage(Case):
         self.refuses("exactly one of --output", HIDE, "--all", self.score)
         self.refuses("exactly one of --output", HIDE, "--all", self.score, "--in-place", "-o", self.folder / "x")
         self.refuses("single score", HIDE, "--all", self.score, self.score, "-o", self.folder / "x")
-        other = self.write("other.musicxml", score())
-        folder = self.folder / "results"
-        folder.mkdir()
-        (folder / "score.musicxml").symlink_to(other)
-        self.refuses("would replace another", HIDE, "--all", self.score, other, "--out-dir", folder)
-        self.refuses("two of the results", HIDE, "--all", self.score, f"{self.folder}/./score.musicxml", "--in-place")
         self.refuses("not in range", HIDE, "--all", "--max-size", "-1", *score_and_in_place)
         for name in ("--staves", "--measures", "--start-at", "--end-at", "--layers", "-o", "--out-dir"):
             self.refuses("is empty", HIDE, name, "", *score_and_in_place)
@@ -261,6 +255,42 @@ class BadUsage(Case):
             self.refuses("brvhost: nothing is selected, and there is no terminal to ask on: name a region (--staves, --measures, "
                          "--start-at, --end-at, --layers), take the whole score (--all), or agree to every question (--yes)\n",
                          HIDE, path, "--out-dir", self.folder / "new")
+
+    def test_writes_to_no_score_without_being_asked_to(self):
+        other = self.write("other.musicxml", score())
+        folder = self.folder / "results"
+        folder.mkdir()
+        link = self.folder / "link.musicxml"
+        link.symlink_to(self.score)
+        hard_link = self.folder / "hard link.musicxml"
+        os.link(self.score, hard_link)
+        here = self.folder / "here"
+        here.symlink_to(self.folder)
+        self.refuses(f"{self.score}: is one of the scores; only --in-place writes to a score\n", HIDE, "--all", self.score,
+                     "-o", self.score)
+        for name in (link, hard_link, here / "score.musicxml", f"{self.folder}/./score.musicxml"):
+            self.refuses(f"{name}: is the score {self.score}; only --in-place writes to a score\n", HIDE, "--all",
+                         self.score, "-o", name)
+        self.refuses(f"{here}/score.musicxml: is the score {self.score}; ", HIDE, "--all", self.score, "--out-dir", here)
+        (folder / "score.musicxml").symlink_to(other)
+        self.refuses(f"{folder}/score.musicxml: is the score {other}; ", HIDE, "--all", self.score, other, "--out-dir",
+                     folder)
+        none = self.folder / "none.musicxml"
+        self.refuses(f"{none}: is one of the scores; ", HIDE, "--all", none, "-o", none)
+
+    def test_has_two_results_for_one_file(self):
+        hard_link = self.folder / "hard link.musicxml"
+        os.link(self.score, hard_link)
+        self.refuses(f"{self.score}: two of the results would be this file\n", HIDE, "--all", self.score, self.score,
+                     "--in-place")
+        for name in (hard_link, f"{self.folder}/./score.musicxml"):
+            self.refuses(f"{name}: two of the results would be this file, which is also named {self.score}\n", HIDE, "--all",
+                         self.score, name, "--in-place")
+        folders = [self.folder / "a", self.folder / "b"]
+        for folder in folders:
+            folder.mkdir()
+        self.refuses(f"{self.folder}/score.musicxml: two of the results would be this file\n", HIDE, "--all",
+                     *(folder / "score.musicxml" for folder in folders), "--out-dir", self.folder)
 
     def test_of_a_command_gets_one_line(self):
         self.fails(brvhost("fly"), 2, "there is no command fly; --help lists them")

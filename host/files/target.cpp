@@ -1,0 +1,75 @@
+#include "host/files/target.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include "host/files/filelock.h"
+#include "host/files/outputerror.h"
+
+namespace brvhost {
+namespace {
+
+// The name of the file that symbolic links lead to, whether or not it exists yet.
+std::string Resolved(const std::string& path) {
+  constexpr int kMaxLinks = 40;  // the system's own limit
+  std::filesystem::path file(path);
+  std::error_code error;
+  for (int i = 0; i < kMaxLinks && std::filesystem::is_symlink(file, error); ++i) {
+    file = file.parent_path() / std::filesystem::read_symlink(file, error);
+  }
+  return file.string();
+}
+
+// Open for reading, as closing a file that was open for writing tells those who watch it that it was written.
+Descriptor OpenExisting(const std::string& path) {
+  constexpr int kFlags = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+  Descriptor file(open(path.c_str(), O_RDONLY | kFlags));
+  if (!file && errno == EACCES) file = Descriptor(open(path.c_str(), O_WRONLY | kFlags));
+  return file;
+}
+
+}  // namespace
+
+Target::Target(const std::string& name) : name_(name), path_(Resolved(name)) {
+  if (stat(name_.c_str(), &status_) != 0) {
+    if (errno != ENOENT) Fail("write");
+    return;
+  }
+  if (!S_ISREG(status_.st_mode)) throw OutputError(name_ + ": is not a regular file");
+  if (access(path_.c_str(), W_OK) != 0) Fail("write");
+  file_ = OpenExisting(path_);
+  if (!file_) Fail("write");
+  if (!TryToLock(file_.Get())) throw OutputError(name_ + ": another brvhost is working on it");
+  if (fstat(file_.Get(), &status_) != 0) Fail("write");
+}
+
+std::string Target::Folder() const {
+  const std::string folder = std::filesystem::path(path_).parent_path().string();
+  return folder.empty() ? "." : folder;
+}
+
+void Target::ExpectSameAs(const FileIdentity& score) const {
+  if (Seen() != score) FailChanged();
+}
+
+void Target::ExpectUnchanged() const {
+  struct stat status;
+  const bool exists = lstat(path_.c_str(), &status) == 0;
+  if (!exists && errno != ENOENT) Fail("replace");
+  if ((exists ? std::optional(IdentityOf(status)) : std::nullopt) != Seen()) FailChanged();
+}
+
+void Target::Fail(const char* step) const {
+  throw OutputError(name_ + ": cannot " + step + ": " + std::strerror(errno));
+}
+
+void Target::FailChanged() const { throw OutputError(name_ + ": was changed while brvhost worked on it"); }
+
+std::optional<FileIdentity> Target::Seen() const { return file_ ? std::optional(IdentityOf(status_)) : std::nullopt; }
+
+}  // namespace brvhost
