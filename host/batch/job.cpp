@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <exception>
-#include <new>
 
 #include "BrvEDK/Source/hostrecords.h"
 #include "host/batch/distantuser.h"
@@ -14,6 +13,7 @@
 #include "host/files/target.h"
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
+#include "host/process/memorylimit.h"
 #include "host/services/document.h"
 #include "host/services/session.h"
 #include "host/text/inputerror.h"
@@ -69,9 +69,9 @@ std::optional<Target> TargetOf(const Job& job, const InputFile& score) {
   return target;
 }
 
-int RunToTheEnd(const Job& job, const JobSettings& settings, const Extension& extension, const Channel& channel) {
+int RunOpened(const InputFile& input, const Job& job, const JobSettings& settings, const Extension& extension,
+              const Channel& channel) {
   const auto isCancelled = [] { return InterruptCount() > 0; };
-  const InputFile input(job.score);
   const auto target = TargetOf(job, input);
   ScoreFile file(input, settings.maxSize, settings.readers);
   SendWarnings(file, channel);
@@ -90,6 +90,12 @@ int RunToTheEnd(const Job& job, const JobSettings& settings, const Extension& ex
   return kDone;
 }
 
+int RunToTheEnd(const Job& job, const JobSettings& settings, const Extension& extension, const Channel& channel) {
+  const InputFile input(job.score);
+  const MemoryLimit limit(settings.maxMemory.value_or(DefaultMemory(input.Size())), settings.readers);
+  return limit.During([&] { return RunOpened(input, job, settings, extension, channel); });
+}
+
 }  // namespace
 
 int RunJob(const Job& job, const JobSettings& settings, const Extension& extension, const Channel& channel) {
@@ -100,8 +106,6 @@ int RunJob(const Job& job, const JobSettings& settings, const Extension& extensi
     return kBadInput;
   } catch (const OutputError& error) {
     channel.Send(FailureMessage{error.what()});
-  } catch (const std::bad_alloc&) {
-    channel.Send(FailureMessage{job.score + ": there is not enough memory for this score"});
   } catch (const std::exception& error) {
     channel.Send(FailureMessage{job.score + ": " + error.what()});
   }

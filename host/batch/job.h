@@ -21,7 +21,8 @@ struct JobSettings {
   std::vector<int> shownLayers;  // from 0; all when empty
   bool agree = false;            // to every question
   std::uint64_t maxSize = kDefaultMaxSize;
-  int readers = 1;  // threads that read one score
+  std::optional<std::uint64_t> maxMemory;  // as the score's size demands when null
+  int readers = 1;                         // threads that read one score
 };
 
 struct Job {

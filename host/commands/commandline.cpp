@@ -20,16 +20,21 @@ CLI::Validator NotEmpty() {
       [](const std::string& value) { return value.empty() ? std::string("is empty") : std::string(); }, "");
 }
 
-void AddScores(CLI::App& command, Options& options) {
-  command.add_option("SCORE", options.scores, "MusicXML: .musicxml, .xml or .mxl")->required()->type_name("");
-  command
-      .add_option(
-          "--max-size", options.maxSize,
-          "The most that a compressed score may unpack to, or a pipe may bring: a number of bytes, or with KB, MB, GB "
-          "(1 GB)")
+template <class Size>
+void AddSize(CLI::App& command, const char* name, Size& size, const char* about) {
+  command.add_option(name, size, about)
       ->transform(CLI::AsSizeValue(false).description(""))
       ->check(CLI::Range(std::uint64_t{1}, kMaxSizeLimit).description(""))
       ->type_name("SIZE");
+}
+
+void AddScores(CLI::App& command, Options& options) {
+  command.add_option("SCORE", options.scores, "MusicXML: .musicxml, .xml or .mxl")->required()->type_name("");
+  AddSize(command, "--max-size", options.maxSize,
+          "The most that a compressed score may unpack to, or a pipe may bring: a number of bytes, or with KB, MB, GB "
+          "(1 GB)");
+  AddSize(command, "--max-memory", options.maxMemory,
+          "The most memory that the work on a score may take (1 GB, or 16 times the size of a large file)");
 }
 
 void AddRegion(CLI::App& run, Options& options) {

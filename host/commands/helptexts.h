@@ -24,6 +24,7 @@ inline constexpr const char* kItemsFooter = R"(EXIT STATUS
 
 inline constexpr const char* kInfoFooter = R"(EXIT STATUS
   0    done
+  1    there is not enough memory for a score; the others are still reported
   2    a score that cannot be used; the others are still reported)";
 
 inline constexpr const char* kItemsAbout =
@@ -70,7 +71,7 @@ FILES
 
 EXIT STATUS
   0    done, whether or not anything changed
-  1    a result could not be written, or the extension crashed
+  1    a result could not be written, the extension crashed, or a score needs too much memory; the other scores are done
   2    bad usage, or a score that cannot be used; the other scores are done
   3    a bundle that cannot be used
   130  interrupted

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
-#include <new>
 #include <string>
 #include <vector>
 
 #include "host/commands/commands.h"
+#include "host/files/inputfile.h"
 #include "host/files/scorefile.h"
 #include "host/process/exitstatus.h"
+#include "host/process/memorylimit.h"
 #include "host/process/processors.h"
 #include "host/process/streams.h"
 #include "host/score/fraction.h"
@@ -59,22 +60,35 @@ void PrintScore(const ScoreFile& file) {
   PrintMixedChords(score);
 }
 
+void PrintWarnings(const ScoreFile& file) {
+  for (const ScoreWarning& warning : file.GetScore().warnings) {
+    Print(stderr, "brvhost: {}\n", Located(file.Path(), {warning.line, warning.column}, "warning: " + warning.text));
+  }
+}
+
+void ShowScore(const std::string& path, const Options& options) {
+  const InputFile input(path);
+  const int readers = Processors();
+  const MemoryLimit limit(options.maxMemory.value_or(DefaultMemory(input.Size())), readers);
+  limit.During([&] {
+    const ScoreFile file(input, options.maxSize, readers);
+    PrintScore(file);
+    PrintWarnings(file);
+  });
+}
+
 }  // namespace
 
 int ShowInfo(const Options& options) {
   int status = kDone;
   for (const std::string& path : options.scores) {
     try {
-      const ScoreFile file(InputFile(path), options.maxSize, Processors());
-      PrintScore(file);
-      for (const ScoreWarning& warning : file.GetScore().warnings) {
-        Print(stderr, "brvhost: {}\n", Located(path, {warning.line, warning.column}, "warning: " + warning.text));
-      }
+      ShowScore(path, options);
     } catch (const InputError& error) {
       Print(stderr, "brvhost: {}\n", Located(path, error.place, error.what()));
       status = kBadInput;
-    } catch (const std::bad_alloc&) {
-      Print(stderr, "brvhost: {}: there is not enough memory for this score\n", path);
+    } catch (const MemoryError& error) {
+      Print(stderr, "brvhost: {}: {}\n", path, error.what());
       status = std::max<int>(status, kFailed);
     }
   }

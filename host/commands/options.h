@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,7 @@ struct Options {
   bool yes = false;
   int jobs = 1;
   std::uint64_t maxSize = kDefaultMaxSize;
+  std::optional<std::uint64_t> maxMemory;  // as the score's size demands when null
 };
 
 }  // namespace brvhost

@@ -44,6 +44,7 @@ int Run(const Options& options) {
   settings.shownLayers = settings.region.layers;
   settings.agree = options.yes;
   settings.maxSize = options.maxSize;
+  settings.maxMemory = options.maxMemory;
   Terminal terminal;
   CheckSelection(settings.region, options, terminal);
   const std::vector<Job> jobs = JobsOf(options);

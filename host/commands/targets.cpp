@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 // The same path for all names of one file but hard links; the name itself where the system cannot resolve it.
 fs::path FileNamed(const std::string& name) {
   std::error_code error;
-  const fs::path file = fs::weakly_canonical(name, error);
+  const fs::path file = fs::weakly_canonical(fs::absolute(name, error), error);
   return error ? fs::path(name) : file;
 }
 
@@ -112,7 +112,7 @@ void RemoveLeftovers(const std::vector<Job>& jobs) {
   for (const Job& job : jobs) {
     if (job.target) folders.insert(FileNamed(*job.target).parent_path());
   }
-  for (const fs::path& folder : folders) RemoveAbandonedFiles(folder.empty() ? "." : folder.string());
+  for (const fs::path& folder : folders) RemoveAbandonedFiles(folder.string());
 }
 
 }  // namespace brvhost

@@ -26,11 +26,14 @@ using Member = std::unique_ptr<zip_file_t, Discard>;
 
 [[noreturn]] void ThrowBroken(const std::string& reason) { throw InputError("not a readable .mxl archive: " + reason); }
 
-[[noreturn]] void ThrowUnwritable(const char* reason) {
-  throw std::runtime_error(std::string("the archive cannot be written: ").append(reason));
+// What the library reports as text. That it has no memory is the same as for everybody else.
+std::string ReasonOf(zip_error_t* error) {
+  if (zip_error_code_zip(error) == ZIP_ER_MEMORY) throw std::bad_alloc();
+  return zip_error_strerror(error);
 }
-[[noreturn]] void ThrowUnwritable(zip_source_t* source) {
-  ThrowUnwritable(zip_error_strerror(zip_source_error(source)));
+
+[[noreturn]] void ThrowUnwritable(zip_error_t* error) {
+  throw std::runtime_error("the archive cannot be written: " + ReasonOf(error));
 }
 
 [[noreturn]] void ThrowLarger(const std::string& name) { ThrowBroken(name + " is larger than the archive states"); }
@@ -59,19 +62,19 @@ class Source {
     zip_t* const archive = zip_open_from_source(source_, ZIP_CHECKCONS, &error);
     if (archive != nullptr) return Archive(archive);
     zip_source_free(source_);
-    const std::string reason = zip_error_strerror(&error);
-    zip_error_fini(&error);
-    ThrowBroken(reason);
+    const std::unique_ptr<zip_error_t, decltype(&zip_error_fini)> owner(&error, zip_error_fini);
+    ThrowBroken(ReasonOf(&error));
   }
 
   // What the archive was written to when it was closed.
   std::string Written() {
     zip_stat_t status;
-    if (zip_source_stat(source_, &status) != 0 || zip_source_open(source_) != 0) ThrowUnwritable(source_);
+    if (zip_source_stat(source_, &status) != 0 || zip_source_open(source_) != 0)
+      ThrowUnwritable(zip_source_error(source_));
     std::string bytes(status.size, '\0');
     const zip_int64_t count = zip_source_read(source_, bytes.data(), bytes.size());
     zip_source_close(source_);
-    if (count != static_cast<zip_int64_t>(bytes.size())) ThrowUnwritable(source_);
+    if (count != static_cast<zip_int64_t>(bytes.size())) ThrowUnwritable(zip_source_error(source_));
     return bytes;
   }
 
@@ -82,12 +85,12 @@ class Source {
 // Fills the content from a member. Refuses a member of another length.
 void ReadToTheEnd(zip_t* archive, const std::string& name, zip_flags_t flags, Bytes& content) {
   const Member file(zip_fopen(archive, name.c_str(), flags));
-  if (file == nullptr) ThrowBroken(zip_strerror(archive));
+  if (file == nullptr) ThrowBroken(ReasonOf(zip_get_error(archive)));
   const zip_int64_t count = zip_fread(file.get(), content.Data(), content.Size());
   // A directory may lie about the size; the checksum is compared where the end is found.
   char beyond;
   const zip_int64_t more = count < 0 ? -1 : zip_fread(file.get(), &beyond, 1);
-  if (more < 0) ThrowBroken(name + ": " + zip_file_strerror(file.get()));
+  if (more < 0) ThrowBroken(name + ": " + ReasonOf(zip_file_get_error(file.get())));
   if (more > 0) ThrowLarger(name);
   if (count < static_cast<zip_int64_t>(content.Size())) ThrowSmaller(name);
 }
@@ -188,12 +191,12 @@ std::string ReplaceMember(std::string_view bytes, const std::string& member, std
                                            : DeflatedSource(archive.get(), content);
   if (replacement == nullptr || zip_file_replace(archive.get(), index, replacement, 0) != 0) {
     zip_source_free(replacement);  // which the archive owns only once it has it
-    ThrowUnwritable(zip_strerror(archive.get()));
+    ThrowUnwritable(zip_get_error(archive.get()));
   }
   zip_set_file_compression(archive.get(), index, stored ? ZIP_CM_STORE : ZIP_CM_DEFAULT, 0);
   // The same score gives the same bytes, whenever it is written.
   if ((status.valid & ZIP_STAT_MTIME) != 0) zip_file_set_mtime(archive.get(), index, status.mtime, 0);
-  if (zip_close(archive.get()) != 0) ThrowUnwritable(zip_strerror(archive.get()));
+  if (zip_close(archive.get()) != 0) ThrowUnwritable(zip_get_error(archive.get()));
   archive.release();
   return source.Written();
 }

@@ -24,7 +24,7 @@ struct ArchivedScore {
 
 // The archive of these bytes with other content in one member. All other members keep their compressed bytes, their
 // order and their dates, as far as the local time zone can express them. Throws std::runtime_error when it cannot be
-// made, for example because there is no memory.
+// made.
 [[nodiscard]] std::string ReplaceMember(std::string_view bytes, const std::string& member, std::string_view content);
 
 }  // namespace brvhost

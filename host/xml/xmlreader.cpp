@@ -22,6 +22,9 @@ namespace {
 // time: there is one piece, unless it would be more than the parser takes.
 constexpr std::size_t kMaxPieceSize = std::size_t{1} << 29;
 
+// Far more than scores have. Each level takes memory until its element ends.
+constexpr int kMaxDepth = 256;
+
 // A "<" and a name start here, according to the parser, however it came to take the bytes so. No name has a character
 // 0.
 CodeUnits UnitsOfTag(std::string_view tag) {
@@ -82,6 +85,7 @@ class Reader : public XmlPosition {
     for (const std::string_view text : texts) buffer = std::ranges::copy(text, buffer).out;
     if (XML_ParseBuffer(parser_.get(), static_cast<int>(size), last) == XML_STATUS_OK) return;
     if (failure_) std::rethrow_exception(failure_);
+    if (XML_GetErrorCode(parser_.get()) == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
     throw InputError(Explanation(), Place());
   }
 
@@ -121,6 +125,7 @@ class Reader : public XmlPosition {
   static void OnStart(void* reader, const char* name, const char** attributes) {
     auto& self = *static_cast<Reader*>(reader);
     if (!self.units_) self.OnRoot();
+    if (++self.depth_ > kMaxDepth) return Refuse(reader, "elements are nested more than 256 deep");
     const int count = XML_GetSpecifiedAttributeCount(self.parser_.get());
     Guarded(reader, [&](XmlHandler& handler) { handler.StartElement(name, XmlAttributes(attributes, count)); });
   }
@@ -132,6 +137,7 @@ class Reader : public XmlPosition {
   }
 
   static void OnEnd(void* reader, const char*) {
+    --static_cast<Reader*>(reader)->depth_;
     Guarded(reader, [](XmlHandler& handler) { handler.EndElement(); });
   }
 
@@ -155,6 +161,7 @@ class Reader : public XmlPosition {
   XmlHandler& handler_;
   std::string_view start_;          // of what is parsed, its first tag included
   std::optional<CodeUnits> units_;  // known once the first tag is there
+  int depth_ = 0;                   // of the elements that are open
   bool isSection_ = false;
   std::uint64_t shift_ = 0;  // from offsets in what is parsed to those in the document
   std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser_;

@@ -60,7 +60,7 @@ class XmlHandler {
 };
 
 // Reads a whole document in any encoding that its declaration may name. Throws InputError, with the place, where it is
-// not well formed.
+// not well formed or its elements are nested too deep, and std::bad_alloc.
 void ReadXml(std::string_view document, XmlHandler& handler);
 
 // A stretch of a document in UTF-8 that is well formed once tags are put around it.

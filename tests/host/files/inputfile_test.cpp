@@ -34,7 +34,7 @@ class InputFiles : public TemporaryFolder {
     const fs::path pipe = folder / "pipe";
     EXPECT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     std::thread writer([&] { Write("pipe", content); });
-    const std::string refusal = Refusal(pipe, maxSize);
+    std::string refusal = Refusal(pipe, maxSize);
     writer.join();
     fs::remove(pipe);
     return refusal;

@@ -77,6 +77,8 @@ auto Counted(const char* name, Call call) {
 #define EXPORTED __attribute__((visibility("default")))
 #define SYSTEM(name) System(&(name), #name)
 
+// The system's own declarations name the parameters with underscores.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 EXPORTED int open(const char* path, int flags, ...) {
@@ -128,3 +130,4 @@ EXPORTED int fsetxattr(int file, const char* name, const void* value, size_t siz
 }
 
 }  // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)

@@ -230,7 +230,9 @@ class BadUsage(Case):
         self.refuses("exactly one of --output", HIDE, "--all", self.score)
         self.refuses("exactly one of --output", HIDE, "--all", self.score, "--in-place", "-o", self.folder / "x")
         self.refuses("single score", HIDE, "--all", self.score, self.score, "-o", self.folder / "x")
-        self.refuses("not in range", HIDE, "--all", "--max-size", "-1", *score_and_in_place)
+        for name in ("--max-size", "--max-memory"):
+            self.refuses("not in range", HIDE, "--all", name, "-1", *score_and_in_place)
+            self.refuses("not in range", HIDE, "--all", name, "0", *score_and_in_place)
         for name in ("--staves", "--measures", "--start-at", "--end-at", "--layers", "-o", "--out-dir"):
             self.refuses("is empty", HIDE, name, "", *score_and_in_place)
         self.refuses("is empty", "", "--all", *score_and_in_place)
