@@ -11,10 +11,6 @@ std::uint8_t CanAddNoteRecordToRests = 1;
 
 namespace {
 
-constexpr std::uint16_t kPlaceholderNote = 0x8000;
-constexpr int kPlaceholderByte = 3;  // of the entry's flags
-constexpr std::uint8_t kHasPlaceholder = 0x01;
-
 // The notes in use of one entry, as they lie in memory.
 //
 // Compatibility: a note count above twelve is followed past the entry, as hosts follow it: what they read has to be
@@ -116,7 +112,7 @@ void AddPlaceholderNote(EXENTRY& entry) {
   entry.noteCount = 1;
   entry.notes[0].hostWord = 0;
   entry.notes[0].noteWord = kPlaceholderNote;
-  entry.entryFlags[kPlaceholderByte] |= kHasPlaceholder;
+  entry.entryFlags[kContentByte] |= kHasPlaceholder;
 }
 
 void CleanEntry(unsigned char* bytes, bool fillRests) {

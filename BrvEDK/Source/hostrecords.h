@@ -108,5 +108,10 @@ inline constexpr std::uint16_t kNoLegerLines = 0x40;
 inline constexpr int kContentByte = 3;
 inline constexpr std::uint8_t kContentBit = 0x40;
 
-// The bits of EXNOTE::noteWord that repeat the low bits of the note's identifier.
+// The bit that tells hosts of a rest's placeholder note, which the kit adds to rests as it saves them, in the same
+// byte.
+inline constexpr std::uint8_t kHasPlaceholder = 0x01;
+
+// The bits of EXNOTE::noteWord that repeat the low bits of the note's identifier, and the word of a placeholder note.
 inline constexpr std::uint16_t kNoteIDBits = 0x1F;
+inline constexpr std::uint16_t kPlaceholderNote = 0x8000;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "BrvEDK/Source/hostrecords.h"
@@ -31,9 +32,8 @@ std::string ForEachItem(const std::string& path, Trial::Kind kind,
 }
 
 std::string Unbalanced(const OpenDocument& document, int item) {
-  if (document.StrayFrames() > 0) {
-    return fmt::format("item {} saves or frees frames that are not loaded: {} in all", item, document.StrayFrames());
-  }
+  const std::vector<std::string> misuses = document.MisusesSoFar().Texts();
+  if (!misuses.empty()) return fmt::format("item {} {}", item, misuses.front());
   if (document.LoadedFrames() > 0) {
     return fmt::format("item {} leaves frames loaded: {} in all", item, document.LoadedFrames());
   }

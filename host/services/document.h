@@ -3,13 +3,14 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <unordered_map>
+#include <string>
 #include <vector>
 
 #include "BrvEDK/Source/hostrecords.h"
 #include "host/score/score.h"
 #include "host/services/edatastore.h"
+#include "host/services/loadedframes.h"
+#include "host/services/misuse.h"
 
 namespace brvhost {
 
@@ -18,6 +19,8 @@ class OpenDocument {
  public:
   // The score outlives the document and carries its changes. The document starts with the records of the score.
   explicit OpenDocument(Score& score);
+  // Likewise, with these for the records of the score.
+  OpenDocument(Score& score, EDataStore records);
 
   const Score& GetScore() const { return score_; }
   EDataStore& Records() { return records_; }
@@ -25,16 +28,23 @@ class OpenDocument {
   // A new frame record with the entries of one place, or null where there are none or no such place. It stays loaded
   // until it is freed.
   EXTGF2005a* LoadFrame(int staff, int measure, int layer);
-  // Takes over the ledger-line bit of every entry. False when the frame is not loaded, or has lost or gained entries:
-  // the score's notes cannot be changed.
+  // Takes over the ledger-line bit of every entry. False when the frame is not loaded, or anything else in it was
+  // changed: the score's notes cannot be. Nothing of it is taken over then.
   [[nodiscard]] bool SaveFrame(const EXTGF2005a* record);
   // False when the frame is not loaded.
   bool FreeFrame(const EXTGF2005a* record);
-  std::size_t LoadedFrames() const { return loaded_.size(); }
-  // How often a frame was to be saved or freed that is not loaded: freed before, or never this document's.
-  std::uint64_t StrayFrames() const { return strayFrames_; }
+  std::size_t LoadedFrames() const { return loaded_.Count(); }
   int EditDepth() const { return editDepth_; }
   std::uint64_t SavedFrames() const { return savedFrames_; }
+
+  // The first change that the score cannot take, unless it was taken back, as a clause without its subject ("moved
+  // entry 1 of staff 1, measure 2, layer 1"); empty: none.
+  std::string RefusedChange() const;
+  // How many records were added that the score did not have. They are lost with the document.
+  std::size_t AddedRecords() const;
+  Misuse& Misuses() { return misuses_; }
+  // All so far, and what has become of the frames that were freed.
+  Misuse MisusesSoFar() const;
 
   // Edits nest; the outermost is what a cancel takes back, records included. Ending or cancelling without a start
   // returns false.
@@ -43,31 +53,24 @@ class OpenDocument {
   bool CancelEdit();
 
  private:
-  struct Frame {
-    EXTGF2005a record{};
-    std::vector<EXENTRY> entries;
-    std::uint32_t firstEntry = 0;
-  };
   struct Checkpoint {
     std::vector<bool> hidden;
     EDataStore records;
+    std::string refusedChange;
   };
 
-  using LoadedFrameMap = std::unordered_map<const EXTGF2005a*, std::unique_ptr<Frame>>;
-
   const ScoreFrame* Find(int staff, int measure, int layer);
-  // Counts the record as a stray when it is not loaded.
-  LoadedFrameMap::iterator FindLoaded(const EXTGF2005a* record);
-  std::unique_ptr<Frame> NewFrame();
   EXENTRY RecordOf(const ScoreEntry& entry) const;
+  // What was changed in a loaded frame that the score cannot take, or nothing.
+  std::string RefusedChangeIn(const LoadedFrame& frame) const;
 
   Score& score_;
   EDataStore records_;
   std::size_t nextFrame_ = 0;  // in the score's list: extensions usually ask in this order
-  LoadedFrameMap loaded_;
-  std::unique_ptr<Frame> spare_;  // a freed frame, whose memory the next one takes
+  brvhost::LoadedFrames loaded_;
+  Misuse misuses_;
+  std::string refusedChange_;
   std::uint64_t savedFrames_ = 0;
-  std::uint64_t strayFrames_ = 0;
   int editDepth_ = 0;
   Checkpoint checkpoint_;
 };

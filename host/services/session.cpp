@@ -49,14 +49,20 @@ void* Session::StartProgress(std::int64_t total) {
 }
 
 bool Session::AddProgress(const void* handle, int increment) {
-  if (handle != &progress_ || !progress_) return false;
+  if (handle != &progress_ || !progress_) {
+    document_.Misuses().Note("moves a progress display that it has not started");
+    return false;
+  }
   progress_->done += increment;
   user_.ShowProgress(progress_->done, progress_->total);
   return true;
 }
 
 bool Session::EndProgress(const void* handle) {
-  if (handle != &progress_ || !progress_) return false;
+  if (handle != &progress_ || !progress_) {
+    document_.Misuses().Note("ends a progress display that it has not started");
+    return false;
+  }
   progress_.reset();
   user_.EndProgress();
   return true;

@@ -23,7 +23,7 @@ FAULTS = [
     ("ignores_decline", "does nothing when the user declines", ""),
     ("needs_host_functions", "works in a host without functions", ""),
     ("leaks_frames", "frees each frame that it loads, once", "leaves frames loaded: 1"),
-    ("frees_twice", "frees each frame that it loads, once", "not loaded: 1"),
+    ("frees_twice", "frees each frame that it loads, once", "item 0 frees a frame that is not loaded"),
     ("leaves_progress_open", "ends the edits and progress that it starts", "progress"),
     ("leaves_edit_open", "ends the edits and progress that it starts", "edit"),
     ("hangs_when_cancelled", "ends in order when the user cancels", "does not return within"),

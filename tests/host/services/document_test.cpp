@@ -2,6 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "BrvEDK/Source/documentrecords.h"
+
 #include "tests/host/scores.h"
 
 namespace brvhost {
@@ -44,7 +50,7 @@ TEST_F(Document, TakesOverTheBitsOfASavedFrameOnly) {
   EXTGF2005a* const saved = document.LoadFrame(1, 1, 0);
   EXTGF2005a* const other = document.LoadFrame(1, 3, 0);
   saved->entries[0].flags = kNoLegerLines;
-  saved->entries[1].flags = 0x8000;
+  saved->entries[1].flags = 0;
   other->entries[0].flags = kNoLegerLines;
   EXPECT_TRUE(document.SaveFrame(saved));
   EXPECT_TRUE(document.FreeFrame(other));
@@ -54,11 +60,33 @@ TEST_F(Document, TakesOverTheBitsOfASavedFrameOnly) {
 }
 
 TEST_F(Document, RefusesAFrameThatLostOrGainedEntries) {
+  for (const std::int16_t count : {std::int16_t{1}, std::int16_t{3}, std::int16_t{-1}}) {
+    EXTGF2005a* const frame = document.LoadFrame(1, 1, 0);
+    frame->entries[0].flags = kNoLegerLines;
+    frame->entryCount = count;
+    EXPECT_FALSE(document.SaveFrame(frame)) << count;
+    EXPECT_FALSE(score.entries[0].hidden) << count;
+  }
+  EXPECT_EQ(document.RefusedChange(), "removed entries from staff 1, measure 1, layer 1");
+}
+
+TEST_F(Document, TakesNothingOfAFrameWithAnotherChange) {
   EXTGF2005a* const frame = document.LoadFrame(1, 1, 0);
   frame->entries[0].flags = kNoLegerLines;
-  frame->entryCount = 1;
+  frame->entries[1].position += 1;
   EXPECT_FALSE(document.SaveFrame(frame));
   EXPECT_FALSE(score.entries[0].hidden);
+  EXPECT_EQ(document.RefusedChange(), "moved entry 2 of staff 1, measure 1, layer 1");
+}
+
+TEST_F(Document, ForgetsARefusedChangeThatIsTakenBack) {
+  document.StartEdit();
+  EXTGF2005a* const frame = document.LoadFrame(1, 1, 0);
+  frame->entryCount = 1;
+  EXPECT_FALSE(document.SaveFrame(frame));
+  EXPECT_NE(document.RefusedChange(), "");
+  EXPECT_TRUE(document.CancelEdit());
+  EXPECT_EQ(document.RefusedChange(), "");
 }
 
 TEST_F(Document, KnowsFramesThatAreNotLoaded) {
@@ -67,8 +95,44 @@ TEST_F(Document, KnowsFramesThatAreNotLoaded) {
   EXPECT_FALSE(document.FreeFrame(frame));
   EXPECT_FALSE(document.SaveFrame(frame));
   EXPECT_FALSE(document.FreeFrame(nullptr));
-  EXPECT_EQ(document.StrayFrames(), 3u);
+  EXPECT_EQ(document.MisusesSoFar().Texts(), (std::vector<std::string>{"frees a frame that is not loaded (2 times)",
+                                                                       "saves a frame that is not loaded"}));
   EXPECT_EQ(document.LoadedFrames(), 0u);
+}
+
+TEST_F(Document, KnowsAFreedFrameFromTheNextOnes) {
+  EXTGF2005a* const freed = document.LoadFrame(1, 1, 0);
+  EXPECT_TRUE(document.FreeFrame(freed));
+  for (int i = 0; i < 10; ++i) {
+    EXTGF2005a* const next = document.LoadFrame(1, 1, 0);
+    EXPECT_NE(next, freed);
+    EXPECT_TRUE(document.FreeFrame(next));
+  }
+  EXPECT_EQ(document.MisusesSoFar().Texts(), std::vector<std::string>{});
+  freed->entryCount = 1;
+  EXPECT_EQ(document.MisusesSoFar().Texts(), std::vector<std::string>{"writes to a frame that it has freed"});
+  for (int i = 0; i < 200; ++i) EXPECT_TRUE(document.FreeFrame(document.LoadFrame(1, 1, 0)));
+  EXPECT_EQ(document.MisusesSoFar().Texts(), std::vector<std::string>{"writes to a frame that it has freed"});
+}
+
+TEST_F(Document, KnowsRecordsOfTheScoreThatWereChanged) {
+  EDataStore& records = document.Records();
+  const EDataStore::Bytes measure = *records.Find(kMeasureSpecTag, {1, 0});
+  records.Save(kMeasureSpecTag, {1, 0}, {1});
+  EXPECT_EQ(document.RefusedChange(), "changed the record SOMS (1, 0)");
+  records.Save(kMeasureSpecTag, {1, 0}, measure);
+  EXPECT_EQ(document.RefusedChange(), "");
+  EXPECT_TRUE(records.Erase(kMeasureSpecTag, {1, 0}));
+  EXPECT_EQ(document.RefusedChange(), "changed the record SOMS (1, 0)");
+}
+
+TEST_F(Document, CountsRecordsThatTheScoreDidNotHave) {
+  document.Records().Save(1, {1, 1}, {5});
+  EXPECT_TRUE(document.Records().Create(1, {1, 2}, {5}));
+  EXPECT_EQ(document.AddedRecords(), 2u);
+  EXPECT_TRUE(document.Records().Erase(1, {1, 1}));
+  EXPECT_EQ(document.AddedRecords(), 1u);
+  EXPECT_EQ(document.RefusedChange(), "");
 }
 
 TEST_F(Document, HandsOutCleanRecordsAfterDirtyOnes) {
@@ -78,6 +142,7 @@ TEST_F(Document, HandsOutCleanRecordsAfterDirtyOnes) {
   document.FreeFrame(frame);
   const EXTGF2005a* const again = document.LoadFrame(1, 1, 0);
   EXPECT_EQ(again->entries[0].notes[5].noteID, 0);
+  EXPECT_EQ(again->hostData[0], 0);
 }
 
 TEST_F(Document, TakesACancelledEditBackWithItsRecords) {
@@ -93,6 +158,8 @@ TEST_F(Document, TakesACancelledEditBackWithItsRecords) {
   EXPECT_EQ(document.Records().Find(1, {1, 1}), nullptr);
   EXPECT_FALSE(document.CancelEdit());
   EXPECT_FALSE(document.EndEdit());
+  EXPECT_EQ(document.MisusesSoFar().Texts(),
+            std::vector<std::string>{"ends an edit that it has not started (2 times)"});
 }
 
 TEST_F(Document, KeepsWhatAnEndedEditChanged) {
