@@ -1,7 +1,11 @@
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <unistd.h>
 #include <CLI/CLI.hpp>
 
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <string_view>
@@ -10,8 +14,10 @@
 #include "host/commands/commandline.h"
 #include "host/commands/commands.h"
 #include "host/commands/options.h"
+#include "host/process/background.h"
 #include "host/process/exitstatus.h"
 #include "host/process/streams.h"
+#include "host/text/printable.h"
 
 namespace {
 
@@ -32,7 +38,7 @@ void CheckCommand(const CLI::App& app, int argc, char** argv) {
 }
 
 int Explain(int status, std::string_view message) {
-  Print(stderr, "brvhost: {}\n", message);
+  Print(stderr, "brvhost: {}\n", Printable(message));
   return status;
 }
 
@@ -43,9 +49,7 @@ int Finished(int status) {
   return Explain(status == kDone ? kFailed : status, "the standard output cannot be written");
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int Main(int argc, char** argv) {
   Options options;
   const auto app = DescribeCommandLine(options);
   try {
@@ -63,4 +67,26 @@ int main(int argc, char** argv) {
   } catch (const std::exception& error) {
     return Explain(kFailed, error.what());
   }
+}
+
+// Descriptors that are missing would be taken by files and sockets, and these for the standard streams.
+void OpenStandardStreams() {
+  int descriptor;
+  do {
+    descriptor = open("/dev/null", O_RDWR);
+  } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+  if (descriptor >= 0) close(descriptor);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  OpenStandardStreams();
+  // What cannot be written is reported like any other failure.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+  const int status = Main(argc, argv);
+  if (!IsAnythingInBackground()) return status;
+  std::fflush(nullptr);
+  std::_Exit(status);
 }

@@ -1,73 +1,138 @@
 #include "host/batch/channel.h"
 
-#include <fcntl.h>
+#include <poll.h>
 #include <sys/socket.h>
-#include <unistd.h>
+#include <sys/stat.h>
 
 #include <cerrno>
-#include <cstddef>
+#include <cstring>
+#include <span>
 #include <string_view>
-#include <system_error>
+
+#include "host/process/socketpair.h"
 
 namespace brvhost {
 namespace {
 
-constexpr std::string_view kYes("\1", 1);
-constexpr std::string_view kNo("\0", 1);
+constexpr std::size_t kMaxDescriptors = 2;  // with one message
+constexpr std::size_t kReadSize = std::size_t{1} << 16;
 
-void WriteAll(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = send(descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return;  // the other process is gone, which must not end this one too
-    bytes.remove_prefix(static_cast<std::size_t>(count));
-  }
+ino_t IdentityOf(int descriptor) {
+  struct stat status;
+  return fstat(descriptor, &status) == 0 ? status.st_ino : 0;
 }
 
-ssize_t ReadSome(int descriptor, char* buffer, std::size_t size) {
-  for (;;) {
-    const ssize_t count = read(descriptor, buffer, size);
-    if (count >= 0 || errno != EINTR) return count;
+// The memory of control data is that of its head, which aligns it.
+union Control {
+  cmsghdr head;
+  char bytes[CMSG_SPACE(kMaxDescriptors * sizeof(int))];
+};
+
+ssize_t SendSome(int socket, std::string_view bytes, std::span<const int> descriptors) {
+  iovec content = {const_cast<char*>(bytes.data()), bytes.size()};
+  msghdr message = {};
+  message.msg_iov = &content;
+  message.msg_iovlen = 1;
+  Control control = {};
+  if (!descriptors.empty()) {
+    const std::size_t size = descriptors.size_bytes();
+    message.msg_control = &control;
+    message.msg_controllen = CMSG_SPACE(size);
+    cmsghdr* const head = CMSG_FIRSTHDR(&message);
+    head->cmsg_level = SOL_SOCKET;
+    head->cmsg_type = SCM_RIGHTS;
+    head->cmsg_len = CMSG_LEN(size);
+    std::memcpy(CMSG_DATA(head), descriptors.data(), size);
   }
+  return sendmsg(socket, &message, MSG_NOSIGNAL);
 }
 
 }  // namespace
 
-void Channel::Send(const Message& message) const { WriteAll(socket_.Get(), Encode(message)); }
+Channel::Channel(Descriptor socket) : socket_(std::move(socket)), identity_(IdentityOf(socket_.Get())) {}
 
-void Channel::SendAnswer(bool yes) const { WriteAll(socket_.Get(), yes ? kYes : kNo); }
-
-bool Channel::ReceiveAnswer() const {
-  char answer;
-  return ReadSome(socket_.Get(), &answer, 1) == 1 && answer == kYes[0];
-}
-
-bool Channel::Fill() {
-  char buffer[4096];
-  const ssize_t count = ReadSome(socket_.Get(), buffer, sizeof(buffer));
-  if (count <= 0) return false;
-  arrived_.append(buffer, static_cast<std::size_t>(count));
+bool Channel::Send(const Message& message, std::initializer_list<int> descriptors) const {
+  if (IdentityOf(socket_.Get()) != identity_) return false;
+  const std::string encoded = Encode(message);
+  std::span<const int> unsent(descriptors.begin(), descriptors.size());
+  for (std::string_view rest = encoded; !rest.empty();) {
+    const ssize_t count = SendSome(socket_.Get(), rest, unsent);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    rest.remove_prefix(static_cast<std::size_t>(count));
+    unsent = {};
+  }
   return true;
 }
 
-// Passes over what an extension may have sent that writes to any descriptor.
-std::optional<Message> Channel::Next() {
-  while (const auto size = EncodedSize(arrived_)) {
-    auto message = Decode(std::string_view(arrived_).substr(0, *size));
-    arrived_.erase(0, *size);
-    if (message) return message;
+ssize_t Channel::ReadSome(char* buffer, std::size_t size) {
+  iovec content = {buffer, size};
+  Control control = {};
+  msghdr message = {};
+  message.msg_iov = &content;
+  message.msg_iovlen = 1;
+  message.msg_control = &control;
+  message.msg_controllen = sizeof(control);
+  ssize_t count;
+  while ((count = recvmsg(socket_.Get(), &message, 0)) < 0 && errno == EINTR) continue;
+  if (count < 0) return count;
+  for (cmsghdr* head = CMSG_FIRSTHDR(&message); head != nullptr; head = CMSG_NXTHDR(&message, head)) {
+    if (head->cmsg_level != SOL_SOCKET || head->cmsg_type != SCM_RIGHTS) continue;
+    for (std::size_t offset = 0; offset + sizeof(int) <= head->cmsg_len - CMSG_LEN(0); offset += sizeof(int)) {
+      int descriptor;
+      std::memcpy(&descriptor, CMSG_DATA(head) + offset, sizeof(descriptor));
+      fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+      descriptors_.emplace_back(descriptor);
+    }
   }
-  return std::nullopt;
+  return count;
+}
+
+void Channel::Distrust(std::size_t size) { maxSize_ = size; }
+
+bool Channel::Fill() {
+  arrived_.erase(0, std::exchange(taken_, 0));
+  const std::size_t before = arrived_.size();
+  arrived_.resize(before + kReadSize);
+  const ssize_t count = ReadSome(arrived_.data() + before, kReadSize);
+  arrived_.resize(before + static_cast<std::size_t>(count > 0 ? count : 0));
+  if (!maxSize_) return count > 0;
+  descriptors_.clear();
+  return count > 0 && arrived_.size() <= *maxSize_ + kReadSize;
+}
+
+std::optional<Message> Channel::Next() {
+  for (;;) {
+    const std::string_view rest = std::string_view(arrived_).substr(taken_);
+    const auto size = EncodedSize(rest);
+    if (!size || *size > rest.size()) return std::nullopt;
+    taken_ += *size;
+    if (auto message = Decode(rest.substr(0, *size))) return message;
+  }
+}
+
+std::optional<Message> Channel::Receive() {
+  for (;;) {
+    if (auto message = Next()) return message;
+    if (!Fill()) return std::nullopt;
+  }
+}
+
+bool Channel::HasMore() const {
+  pollfd waiting = {socket_.Get(), POLLIN, 0};
+  return poll(&waiting, 1, 0) > 0;
+}
+
+Descriptor Channel::TakeDescriptor() {
+  if (descriptors_.empty()) return {};
+  Descriptor first = std::move(descriptors_.front());
+  descriptors_.pop_front();
+  return first;
 }
 
 std::pair<Channel, Channel> ConnectedChannels() {
-  int ends[2];
-  if (socketpair(AF_UNIX, SOCK_STREAM, 0, ends) != 0) {
-    throw std::system_error(errno, std::generic_category(), "socketpair");
-  }
-  // Programs that an extension starts have no part in it.
-  for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
-  return {Channel(Descriptor(ends[0])), Channel(Descriptor(ends[1]))};
+  auto [here, there] = SocketPair();
+  return {Channel(std::move(here)), Channel(std::move(there))};
 }
 
 }  // namespace brvhost

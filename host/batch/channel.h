@@ -1,6 +1,11 @@
-// The line between the process that runs an extension and the one that has the terminal.
+// The line between two processes of a run.
 #pragma once
 
+#include <sys/types.h>
+
+#include <cstddef>
+#include <deque>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <utility>
@@ -13,23 +18,40 @@ namespace brvhost {
 class Channel {
  public:
   Channel() = default;
-  explicit Channel(Descriptor socket) : socket_(std::move(socket)) {}
+  explicit Channel(Descriptor socket);
 
   int Get() const { return socket_.Get(); }
 
-  void Send(const Message& message) const;
-  void SendAnswer(bool yes) const;
-  // Waits. Returns false, too, if the channel closes without an answer.
-  [[nodiscard]] bool ReceiveAnswer() const;
+  // Sends a message, and with it descriptors, which the caller may close then. False when it did not get through: the
+  // other process is gone, or the descriptor is no longer this line, because an extension closed or replaced it.
+  bool Send(const Message& message, std::initializer_list<int> descriptors = {}) const;
+
+  // For a line to a process that runs foreign code: descriptors that it sends are closed, and a message of more than
+  // `size` bytes counts as the end.
+  void Distrust(std::size_t size);
 
   // Waits for something to arrive and takes it in; false at the end.
   [[nodiscard]] bool Fill();
-  // The next whole message that was taken in, or nothing.
+  // The next whole message that was taken in, or nothing. Passes over what an extension may have sent that writes to
+  // any descriptor.
   [[nodiscard]] std::optional<Message> Next();
+  // Waits for the next message; nothing at the end.
+  [[nodiscard]] std::optional<Message> Receive();
+  // Whether more can be taken in without waiting.
+  bool HasMore() const;
+
+  // The next of the descriptors that came with messages.
+  Descriptor TakeDescriptor();
 
  private:
+  ssize_t ReadSome(char* buffer, std::size_t size);
+
   Descriptor socket_;
+  ino_t identity_ = 0;
   std::string arrived_;
+  std::size_t taken_ = 0;  // of what has arrived
+  std::deque<Descriptor> descriptors_;
+  std::optional<std::size_t> maxSize_;  // of messages from a process that is not trusted
 };
 
 // The two ends. Throws std::system_error.

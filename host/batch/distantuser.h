@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <variant>
 
 #include "host/batch/channel.h"
 #include "host/services/user.h"
@@ -12,14 +13,16 @@ namespace brvhost {
 class DistantUser : public User {
  public:
   // With `agrees` every question is answered by yes, unseen by the user.
-  DistantUser(const Channel& channel, bool agrees) : channel_(channel), agrees_(agrees) {}
+  DistantUser(Channel& channel, bool agrees) : channel_(channel), agrees_(agrees) {}
 
   void Show(const std::string& text) override { channel_.Send(AlertMessage{text}); }
 
+  // No, too, where the channel closes without an answer.
   bool Ask(const std::string& question) override {
     if (agrees_) return true;
     channel_.Send(QuestionMessage{question});
-    return channel_.ReceiveAnswer();
+    const auto answer = channel_.Receive();
+    return answer && std::holds_alternative<AnswerMessage>(*answer) && std::get<AnswerMessage>(*answer).yes != 0;
   }
 
   void ShowProgress(std::int64_t done, std::int64_t total) override { channel_.Send(ProgressMessage{done, total}); }
@@ -27,7 +30,7 @@ class DistantUser : public User {
   void EndProgress() override { channel_.Send(ProgressEndMessage{}); }
 
  private:
-  const Channel& channel_;
+  Channel& channel_;
   const bool agrees_;
 };
 

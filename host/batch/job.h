@@ -1,28 +1,27 @@
-// One score, one item of an extension: the work of a process of its own.
+// One score, one item of an extension.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "host/batch/channel.h"
-#include "host/bundle/extension.h"
-#include "host/files/scorefile.h"
+#include "host/files/sizelimit.h"
 #include "host/score/region.h"
 
 namespace brvhost {
 
 // What holds for every score of a run.
 struct JobSettings {
+  std::string extension;  // its name, for messages
   int item = 0;
   RegionRequest region;
-  std::vector<int> shownLayers;  // from 0; all when empty
-  bool agree = false;            // to every question
+  bool agree = false;  // to every question
   std::uint64_t maxSize = kDefaultMaxSize;
   std::optional<std::uint64_t> maxMemory;  // as the score's size demands when null
   int readers = 1;                         // threads that read one score
+  std::optional<int> secondsAScore;        // no limit when null
+  bool confine = false;                    // what the extension may do outside its process
 };
 
 struct Job {
@@ -33,10 +32,5 @@ struct Job {
   // Whether a result with that many changed entries is written.
   bool Writes(std::size_t changedEntries) const { return target && (changedEntries > 0 || !onlyIfChanged); }
 };
-
-// Runs the job, reports to `channel` what happens, and returns the process's exit status. Whatever the extension does
-// to this process, the target is the old file or the whole new one.
-[[nodiscard]] int RunJob(const Job& job, const JobSettings& settings, const Extension& extension,
-                         const Channel& channel);
 
 }  // namespace brvhost

@@ -78,8 +78,7 @@ std::string Encode(const Message& message) {
 
 std::optional<std::size_t> EncodedSize(std::string_view bytes) {
   if (bytes.size() < sizeof(Head)) return std::nullopt;
-  const std::size_t size = sizeof(Head) + HeadOf(bytes).size;
-  return size <= bytes.size() ? std::optional(size) : std::nullopt;
+  return sizeof(Head) + HeadOf(bytes).size;
 }
 
 std::optional<Message> Decode(std::string_view bytes) {

@@ -3,160 +3,380 @@
 #include <fmt/format.h>
 #include <poll.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
-#include <cstddef>
-#include <cstdint>
-#include <cstring>
 #include <iterator>
+#include <memory>
+#include <numeric>
 #include <system_error>
 #include <utility>
 #include <variant>
 
+#include "host/batch/keeper.h"
+#include "host/process/background.h"
 #include "host/process/child.h"
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
+#include "host/process/kinship.h"
 
 namespace brvhost {
 namespace {
 
-std::string SignalName(int signal) { return fmt::format("{} ({})", signal, strsignal(signal)); }
+// A keeper whose worker was killed has that long to notice.
+constexpr int kSecondsToNotice = 1;
 
 }  // namespace
 
-Pool::Pool(const Extension& extension, const JobSettings& settings, Terminal& terminal)
-    : extension_(extension), settings_(settings), terminal_(terminal) {}
+Pool::Pool(const std::vector<Job>& jobs, const JobSettings& settings, ExtensionProcess& extension, Terminal& terminal,
+           std::size_t parallel)
+    : jobs_(jobs),
+      settings_(settings),
+      extension_(extension),
+      terminal_(terminal),
+      slots_(parallel),
+      parallel_(parallel),
+      waiting_(jobs.size()) {
+  std::iota(waiting_.begin(), waiting_.end(), std::size_t{0});
+}
 
-int Pool::Run(const std::vector<Job>& jobs, int parallel) {
-  CountInterrupts();
-  total_ = jobs.size();
-  auto next = jobs.begin();
-  for (;;) {
-    while (next != jobs.end() && std::ssize(running_) < parallel && InterruptCount() == 0) {
-      if (TryToStart(*next)) {
-        ++next;
-      } else {
-        parallel = static_cast<int>(running_.size());
-      }
-    }
-    if (running_.empty()) break;
-    WaitForMessages();
+Pool::~Pool() {
+  for (std::size_t slot = 0; slot < slots_.size(); ++slot) KillKeeper(slot);
+}
+
+std::size_t Pool::Busy() const {
+  const auto isBusy = [](const KeeperProcess& keeper) { return keeper.work.has_value(); };
+  return static_cast<std::size_t>(std::ranges::count_if(slots_, isBusy));
+}
+
+void Pool::Prepare() { StartJobs(); }
+
+int Pool::Run() {
+  isLoaded_ = true;
+  for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
+    if (slots_[slot].work) StartWorker(slot);
   }
+  for (;;) {
+    StartJobs();
+    if (Busy() == 0) break;
+    Wait();
+  }
+  for (KeeperProcess& keeper : slots_) keeper.channel = {};  // which ends them, while the extension is ended
   terminal_.ClearBar();
-  if (total_ > 1) PrintSummary();
+  if (jobs_.size() > 1) PrintSummary();
   return Status();
 }
 
-bool Pool::TryToStart(const Job& job) {
-  try {
-    Start(job);
-    return true;
-  } catch (const std::system_error&) {
-    if (running_.empty()) throw;
-    return false;
+void Pool::StartJobs() {
+  for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
+    if (waiting_.empty() || InterruptCount() > 0 || !hasExtension_ || Busy() == parallel_) return;
+    if (slots_[slot].work) continue;
+    try {
+      Start(slot);
+    } catch (const std::system_error&) {
+      if (Busy() == 0) throw;
+      parallel_ = Busy();  // the system allows no more at the same time
+    }
   }
 }
 
-void Pool::Start(const Job& job) {
-  auto [here, there] = ConnectedChannels();
-  const auto work = [&, &ours = here, &theirs = there] {
-    PressCancelKeysOnInterrupt([] {});
-    std::signal(SIGXFSZ, SIG_IGN);  // a file that gets too large is reported like any that cannot be written
-    for (Running& other : running_) other.channel = {};
-    ours = {};
-    return RunJob(job, settings_, extension_, theirs);
-  };
-  const pid_t process = StartChild(work);
-  running_.push_back({&job, process, std::move(here)});
+void Pool::Start(std::size_t slot) {
+  KeeperProcess& keeper = slots_[slot];
+  if (keeper.channel.Get() < 0) StartKeeper(slot);
+  auto [reader, writer] = ForeignOutput::Pipe();
+  auto [ofKeeper, ofWorker] = ConnectedChannels();
+  keeper.channel.Send(JobMessage{waiting_.front()}, {ofKeeper.Get()});
+  keeper.work.emplace();
+  keeper.work->job = waiting_.front();
+  keeper.work->worker = std::move(ofWorker);
+  keeper.work->printed = std::move(writer);
+  keeper.work->output = std::move(reader);
+  waiting_.pop_front();
+  if (isLoaded_) StartWorker(slot);
 }
 
-void Pool::WaitForMessages() {
+void Pool::StartKeeper(std::size_t slot) {
+  auto [here, there] = ConnectedChannels();
+  if (jobs_.size() == 1) {
+    const auto channel = std::make_shared<Channel>(std::move(there));
+    RunInBackground([jobs = jobs_, settings = settings_, channel] { RunKeeper(jobs, settings, *channel); });
+    slots_[slot].channel = std::move(here);
+    return;
+  }
+  const pid_t self = getpid();
+  const auto work = [&, &ours = here, &theirs = there] {
+    DieWithParent(self);
+    extension_.Forget();
+    for (KeeperProcess& other : slots_) other = {};
+    ours = {};
+    RunKeeper(jobs_, settings_, theirs);
+    return kDone;
+  };
+  slots_[slot].process = StartChild(work);
+  slots_[slot].channel = std::move(here);
+}
+
+void Pool::StartWorker(std::size_t slot) {
+  Work& work = *slots_[slot].work;
+  extension_.Start(work.job, slot, work.worker, work.printed);
+  work.worker = {};
+  work.printed = {};
+  work.deadline = Deadline(settings_.secondsAScore);
+}
+
+void Pool::Wait() {
   std::vector<pollfd> waiting;
-  for (const Running& running : running_) waiting.push_back({running.channel.Get(), POLLIN, 0});
+  if (hasExtension_) {
+    waiting.push_back({extension_.Messages().Get(), POLLIN, 0});
+    waiting.push_back({extension_.Output(), POLLIN, 0});
+  }
+  for (const KeeperProcess& keeper : slots_) {
+    if (!keeper.work) continue;
+    waiting.push_back({keeper.channel.Get(), POLLIN, 0});
+    waiting.push_back({keeper.work->output.Get(), POLLIN, 0});
+  }
   const int ready = poll(waiting.data(), waiting.size(), kMaxWaitMs);
   PassInterruptsOn();
-  if (ready <= 0) return;
-  for (std::size_t i = 0; i < waiting.size(); ++i) {
-    if (waiting[i].revents != 0) Receive(running_[i]);
+  if (ready > 0) Hear(waiting);
+  LookAtTime();
+}
+
+void Pool::Hear(const std::vector<pollfd>& waiting) {
+  const auto isReady = [&waiting](int descriptor) {
+    const auto found = std::ranges::find(waiting, descriptor, &pollfd::fd);
+    return descriptor >= 0 && found != waiting.end() && found->revents != 0;
+  };
+  for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
+    if (slots_[slot].work && isReady(slots_[slot].work->output.Get())) ShowOutput(slot);
+    if (slots_[slot].work && isReady(slots_[slot].channel.Get())) HearKeeper(slot);
   }
-  std::erase_if(running_, [](const Running& running) { return running.process == 0; });
+  if (!hasExtension_) return;
+  extension_.ShowOutput();
+  if (isReady(extension_.Messages().Get())) HearExtension();
 }
 
-void Pool::Receive(Running& running) {
-  if (!running.channel.Fill()) return Finish(running);
-  while (const auto message = running.channel.Next()) {
-    std::visit([&](const auto& body) { Handle(running, body); }, *message);
+void Pool::HearKeeper(std::size_t slot) {
+  KeeperProcess& keeper = slots_[slot];
+  if (!keeper.channel.Fill()) {
+    const int status = WaitForChild(std::exchange(keeper.process, 0));
+    keeper.channel = {};
+    if (keeper.work->isLate) return FinishLost(slot);
+    return Fail(slot, "brvhost's own process crashed: " + EndingOf(status) + "; the score is as it was, or done");
+  }
+  while (const auto message = keeper.work ? keeper.channel.Next() : std::nullopt) {
+    std::visit([this, slot](const auto& body) { Handle(slot, body); }, *message);
   }
 }
 
-void Pool::Handle(Running& running, const AlertMessage& message) {
-  terminal_.PrintLine(Prefixed(*running.job, message.text));
+void Pool::HearExtension() {
+  if (!extension_.Messages().Fill()) return LoseExtension();
+  while (const auto message = extension_.Messages().Next()) {
+    const auto* const ended = std::get_if<EndedMessage>(&*message);
+    if (ended == nullptr) continue;
+    if (Busy() <= 1) extension_.KillOrphans();  // they may be helpers of the other workers'
+    for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
+      auto& work = slots_[slot].work;
+      if (!work || work->job != ended->job) continue;
+      work->workerStatus = ended->status;
+      if (work->isLost) {
+        FinishLost(slot);
+      } else {
+        slots_[slot].channel.Send(WorkerEndedMessage{});
+      }
+    }
+  }
 }
 
-void Pool::Handle(Running& running, const QuestionMessage& message) {
-  running.channel.SendAnswer(terminal_.Ask(Prefixed(*running.job, message.text)));
+// The workers end with their loader, and no other can be started.
+void Pool::LoseExtension() {
+  hasExtension_ = false;
+  extension_.KillAll();
+  if (InterruptCount() == 0) {
+    terminal_.PrintError(fmt::format("the process of the extension {} has ended; the scores that are left are not run",
+                                     extension_.Name()));
+  }
+  for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
+    auto& work = slots_[slot].work;
+    if (!work) continue;
+    work->workerStatus = EndedMessage::kUnknown;
+    if (work->isLost) FinishLost(slot);
+  }
 }
 
-void Pool::Handle(Running&, const WarningMessage& message) { terminal_.PrintError(message.text); }
-
-void Pool::Handle(Running&, const ProgressMessage& message) {
-  if (total_ == 1) terminal_.SetBar(message.done, message.total);
+void Pool::LookAtTime() {
+  for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
+    auto& work = slots_[slot].work;
+    if (!work || !work->deadline.HasPassed()) continue;
+    if (work->isLate) {
+      KillKeeper(slot);  // the score cannot be read, rather
+      FinishLost(slot);
+      continue;
+    }
+    work->isLate = true;
+    work->deadline = Deadline(kSecondsToNotice);
+    extension_.End(work->job, true);
+  }
 }
 
-void Pool::Handle(Running&, const ProgressEndMessage&) {
-  if (total_ == 1) terminal_.ClearBar();
+void Pool::KillKeeper(std::size_t slot) {
+  KeeperProcess& keeper = slots_[slot];
+  keeper.channel = {};
+  if (keeper.process == 0) return;
+  kill(keeper.process, SIGKILL);
+  WaitForChild(std::exchange(keeper.process, 0));
 }
 
-void Pool::Handle(Running& running, const BadInputMessage& message) {
+void Pool::Handle(std::size_t slot, const AlertMessage& message) {
+  ShowOutput(slot);
+  for (std::size_t start = 0; start <= message.text.size();) {
+    const std::size_t end = std::min(message.text.find('\n', start), message.text.size());
+    terminal_.PrintLine(Prefixed(slot, message.text.substr(start, end - start)));
+    start = end + 1;
+  }
+}
+
+void Pool::Handle(std::size_t slot, const QuestionMessage& message) {
+  ShowOutput(slot);
+  const auto asked = std::chrono::steady_clock::now();
+  const std::uint8_t yes = terminal_.Ask(Prefixed(slot, message.text)) ? 1 : 0;
+  for (KeeperProcess& keeper : slots_) {  // the time that the user took is nobody's
+    if (keeper.work) keeper.work->deadline.Extend(std::chrono::steady_clock::now() - asked);
+  }
+  slots_[slot].channel.Send(AnswerMessage{yes});
+}
+
+void Pool::Handle(std::size_t slot, const HandedOutMessage&) {
+  slots_[slot].work->isHandedOut = true;
+  slots_[slot].work->deadline = Deadline(settings_.secondsAScore);
+}
+
+// What follows is brvhost's own time.
+void Pool::Handle(std::size_t slot, const HandedBackMessage&) {
+  slots_[slot].work->isLate = false;
+  slots_[slot].work->deadline = {};
+}
+
+void Pool::Handle(std::size_t, const WarningMessage& message) { terminal_.PrintError(message.text); }
+
+void Pool::Handle(std::size_t, const ProgressMessage& message) {
+  if (jobs_.size() == 1) terminal_.SetBar(message.done, message.total);
+}
+
+void Pool::Handle(std::size_t, const ProgressEndMessage&) {
+  if (jobs_.size() == 1) terminal_.ClearBar();
+}
+
+void Pool::Handle(std::size_t slot, const BadInputMessage& message) {
   ++counts_.badInput;
-  terminal_.PrintError(message.text);
-  Report(running);
+  Refuse(slot, message.text);
 }
 
-void Pool::Handle(Running& running, const FailureMessage& message) {
+void Pool::Handle(std::size_t slot, const FailureMessage& message) {
   ++counts_.failed;
-  terminal_.PrintError(message.text);
-  Report(running);
+  Refuse(slot, message.text);
 }
 
-void Pool::Handle(Running& running, const DoneMessage& message) {
-  const Job& job = *running.job;
+void Pool::Refuse(std::size_t slot, const std::string& text) {
+  ShowOutput(slot);
+  terminal_.PrintError(text);
+  extension_.End(slots_[slot].work->job, false);  // which may still wait, or work
+  Finish(slot);
+}
+
+void Pool::Handle(std::size_t slot, const DoneMessage& message) {
+  ShowOutput(slot);
+  const Job& job = JobOf(slot);
   ++(message.changedEntries > 0 ? counts_.changed : counts_.unchanged);
-  if (total_ == 1) {
+  if (jobs_.size() == 1) {
     terminal_.PrintLine(
         fmt::format("{}: {} of {} entries changed{}", job.score, message.changedEntries, message.entries,
                     message.filesWritten > 0 ? ", written to " + job.target.value_or("") : ", nothing written"));
   }
-  Report(running);
+  Finish(slot);
 }
 
-void Pool::Report(Running& running) {
-  running.reported = true;
-  if (total_ > 1) terminal_.SetBar(counts_.Finished(), static_cast<std::int64_t>(total_));
+void Pool::Handle(std::size_t slot, const LostMessage&) {
+  Work& work = *slots_[slot].work;
+  work.isLost = true;
+  if (work.workerStatus) return FinishLost(slot);
+  extension_.End(work.job, false);
 }
 
-void Pool::Finish(Running& running) {
-  const int status = WaitForChild(std::exchange(running.process, 0));
-  if (running.reported || InterruptCount() > 0) return;
+void Pool::FinishLost(std::size_t slot) {
+  if (InterruptCount() > 0) return Finish(slot);
+  if (slots_[slot].work->workerStatus == EndedMessage::kNotStarted && Busy() > 1) {
+    waiting_.push_front(slots_[slot].work->job);
+    Finish(slot);
+    parallel_ = Busy();
+    return;
+  }
+  Fail(slot, WhyLost(slot) + "; nothing was written");
+}
+
+std::string Pool::WhyLost(std::size_t slot) const {
+  const Work& work = *slots_[slot].work;
+  const std::string where = extension_.WhereaboutsOf(slot);
+  if (work.isLate && !work.isHandedOut) {
+    return fmt::format("could not be read within {}", SecondsText(settings_.secondsAScore.value_or(0)));
+  }
+  if (work.isLate) {
+    return fmt::format("the extension {} did not end{} within {}", extension_.Name(), where,
+                       SecondsText(settings_.secondsAScore.value_or(0)));
+  }
+  const auto status = work.workerStatus.value_or(EndedMessage::kUnknown);
+  if (status == EndedMessage::kNotStarted) return "the system allows no more processes";
+  if (status == EndedMessage::kUnknown)
+    return fmt::format("the process of the extension {} is gone", extension_.Name());
+  const std::string ending = EndingOf(static_cast<int>(status));
+  if (WIFSIGNALED(status)) return fmt::format("the extension {} crashed{}: {}", extension_.Name(), where, ending);
+  if (where.empty()) return fmt::format("the extension {} closed the connection to brvhost", extension_.Name());
+  return fmt::format("the extension {} ended the process{}, with {}", extension_.Name(), where, ending);
+}
+
+void Pool::Fail(std::size_t slot, const std::string& reason) {
+  ShowOutput(slot);
   ++counts_.failed;
-  const std::string reason = WIFSIGNALED(status) ? "was stopped by signal " + SignalName(WTERMSIG(status))
-                                                 : fmt::format("ended with status {}", WEXITSTATUS(status));
-  terminal_.PrintError(
-      fmt::format("{}: the extension crashed: its process {}; nothing was written", running.job->score, reason));
+  terminal_.PrintError(fmt::format("{}: {}", JobOf(slot).score, reason));
+  Finish(slot);
 }
 
-// The first interrupt lets the extension end by itself; a second does not wait for that.
+void Pool::Finish(std::size_t slot) {
+  auto& work = slots_[slot].work;
+  work->output.Finish([&](std::string_view line) { ShowLine(slot, line); });
+  work.reset();
+  if (jobs_.size() > 1) terminal_.SetBar(counts_.Finished(), std::ssize(jobs_));
+}
+
+void Pool::ShowOutput(std::size_t slot) {
+  slots_[slot].work->output.Read([&](std::string_view line) { ShowLine(slot, line); });
+}
+
+void Pool::ShowLine(std::size_t slot, std::string_view line) {
+  terminal_.PrintForeign(Prefixed(slot, fmt::format("{}: {}", extension_.Name(), line)));
+}
+
+// The first interrupt lets the extension end by itself; a second does not wait for anything.
 void Pool::PassInterruptsOn() {
   const int count = std::min(InterruptCount(), 2);
   if (count == interruptsPassedOn_) return;
   interruptsPassedOn_ = count;
-  for (const Running& running : running_) kill(running.process, count == 1 ? SIGINT : SIGTERM);
+  for (const KeeperProcess& keeper : slots_) {
+    if (keeper.process != 0) kill(keeper.process, SIGINT);
+  }
+  extension_.Interrupt();
+  if (count == 1) return;
+  extension_.KillAll();
+  for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
+    KillKeeper(slot);
+    if (slots_[slot].work) Finish(slot);
+  }
 }
 
 void Pool::PrintSummary() {
-  const int notRun = static_cast<int>(total_) - counts_.Finished();
-  std::string line = fmt::format("{} scores: {} changed, {} unchanged, {} failed", total_, counts_.changed,
+  const int notRun = static_cast<int>(jobs_.size()) - counts_.Finished();
+  std::string line = fmt::format("{} scores: {} changed, {} unchanged, {} failed", jobs_.size(), counts_.changed,
                                  counts_.unchanged, counts_.badInput + counts_.failed);
   if (notRun > 0) line += fmt::format(", {} not run", notRun);
   terminal_.PrintLine(line);
@@ -165,11 +385,11 @@ void Pool::PrintSummary() {
 int Pool::Status() const {
   if (InterruptCount() > 0) return kInterrupted;
   if (counts_.badInput > 0) return kBadInput;
-  return counts_.failed > 0 ? kFailed : kDone;
+  return counts_.failed > 0 || !waiting_.empty() ? kFailed : kDone;
 }
 
-std::string Pool::Prefixed(const Job& job, const std::string& text) const {
-  return total_ == 1 ? text : job.score + ": " + text;
+std::string Pool::Prefixed(std::size_t slot, const std::string& text) const {
+  return jobs_.size() == 1 ? text : JobOf(slot).score + ": " + text;
 }
 
 }  // namespace brvhost

@@ -1,33 +1,41 @@
-// Runs jobs side by side, each in a process of its own: a crash of the extension costs one score, and no job sees what
-// the extension left behind in another.
+// Runs jobs side by side. This process supervises: it has the terminal, and runs no code of the extension; see
+// message.h for the others.
 #pragma once
 
+#include <poll.h>
+
 #include <cstddef>
+#include <cstdint>
+#include <deque>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/batch/channel.h"
+#include "host/batch/extensionprocess.h"
 #include "host/batch/job.h"
+#include "host/batch/keeperprocess.h"
 #include "host/batch/message.h"
-#include "host/bundle/extension.h"
 #include "host/process/terminal.h"
 
 namespace brvhost {
 
 class Pool {
  public:
-  Pool(const Extension& extension, const JobSettings& settings, Terminal& terminal);
+  // Does the jobs, at most `parallel` at a time. All of them outlive the pool.
+  Pool(const std::vector<Job>& jobs, const JobSettings& settings, ExtensionProcess& extension, Terminal& terminal,
+       std::size_t parallel);
+  // Kills what is left.
+  ~Pool();
+  Pool(const Pool&) = delete;
+  Pool& operator=(const Pool&) = delete;
 
-  // Runs all jobs, at most `parallel` at a time, and returns the exit status of the whole.
-  [[nodiscard]] int Run(const std::vector<Job>& jobs, int parallel);
+  // Lets the first scores be read, which may go on while the extension is loaded.
+  void Prepare();
+  // Does all jobs, and returns the exit status of the whole. The extension has been loaded.
+  [[nodiscard]] int Run();
 
  private:
-  struct Running {
-    const Job* job = nullptr;
-    int process = 0;
-    Channel channel;
-    bool reported = false;  // its last message has come
-  };
   struct Counts {
     int changed = 0;
     int unchanged = 0;
@@ -36,34 +44,63 @@ class Pool {
     int Finished() const { return changed + unchanged + badInput + failed; }
   };
 
-  // False when the system allows no more processes at the same time.
-  bool TryToStart(const Job& job);
-  void Start(const Job& job);
-  void WaitForMessages();
-  void Receive(Running& running);
-  void Handle(Running& running, const AlertMessage& message);
-  void Handle(Running& running, const QuestionMessage& message);
-  void Handle(Running& running, const WarningMessage& message);
-  void Handle(Running& running, const ProgressMessage& message);
-  void Handle(Running& running, const ProgressEndMessage& message);
-  void Handle(Running& running, const BadInputMessage& message);
-  void Handle(Running& running, const FailureMessage& message);
-  void Handle(Running& running, const DoneMessage& message);
-  // Shows how many jobs are finished, this one included.
-  void Report(Running& running);
-  void Finish(Running& running);
+  // How many slots have work.
+  std::size_t Busy() const;
+  // Gives the slots that are free their next jobs.
+  void StartJobs();
+  void Start(std::size_t slot);
+  void StartKeeper(std::size_t slot);
+  void StartWorker(std::size_t slot);
+  // Waits for messages, and handles them.
+  void Wait();
+  void Hear(const std::vector<pollfd>& waiting);
+  void HearKeeper(std::size_t slot);
+  void HearExtension();
+  void LoseExtension();
+  void LookAtTime();
   void PassInterruptsOn();
+  void KillKeeper(std::size_t slot);
+
+  template <class Other>
+  void Handle(std::size_t, const Other&) {}
+  void Handle(std::size_t slot, const AlertMessage& message);
+  void Handle(std::size_t slot, const QuestionMessage& message);
+  void Handle(std::size_t slot, const HandedOutMessage& message);
+  void Handle(std::size_t slot, const HandedBackMessage& message);
+  void Handle(std::size_t slot, const WarningMessage& message);
+  void Handle(std::size_t slot, const ProgressMessage& message);
+  void Handle(std::size_t slot, const ProgressEndMessage& message);
+  void Handle(std::size_t slot, const BadInputMessage& message);
+  void Handle(std::size_t slot, const FailureMessage& message);
+  void Handle(std::size_t slot, const DoneMessage& message);
+  void Handle(std::size_t slot, const LostMessage& message);
+
+  void Refuse(std::size_t slot, const std::string& text);
+  // The work has gone without a result, for a reason that is known.
+  void FinishLost(std::size_t slot);
+  void Fail(std::size_t slot, const std::string& reason);
+  // Frees the slot.
+  void Finish(std::size_t slot);
+  std::string WhyLost(std::size_t slot) const;
+
+  void ShowOutput(std::size_t slot);
+  void ShowLine(std::size_t slot, std::string_view line);
   void PrintSummary();
   int Status() const;
+  const Job& JobOf(std::size_t slot) const { return jobs_[slots_[slot].work->job]; }
   // Names the score where there are several.
-  std::string Prefixed(const Job& job, const std::string& text) const;
+  std::string Prefixed(std::size_t slot, const std::string& text) const;
 
-  const Extension& extension_;
+  const std::vector<Job>& jobs_;
   const JobSettings& settings_;
+  ExtensionProcess& extension_;
   Terminal& terminal_;
-  std::vector<Running> running_;
+  std::vector<KeeperProcess> slots_;
+  std::size_t parallel_;             // slots that may have work
+  std::deque<std::size_t> waiting_;  // jobs that are not started yet
+  bool isLoaded_ = false;
+  bool hasExtension_ = true;  // its process has not ended
   Counts counts_;
-  std::size_t total_ = 0;
   int interruptsPassedOn_ = 0;
 };
 

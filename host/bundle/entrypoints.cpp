@@ -1,27 +1,44 @@
 #include "host/bundle/entrypoints.h"
 
+#include <fmt/format.h>
+
 #include "BrvEDK/Source/integerclasses.h"
+#include "host/bundle/thrown.h"
+#include "host/process/whereabouts.h"
 
 namespace brvhost {
 
+template <class Function>
+template <class... Arguments>
+auto EntryPoints::EntryPoint<Function>::operator()(Arguments... arguments) const {
+  const InExtension here(name);
+  try {
+    return address(arguments...);
+  } catch (...) {
+    throw ThrownByExtension(fmt::format("{} threw an exception: {}", name, ThrownText()));
+  }
+}
+
 EntryPoints::EntryPoints(const LoadedBundle& bundle) {
-  const auto find = [&]<class Function>(const char* name, Function*& function) {
-    function = reinterpret_cast<Function*>(bundle.Find(name));
-    if (function == nullptr) missing_.push_back(name);
+  const auto find = [&]<class Function>(EntryPoint<Function>& entryPoint) {
+    entryPoint.address = reinterpret_cast<Function*>(bundle.Find(entryPoint.name));
+    if (entryPoint.address == nullptr) missing_.push_back(entryPoint.name);
   };
-  find("main", main_);
-  find("BrevixExtensionVersion", version_);
-  find("BrevixExtensionInit", init_);
-  find("BrevixExtensionEnumerate_UTF16", enumerate_);
-  find("BrevixExtensionInvoke", invoke_);
-  find("BrevixExtensionTerminate", terminate_);
-  find("BrevixExtensionGetMenuStatus", menuStatus_);
+  find(main_);
+  find(version_);
+  find(init_);
+  find(enumerate_);
+  find(invoke_);
+  find(terminate_);
+  find(menuStatus_);
 }
 
 bool EntryPoints::Main(const std::string& path) const {
   const char* arguments[] = {path.c_str(), nullptr};
   return main_(1, static_cast<void*>(arguments)) != 0;
 }
+
+std::uint32_t EntryPoints::Version() const { return version_(); }
 
 int EntryPoints::Init(std::uint32_t& word) const { return SignExtend16(init_(nullptr, &word)); }
 
@@ -34,5 +51,7 @@ int EntryPoints::Invoke(int item, EREGION* region, EREGION* fallback) const {
 }
 
 int EntryPoints::MenuStatus() const { return SignExtend16(menuStatus_()); }
+
+void EntryPoints::Terminate() const { terminate_(); }
 
 }  // namespace brvhost

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,8 +12,14 @@
 
 namespace brvhost {
 
+// An extension's function threw an exception. The message names the function, and what it threw.
+class ThrownByExtension : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
 // Their addresses; null where the bundle lacks one, which must not be called then. Of a 16-bit result the low 16 bits
-// count, sign-extended.
+// count, sign-extended. All of them throw ThrownByExtension.
 class EntryPoints {
  public:
   explicit EntryPoints(const LoadedBundle& bundle);
@@ -22,21 +29,30 @@ class EntryPoints {
 
   // Whether the extension bound itself to its host; `path` is its only argument.
   bool Main(const std::string& path) const;
-  std::uint32_t Version() const { return version_(); }
+  std::uint32_t Version() const;
   int Init(std::uint32_t& word) const;
   int Enumerate(int index, MenuItemTexts& texts) const;
   int Invoke(int item, EREGION* region, EREGION* fallback) const;
   int MenuStatus() const;
-  void Terminate() const { terminate_(); }
+  void Terminate() const;
 
  private:
-  decltype(BrevixExtensionMain)* main_ = nullptr;
-  decltype(BrevixExtensionVersion)* version_ = nullptr;
-  decltype(BrevixExtensionInit)* init_ = nullptr;
-  decltype(BrevixExtensionEnumerate_UTF16)* enumerate_ = nullptr;
-  decltype(BrevixExtensionInvoke)* invoke_ = nullptr;
-  decltype(BrevixExtensionTerminate)* terminate_ = nullptr;
-  decltype(BrevixExtensionGetMenuStatus)* menuStatus_ = nullptr;
+  template <class Function>
+  struct EntryPoint {
+    const char* name;
+    Function* address = nullptr;
+
+    template <class... Arguments>
+    auto operator()(Arguments... arguments) const;
+  };
+
+  EntryPoint<decltype(BrevixExtensionMain)> main_{"main"};
+  EntryPoint<decltype(BrevixExtensionVersion)> version_{"BrevixExtensionVersion"};
+  EntryPoint<decltype(BrevixExtensionInit)> init_{"BrevixExtensionInit"};
+  EntryPoint<decltype(BrevixExtensionEnumerate_UTF16)> enumerate_{"BrevixExtensionEnumerate_UTF16"};
+  EntryPoint<decltype(BrevixExtensionInvoke)> invoke_{"BrevixExtensionInvoke"};
+  EntryPoint<decltype(BrevixExtensionTerminate)> terminate_{"BrevixExtensionTerminate"};
+  EntryPoint<decltype(BrevixExtensionGetMenuStatus)> menuStatus_{"BrevixExtensionGetMenuStatus"};
   std::vector<std::string_view> missing_;
 };
 

@@ -7,6 +7,8 @@
 #include <system_error>
 
 #include "host/bundle/createbundle.h"
+#include "host/bundle/thrown.h"
+#include "host/process/whereabouts.h"
 #include "host/text/cfowner.h"
 
 namespace brvhost {
@@ -25,12 +27,22 @@ CFBundleRef BundleAt(const std::string& path) {
 
 LoadedBundle::LoadedBundle(const std::string& path) : path_(path), bundle_(BundleAt(path)) {
   dlerror();
-  Find("main");  // loads the code
-  if (CFBundleIsExecutableLoaded(bundle_)) return;
-  const char* const reason = dlerror();
+  const std::string thrown = LoadCode();
+  if (thrown.empty() && CFBundleIsExecutableLoaded(bundle_)) return;
+  const char* const reason = thrown.empty() ? dlerror() : thrown.c_str();
   CFRelease(bundle_);
   throw BundleError(fmt::format("{}: its code does not load: {}", path,
                                 reason != nullptr ? reason : "there is none for this system"));
+}
+
+std::string LoadedBundle::LoadCode() const {
+  const InExtension here("its constructors");
+  try {
+    Find("main");
+    return "";
+  } catch (...) {
+    return "its constructors threw an exception: " + ThrownText();
+  }
 }
 
 LoadedBundle::~LoadedBundle() { CFRelease(bundle_); }

@@ -30,6 +30,9 @@ class LoadedBundle {
   void* Find(const char* name) const;
 
  private:
+  // Returns what its constructors threw, or nothing.
+  std::string LoadCode() const;
+
   std::string path_;
   CFBundleRef bundle_;
 };

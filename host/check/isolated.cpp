@@ -2,34 +2,40 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
-#include <csignal>
 #include <cstddef>
-#include <cstring>
+#include <random>
 #include <system_error>
 
 #include "host/process/child.h"
+#include "host/process/deadline.h"
 #include "host/process/descriptor.h"
+#include "host/process/guardedchild.h"
+#include "host/process/interrupt.h"
+#include "host/process/whereabouts.h"
 
 namespace brvhost {
 namespace {
 
-// Follows the text, so that a process that ends early cannot pass for one that had nothing to report.
-constexpr char kWhole = '\n';
+// What a pipe holds without a reader.
+constexpr std::size_t kMaxText = 4000;
+
+// Follows the text, so that a process that ends early cannot pass for one that had nothing to report, whatever it
+// writes.
+std::string NewMark() { return fmt::format("/{:08x}", std::random_device()()); }
 
 void Silence() {
   const Descriptor nowhere(open("/dev/null", O_RDWR));
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nowhere.Get(), stream);
 }
 
-int Work(const std::function<std::string()>& work, int descriptor) {
+int Work(const std::function<std::string()>& work, int descriptor, const std::string& mark, Whereabouts& whereabouts) {
   Silence();
-  const std::string text = work() + kWhole;
+  ReportWhereaboutsTo(whereabouts);
+  const std::string text = work().substr(0, kMaxText) + mark;
   for (std::size_t written = 0; written < text.size();) {
     const ssize_t count = write(descriptor, text.data() + written, text.size() - written);
     if (count < 0) break;
@@ -38,24 +44,27 @@ int Work(const std::function<std::string()>& work, int descriptor) {
   return 0;
 }
 
-// All that comes until the end; false when the end does not come in time.
-bool ReadUntil(int descriptor, std::chrono::steady_clock::time_point deadline, std::string& text) {
-  for (;;) {
-    const auto left =
-        std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
-    if (left.count() <= 0) return false;
-    pollfd waiting{descriptor, POLLIN, 0};
-    if (poll(&waiting, 1, static_cast<int>(left.count())) <= 0) continue;
-    char buffer[1024];
-    const ssize_t count = read(descriptor, buffer, sizeof(buffer));
-    if (count == 0) return true;
-    if (count > 0) text.append(buffer, static_cast<std::size_t>(count));
+// All that has been written, by a process that has ended.
+std::string TextIn(int descriptor) {
+  fcntl(descriptor, F_SETFL, O_NONBLOCK);  // something that the process started may hold the other end
+  std::string text;
+  char buffer[1024];
+  for (ssize_t count; (count = read(descriptor, buffer, sizeof(buffer))) > 0;) {
+    text.append(buffer, static_cast<std::size_t>(count));
   }
+  return text;
 }
 
-std::string Ending(int status) {
-  if (WIFSIGNALED(status)) return fmt::format("crashes: signal {} ({})", WTERMSIG(status), strsignal(WTERMSIG(status)));
-  return fmt::format("ends the process, with status {}", WEXITSTATUS(status));
+bool EndsBefore(const Deadline& deadline, const GuardedChild& child) {
+  while (!deadline.HasPassed()) {
+    if (child.WaitForEnd(deadline.LeftMs(kMaxWaitMs))) return true;
+  }
+  return false;
+}
+
+std::string Ending(int status, const Whereabouts& whereabouts) {
+  const char* const verb = WIFSIGNALED(status) ? "crashes" : "ends the process";
+  return fmt::format("{}{}: {}", verb, Describe(whereabouts), EndingOf(status));
 }
 
 }  // namespace
@@ -65,15 +74,17 @@ std::string RunIsolated(const std::function<std::string()>& work, int seconds) {
   if (pipe(ends) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
   const Descriptor from(ends[0]);
   Descriptor to(ends[1]);
-  const pid_t process = StartChild([&] { return Work(work, to.Get()); });
+  const SharedWhereabouts whereabouts(1);
+  const std::string mark = NewMark();
+  GuardedChild child([&] { return Work(work, to.Get(), mark, whereabouts[0]); });
   to = {};
-  std::string text;
-  const bool ended = ReadUntil(from.Get(), std::chrono::steady_clock::now() + std::chrono::seconds(seconds), text);
-  if (!ended) kill(process, SIGKILL);
-  const int status = WaitForChild(process);
-  if (!ended) return fmt::format("does not return within {} seconds", seconds);
-  if (text.ends_with(kWhole)) return text.substr(0, text.size() - 1);
-  return Ending(status);
+  const bool hasEnded = EndsBefore(Deadline(seconds), child);
+  const auto status = hasEnded ? child.Wait() : child.KillAndWait();
+  const std::string where = Describe(whereabouts[0]);
+  if (!hasEnded) return fmt::format("does not return{} within {}", where, SecondsText(seconds));
+  const std::string text = TextIn(from.Get());
+  if (text.ends_with(mark)) return text.substr(0, text.size() - mark.size());
+  return status ? Ending(*status, whereabouts[0]) : "its process was killed";
 }
 
 }  // namespace brvhost

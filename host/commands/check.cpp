@@ -1,27 +1,48 @@
 #include <cstdio>
+#include <exception>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 
 #include "host/bundle/loadedbundle.h"
 #include "host/check/facts.h"
 #include "host/check/isolated.h"
 #include "host/commands/commands.h"
+#include "host/process/confinement.h"
 #include "host/process/exitstatus.h"
 #include "host/process/streams.h"
+#include "host/text/printable.h"
 
 namespace brvhost {
 namespace {
 
-constexpr int kSecondsPerFact = 10;
+// Empty when this system can confine an extension, else why not.
+std::string TryConfinement() {
+  try {
+    Confine();
+    return "";
+  } catch (const std::exception& error) {
+    return error.what();
+  }
+}
 
 }  // namespace
 
 int Check(const Options& options) {
   if (!std::filesystem::is_directory(options.bundle)) throw BundleError(options.bundle + ": there is no such bundle");
+  if (options.checkConfines) {
+    const std::string wrong = RunIsolated(TryConfinement, options.factTimeout);
+    if (!wrong.empty()) throw std::runtime_error(wrong + "; --no-confine checks it all the same");
+  }
   int status = kDone;
   for (const Fact& fact : FactsAbout(options.bundle)) {
-    const std::string wrong = RunIsolated(fact.check, kSecondsPerFact);
-    Print(stdout, "{}  {}{}\n", wrong.empty() ? "ok    " : "FAILED", fact.name, wrong.empty() ? "" : ": " + wrong);
+    const auto check = [&] {
+      if (options.checkConfines) Confine();
+      return fact.check();
+    };
+    const std::string wrong = RunIsolated(check, options.factTimeout);
+    Print(stdout, "{}  {}{}\n", wrong.empty() ? "ok    " : "FAILED", fact.name,
+          wrong.empty() ? "" : ": " + Printable(wrong));
     std::fflush(stdout);
     if (wrong.empty()) continue;
     status = kFailed;

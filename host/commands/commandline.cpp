@@ -28,6 +28,10 @@ void AddSize(CLI::App& command, const char* name, Size& size, const char* about)
       ->type_name("SIZE");
 }
 
+void AddConfinement(CLI::App& command, bool& confines, const char* names) {
+  command.add_flag(names, confines, "Let the extension write no file, use no network and start no program");
+}
+
 void AddScores(CLI::App& command, Options& options) {
   command.add_option("SCORE", options.scores, "MusicXML: .musicxml, .xml or .mxl")->required()->type_name("");
   AddSize(command, "--max-size", options.maxSize,
@@ -75,6 +79,7 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
 
   CLI::App& items = *app->add_subcommand("items", kItemsAbout);
   AddBundle(items, options);
+  AddConfinement(items, options.confines, "--confine");
   items.footer(kItemsFooter);
 
   CLI::App& info = *app->add_subcommand("info", kInfoAbout);
@@ -94,10 +99,20 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   run.add_option("--jobs", options.jobs, "Work on up to N scores at a time; a single score has all processors")
       ->type_name("N")
       ->check(CLI::Range(1, 256).description(""));
+  run.add_option(
+         "--timeout", options.timeout,
+         "End the work of the extension on a score, or the reading of one, that takes longer; by default nothing does")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(1, 1'000'000).description(""));
+  AddConfinement(run, options.confines, "--confine");
   run.footer(kRunFooter);
 
   CLI::App& check = *app->add_subcommand("check", kCheckAbout);
   AddBundle(check, options);
+  check.add_option("--timeout", options.factTimeout, "What takes longer has failed (10)")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(1, 1'000'000).description(""));
+  AddConfinement(check, options.checkConfines, "--confine,!--no-confine");
   check.footer(kCheckFooter);
   return app;
 }

@@ -8,7 +8,7 @@ inline constexpr const char* kAbout =
 
 inline constexpr const char* kCommonFooter = R"(EXIT STATUS
   0    done
-  1    a result could not be written, an extension crashed, or a check failed
+  1    a result could not be written, an extension failed, or a check failed
   2    bad usage, or a score that cannot be used
   3    a bundle that cannot be used
   130  interrupted
@@ -20,6 +20,7 @@ EXAMPLES
 
 inline constexpr const char* kItemsFooter = R"(EXIT STATUS
   0    done
+  1    the extension failed when it was ended
   3    a bundle that cannot be used)";
 
 inline constexpr const char* kInfoFooter = R"(EXIT STATUS
@@ -34,8 +35,7 @@ inline constexpr const char* kItemsAbout =
 inline constexpr const char* kInfoAbout =
     "Reports what each score holds: its parts with their staves, the number of measures and layers, its entries "
     "(notes, chords and rests), how many of them have hidden ledger lines, and each chord of which only some notes "
-    "have: "
-    "its staff, measure, layer and position in quarter notes.";
+    "have: its staff, measure, layer and position in quarter notes.";
 
 inline constexpr const char* kRunAbout =
     "Runs one menu item of an extension on each score, and writes the result. A result differs from its score in the "
@@ -55,8 +55,16 @@ inline constexpr const char* kRunFooter = R"(THE REGION
 
 WHILE IT RUNS
   On a terminal, a bar shows the progress. Ctrl-C is to the extension what Command-period is in the application: it
-  ends, nothing is written, and the exit status is 130. A second Ctrl-C does not wait for the extension.
-  Questions are asked on the terminal; without one the answer is no, or yes with --yes.
+  ends, nothing is written, and the exit status is 130. A second Ctrl-C does not wait for the extension, and ends
+  whatever it has started; so do SIGTERM and a terminal that hangs up. Questions are asked on the terminal; without one
+  the answer is no, or yes with --yes.
+
+  The extension runs in a process that opens no score: one that crashes, hangs (--timeout) or misbehaves costs one
+  score, which stays as it is. With --confine it may read files, but write none, use no network and start no program;
+  it may still send signals to other processes of yours. What it prints is shown on the standard error, under its name.
+
+  Hiding and showing ledger lines is all that a score can take. When the extension changes anything else, such as the
+  notes of an entry or their positions, nothing is written, and the exit status is 1.
 
 FILES
   A result is written beside its target and takes the target's name when it is complete, so that a failure leaves the
@@ -71,7 +79,8 @@ FILES
 
 EXIT STATUS
   0    done, whether or not anything changed
-  1    a result could not be written, the extension crashed, or a score needs too much memory; the other scores are done
+  1    a result could not be written, the extension failed or changed what a score cannot take, or a score needs too
+       much memory; the other scores are done
   2    bad usage, or a score that cannot be used; the other scores are done
   3    a bundle that cannot be used
   130  interrupted
@@ -83,8 +92,9 @@ EXAMPLES
     brvhost run LegerLines.bundle --item 1 --all --in-place --jobs 2 scores/*.mxl)";
 
 inline constexpr const char* kCheckAbout =
-    "Checks an extension against the calling convention, in a process of its own: what it exports, its version, its "
-    "menu items, and what it does with right and wrong calls. Prints one line for each fact: ok, or what went wrong.";
+    "Checks an extension against the calling convention, in a process of its own that may write no file, use no "
+    "network and start no program: what it exports, its version, its menu items, and what it does with right and wrong "
+    "calls. Prints one line for each fact: ok, or what went wrong.";
 
 inline constexpr const char* kCheckFooter = R"(EXIT STATUS
   0    every fact holds

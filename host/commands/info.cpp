@@ -17,6 +17,7 @@
 #include "host/score/mixedchords.h"
 #include "host/score/score.h"
 #include "host/text/inputerror.h"
+#include "host/text/printable.h"
 
 namespace brvhost {
 namespace {
@@ -26,12 +27,7 @@ std::string StavesOf(const ScorePart& part) {
   return part.staves == 1 ? fmt::format("staff {}", last) : fmt::format("staves {}-{}", part.firstStaff, last);
 }
 
-// A name may have line breaks, or anything else that would garble the screen.
-std::string OnOneLine(std::string text) {
-  const auto isControl = [](unsigned char byte) { return byte < 0x20 || byte == 0x7F; };
-  std::ranges::replace_if(text, isControl, ' ');
-  return text;
-}
+void Complain(const std::string& text) { Print(stderr, "brvhost: {}\n", Printable(text)); }
 
 // Layers count from 1 here, as on the command line.
 void PrintMixedChords(const Score& score) {
@@ -47,11 +43,11 @@ void PrintScore(const ScoreFile& file) {
   const Score& score = file.GetScore();
   const auto hidden = std::ranges::count_if(score.entries, &ScoreEntry::hidden);
   const auto rests = std::ranges::count_if(score.entries, &ScoreEntry::isRest);
-  Print(stdout, "{}\n", file.Path());
+  Print(stdout, "{}\n", Printable(file.Path()));
   Print(stdout, "  parts     {}\n", score.parts.size());
   for (const ScorePart& part : score.parts) {
     const std::string name = part.names.name.empty() ? "" : "  " + part.names.name;
-    Print(stdout, "            {}\n", OnOneLine(part.id + "  " + StavesOf(part) + name));
+    Print(stdout, "            {}\n", Printable(part.id + "  " + StavesOf(part) + name));
   }
   Print(stdout, "  staves    {}\n  measures  {}\n  layers    {}\n", score.staves, score.measures, score.layers);
   Print(stdout, "  entries   {}, {} of them rests\n", score.entries.size(), rests);
@@ -62,7 +58,7 @@ void PrintScore(const ScoreFile& file) {
 
 void PrintWarnings(const ScoreFile& file) {
   for (const ScoreWarning& warning : file.GetScore().warnings) {
-    Print(stderr, "brvhost: {}\n", Located(file.Path(), {warning.line, warning.column}, "warning: " + warning.text));
+    Complain(Located(file.Path(), {warning.line, warning.column}, "warning: " + warning.text));
   }
 }
 
@@ -85,10 +81,10 @@ int ShowInfo(const Options& options) {
     try {
       ShowScore(path, options);
     } catch (const InputError& error) {
-      Print(stderr, "brvhost: {}\n", Located(path, error.place, error.what()));
+      Complain(Located(path, error.place, error.what()));
       status = kBadInput;
     } catch (const MemoryError& error) {
-      Print(stderr, "brvhost: {}: {}\n", path, error.what());
+      Complain(path + ": " + error.what());
       status = std::max<int>(status, kFailed);
     }
   }

@@ -1,20 +1,31 @@
+#include <algorithm>
 #include <cstdio>
 
-#include "host/bundle/extension.h"
+#include "host/batch/extensionprocess.h"
+#include "host/batch/job.h"
 #include "host/commands/commands.h"
 #include "host/process/exitstatus.h"
+#include "host/process/interrupt.h"
 #include "host/process/streams.h"
+#include "host/process/terminal.h"
+#include "host/text/printable.h"
 
 namespace brvhost {
 
 int ListItems(const Options& options) {
-  const Extension extension(options.bundle);
+  CountInterrupts();
+  Terminal terminal;
+  JobSettings settings;
+  settings.confine = options.confines;
+  ExtensionProcess extension(options.bundle, settings, 0, terminal);
+  const auto offer = extension.WaitForOffer();
+  if (!offer) return kInterrupted;
   int number = 0;
-  for (const MenuItem& item : extension.Items()) {
-    Print(stdout, "{}\t{}\t{}\t{}\n", number++, item.name, item.undoName, item.explanation);
+  for (const MenuItem& item : offer->items) {
+    Print(stdout, "{}\t{}\t{}\t{}\n", number++, Printable(item.name), Printable(item.undoName),
+          Printable(item.explanation));
   }
-  extension.Terminate();
-  return kDone;
+  return extension.Finish() ? kDone : kFailed;
 }
 
 }  // namespace brvhost

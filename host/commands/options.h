@@ -30,6 +30,10 @@ struct Options {
 
   bool yes = false;
   int jobs = 1;
+  std::optional<int> timeout;  // seconds a score
+  int factTimeout = 10;        // seconds a fact
+  bool confines = false;       // whether `run` and `items` confine the extension
+  bool checkConfines = true;   // whether `check` does
   std::uint64_t maxSize = kDefaultMaxSize;
   std::optional<std::uint64_t> maxMemory;  // as the score's size demands when null
 };

@@ -1,18 +1,24 @@
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <filesystem>
 #include <iterator>
 #include <string>
 #include <system_error>
 #include <vector>
 
+#include "host/batch/extensionprocess.h"
 #include "host/batch/job.h"
+#include "host/batch/offer.h"
 #include "host/batch/pool.h"
-#include "host/bundle/extension.h"
+#include "host/bundle/bundlename.h"
 #include "host/bundle/loadedbundle.h"
 #include "host/commands/commands.h"
 #include "host/commands/regionoptions.h"
 #include "host/commands/targets.h"
+#include "host/process/exitstatus.h"
+#include "host/process/interrupt.h"
 #include "host/process/processors.h"
 #include "host/process/terminal.h"
 
@@ -27,37 +33,46 @@ void MakeOutputFolder(const std::string& folder) {
   if (error) throw UsageError(fmt::format("--out-dir {}: {}", folder, error.message()));
 }
 
-void CheckItem(const Extension& extension, const Options& options) {
-  const auto count = std::ssize(extension.Items());
+void CheckItem(const Offer& offer, const Options& options) {
+  const auto count = std::ssize(offer.items);
   if (options.item < 0 || options.item >= count) {
     throw UsageError(fmt::format("--item {}: the extension has {} items, from 0", options.item, count));
   }
-  if (extension.MenuStatus() == 0) throw BundleError(options.bundle + ": the extension's menu items are disabled");
+  if (!offer.isEnabled) throw BundleError(options.bundle + ": the extension's menu items are disabled");
 }
 
 }  // namespace
 
 int Run(const Options& options) {
   JobSettings settings;
+  settings.extension = NameOfBundle(options.bundle);
   settings.item = options.item;
   settings.region = RegionOptions(options);
-  settings.shownLayers = settings.region.layers;
   settings.agree = options.yes;
   settings.maxSize = options.maxSize;
   settings.maxMemory = options.maxMemory;
+  settings.secondsAScore = options.timeout;
+  settings.confine = options.confines;
   Terminal terminal;
   CheckSelection(settings.region, options, terminal);
   const std::vector<Job> jobs = JobsOf(options);
   // Several scores share the processors, as --jobs allows.
   if (jobs.size() == 1) settings.readers = Processors();
 
-  const Extension extension(options.bundle);
-  CheckItem(extension, options);
+  CountInterrupts();
+  const std::size_t parallel = std::min(jobs.size(), static_cast<std::size_t>(options.jobs));
+  ExtensionProcess extension(options.bundle, settings, parallel, terminal);
+  Pool pool(jobs, settings, extension, terminal, parallel);
+  pool.Prepare();
+  const auto offer = extension.WaitForOffer();
+  if (!offer) return kInterrupted;
+  CheckItem(*offer, options);
   MakeOutputFolder(options.outputFolder);
   RemoveLeftovers(jobs);
-  const int status = Pool(extension, settings, terminal).Run(jobs, options.jobs);
-  extension.Terminate();
-  return status;
+  const int status = pool.Run();
+  const bool isFinished = extension.Finish();
+  if (InterruptCount() > 0) return kInterrupted;
+  return isFinished ? status : std::max<int>(status, kFailed);
 }
 
 }  // namespace brvhost

@@ -4,6 +4,7 @@
 #include <sys/types.h>
 
 #include <functional>
+#include <string>
 
 namespace brvhost {
 
@@ -13,5 +14,8 @@ pid_t StartChild(const std::function<int()>& work);
 
 // Waits for the end of a process, and returns its status as waitpid gives it.
 int WaitForChild(pid_t process);
+
+// How a process ended, by its status: "signal 11 (Segmentation fault)", "status 3".
+std::string EndingOf(int status);
 
 }  // namespace brvhost

@@ -1,30 +1,20 @@
 #include "host/process/interrupt.h"
 
-#include <unistd.h>
-
 #include <csignal>
 #include <initializer_list>
 
 #include "host/process/cancelkeys.h"
-#include "host/process/exitstatus.h"
 
 namespace brvhost {
 namespace {
 
 volatile std::sig_atomic_t interrupts = 0;
-void (*cleanUpAtEnd)() = nullptr;
 
 void OnInterrupt(int) { interrupts = interrupts + 1; }
 
-void OnInterruptOfExtension(int) {
-  interrupts = interrupts + 1;
-  HoldCancelKeys();
-}
+void OnEnd(int) { interrupts = 2; }
 
-void OnEndOfExtension(int) {
-  cleanUpAtEnd();
-  _exit(kInterrupted);
-}
+void OnInterruptOfExtension(int) { HoldCancelKeys(); }
 
 void Handle(int signal, void (*handler)(int)) {
   struct sigaction action = {};
@@ -33,20 +23,21 @@ void Handle(int signal, void (*handler)(int)) {
   sigaction(signal, &action, nullptr);
 }
 
+bool IsIgnored(int signal) {
+  struct sigaction action = {};
+  return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 }  // namespace
 
 void CountInterrupts() {
-  for (const int signal : {SIGINT, SIGHUP, SIGTERM, SIGQUIT}) Handle(signal, OnInterrupt);
+  if (!IsIgnored(SIGINT)) Handle(SIGINT, OnInterrupt);
+  for (const int signal : {SIGHUP, SIGTERM, SIGQUIT}) {
+    if (!IsIgnored(signal)) Handle(signal, OnEnd);
+  }
 }
 
-void PressCancelKeysOnInterrupt(void (*cleanUp)()) {
-  cleanUpAtEnd = cleanUp;
-  Handle(SIGINT, OnInterruptOfExtension);
-  Handle(SIGHUP, OnInterruptOfExtension);
-  Handle(SIGTERM, OnEndOfExtension);
-  Handle(SIGQUIT, OnEndOfExtension);
-  if (interrupts > 0) HoldCancelKeys();
-}
+void PressCancelKeysOnInterrupt() { Handle(SIGINT, OnInterruptOfExtension); }
 
 int InterruptCount() { return interrupts; }
 

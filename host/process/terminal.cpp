@@ -10,6 +10,7 @@
 
 #include "host/process/interrupt.h"
 #include "host/process/streams.h"
+#include "host/text/printable.h"
 
 namespace brvhost {
 namespace {
@@ -18,7 +19,8 @@ constexpr int kBarWidth = 40;
 
 std::string BarOf(std::int64_t done, std::int64_t total) {
   const std::int64_t part = total <= 0 ? 0 : std::clamp<std::int64_t>(done, 0, total);
-  const auto filled = static_cast<std::size_t>(total <= 0 ? 0 : part * kBarWidth / total);
+  const auto filled =
+      static_cast<std::size_t>(total <= 0 ? 0 : static_cast<double>(part) / static_cast<double>(total) * kBarWidth);
   return fmt::format("[{}{}] {}/{}", std::string(filled, '#'), std::string(kBarWidth - filled, ' '), done, total);
 }
 
@@ -46,17 +48,21 @@ Terminal::~Terminal() { ClearBar(); }
 void Terminal::PrintLine(const std::string& line) {
   const std::string bar = bar_;
   ClearBar();
-  Print(stdout, "{}\n", line);
+  Print(stdout, "{}\n", Printable(line));
   std::fflush(stdout);
   if (bar.empty()) return;
   Print(stderr, "{}", bar);
   bar_ = bar;
 }
 
-void Terminal::PrintError(const std::string& line) {
+void Terminal::PrintError(const std::string& line) { PrintBeside("brvhost: " + line); }
+
+void Terminal::PrintForeign(const std::string& line) { PrintBeside(line); }
+
+void Terminal::PrintBeside(const std::string& line) {
   const std::string bar = bar_;
   ClearBar();
-  Print(stderr, "brvhost: {}\n{}", line, bar);
+  Print(stderr, "{}\n{}", Printable(line), bar);
   bar_ = bar;
 }
 
@@ -76,7 +82,7 @@ void Terminal::ClearBar() {
 bool Terminal::Ask(const std::string& question) {
   if (!canAsk_) return false;
   ClearBar();
-  Print(stderr, "{} [y/N] ", question);
+  Print(stderr, "{} [y/N] ", Printable(question));
   const std::string answer = TypedLine();
   if (answer.empty()) Print(stderr, "\n");
   return answer.starts_with('y') || answer.starts_with('Y');

@@ -11,9 +11,11 @@ class Terminal {
   Terminal();
   ~Terminal();
 
-  // Whole lines, above the bar; an error begins with "brvhost: ".
+  // Whole lines, above the bar. Whatever in them a terminal would obey is left out. An error begins with "brvhost: ";
+  // what an extension prints comes beside the errors, so that the results stay the program's own.
   void PrintLine(const std::string& line);
   void PrintError(const std::string& line);
+  void PrintForeign(const std::string& line);
 
   // Draws the bar, on a terminal only. It stays until it is set again or cleared, or a question is asked.
   void SetBar(std::int64_t done, std::int64_t total);
@@ -25,6 +27,8 @@ class Terminal {
   bool Ask(const std::string& question);
 
  private:
+  void PrintBeside(const std::string& line);
+
   bool showsBar_;
   bool canAsk_;
   std::string bar_;  // as it stands on the screen

@@ -11,11 +11,13 @@ using brvhost::Session;
 
 // Shows what `textOf` makes of the text, or the text of the ID where the text is null.
 template <class TextOf>
-short16 ShowAlert(int kind, int32 stringID, const void* text, const TextOf& textOf) {
-  return Serve(0, [&](Session& session) {
+short16 ShowAlert(int kind, int32 stringID, const void* text, const TextOf& textOf,
+                  const char* name = __builtin_FUNCTION()) {
+  const auto show = [&](Session& session) {
     if (text == nullptr) return session.AlertWithID(ZeroExtend16(kind), stringID);
     return session.Alert(ZeroExtend16(kind), textOf(text));
-  });
+  };
+  return Serve(0, show, name);
 }
 
 }  // namespace

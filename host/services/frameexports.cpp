@@ -10,11 +10,12 @@ namespace {
 using brvhost::Serve;
 using brvhost::Session;
 
-HostResult StartEdit() {
-  return Serve<HostResult>(0, [](Session& session) {
+HostResult StartEdit(const char* name = __builtin_FUNCTION()) {
+  const auto start = [](Session& session) {
     session.Document().StartEdit();
     return true;
-  });
+  };
+  return Serve<HostResult>(0, start, name);
 }
 
 }  // namespace

@@ -18,9 +18,10 @@ constexpr uint32 kMaxRecordSize = 1 << 24;
 
 // What `work` returns for the document's records.
 template <class Work>
-short16 ServeRecords(const EDataKey* key, const Work& work) {
+short16 ServeRecords(const EDataKey* key, const Work& work, const char* name = __builtin_FUNCTION()) {
   if (key == nullptr) return 0;
-  return Serve(0, [&](Session& session) { return work(session.Document().Records()); });
+  const auto serve = [&](Session& session) { return work(session.Document().Records()); };
+  return Serve(0, serve, name);
 }
 
 // Copies as much as fits into `size` bytes.

@@ -1,12 +1,15 @@
 #include "host/batch/channel.h"
 
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
 #include <string>
+#include <string_view>
+#include <thread>
 #include <variant>
 #include <vector>
 
@@ -17,39 +20,93 @@ namespace {
 struct Describe {
   std::string operator()(const AlertMessage& message) const { return "alert " + message.text; }
   std::string operator()(const QuestionMessage& message) const { return "question " + message.text; }
-  std::string operator()(const WarningMessage& message) const { return "warning " + message.text; }
   std::string operator()(const ProgressMessage& message) const {
     return "progress " + std::to_string(message.done) + " of " + std::to_string(message.total);
   }
   std::string operator()(const ProgressEndMessage&) const { return "end of progress"; }
+  std::string operator()(const AnswerMessage& message) const { return "answer " + std::to_string(message.yes); }
+  std::string operator()(const DocumentMessage& message) const { return "document " + message.text; }
+  std::string operator()(const ResultMessage& message) const { return "result " + message.text; }
+  std::string operator()(const WarningMessage& message) const { return "warning " + message.text; }
   std::string operator()(const BadInputMessage& message) const { return "bad input " + message.text; }
   std::string operator()(const FailureMessage& message) const { return "failure " + message.text; }
   std::string operator()(const DoneMessage& message) const {
     return "done " + std::to_string(message.changedEntries) + " of " + std::to_string(message.entries) + ", written " +
            std::to_string(message.filesWritten);
   }
+  std::string operator()(const LostMessage&) const { return "lost"; }
+  std::string operator()(const JobMessage& message) const { return "job " + std::to_string(message.job); }
+  std::string operator()(const WorkerEndedMessage&) const { return "worker ended"; }
+  std::string operator()(const HandedOutMessage&) const { return "handed out"; }
+  std::string operator()(const HandedBackMessage&) const { return "handed back"; }
+  std::string operator()(const OfferMessage& message) const { return "offer " + message.text; }
+  std::string operator()(const BadBundleMessage& message) const { return "bad bundle " + message.text; }
+  std::string operator()(const EndedMessage& message) const {
+    return "ended " + std::to_string(message.job) + " with " + std::to_string(message.status);
+  }
+  std::string operator()(const StartMessage& message) const {
+    return "start " + std::to_string(message.job) + " in " + std::to_string(message.slot);
+  }
+  std::string operator()(const InterruptMessage&) const { return "interrupt"; }
+  std::string operator()(const EndMessage& message) const {
+    return "end " + std::to_string(message.job) + (message.atOnce != 0 ? " at once" : "");
+  }
 };
 
-// One of each kind.
+// One of each kind, in their order.
 std::vector<Message> AllMessages() {
   return {AlertMessage{std::string("No \0 ledger lines\n", 18)},
           QuestionMessage{""},
-          WarningMessage{"a.xml:2:1: warning"},
           ProgressMessage{-1, INT64_MAX},
           ProgressEndMessage{},
+          AnswerMessage{1},
+          DocumentMessage{"image"},
+          ResultMessage{"bits"},
+          WarningMessage{"a.xml:2:1: warning"},
           BadInputMessage{"a.xml: is empty"},
           FailureMessage{"a.xml: cannot write"},
-          DoneMessage{7, UINT64_MAX, 1}};
+          DoneMessage{7, UINT64_MAX, 1},
+          LostMessage{},
+          JobMessage{3},
+          WorkerEndedMessage{},
+          HandedOutMessage{},
+          HandedBackMessage{},
+          OfferMessage{"1"},
+          BadBundleMessage{"a.bundle: is none"},
+          EndedMessage{3, -1},
+          StartMessage{4, 2},
+          InterruptMessage{},
+          EndMessage{5, 1}};
 }
 
 const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger lines\n", 24),
                                                 "question ",
-                                                "warning a.xml:2:1: warning",
                                                 "progress -1 of 9223372036854775807",
                                                 "end of progress",
+                                                "answer 1",
+                                                "document image",
+                                                "result bits",
+                                                "warning a.xml:2:1: warning",
                                                 "bad input a.xml: is empty",
                                                 "failure a.xml: cannot write",
-                                                "done 7 of 18446744073709551615, written 1"};
+                                                "done 7 of 18446744073709551615, written 1",
+                                                "lost",
+                                                "job 3",
+                                                "worker ended",
+                                                "handed out",
+                                                "handed back",
+                                                "offer 1",
+                                                "bad bundle a.bundle: is none",
+                                                "ended 3 with -1",
+                                                "start 4 in 2",
+                                                "interrupt",
+                                                "end 5 at once"};
+
+TEST(Messages, AreAllOfTheseKinds) {
+  const auto messages = AllMessages();
+  ASSERT_EQ(messages.size(), std::variant_size_v<Message>);
+  for (std::size_t i = 0; i < messages.size(); ++i) EXPECT_EQ(messages[i].index(), i);
+}
 
 TEST(Channel, PassesEveryMessageOnWhole) {
   auto [here, there] = ConnectedChannels();
@@ -64,14 +121,12 @@ TEST(Channel, PassesEveryMessageOnWhole) {
 
 TEST(Channel, PassesATextOnThatIsLongerThanOneRead) {
   auto [here, there] = ConnectedChannels();
-  const std::string text(20'000, 'x');
-  there.Send(AlertMessage{text});
-  there = {};
-  std::vector<std::string> received;
-  while (here.Fill()) {
-    while (const auto message = here.Next()) received.push_back(std::get<AlertMessage>(*message).text);
-  }
-  EXPECT_EQ(received, std::vector<std::string>{text});
+  const std::string text(200'000, 'x');
+  std::thread sender([&text, &channel = there] { EXPECT_TRUE(channel.Send(AlertMessage{text})); });
+  const auto message = here.Receive();
+  sender.join();
+  ASSERT_TRUE(message);
+  EXPECT_EQ(std::get<AlertMessage>(*message).text, text);
 }
 
 TEST(Channel, PassesOverWhatIsNoMessage) {
@@ -87,24 +142,60 @@ TEST(Channel, PassesOverWhatIsNoMessage) {
   EXPECT_EQ(std::visit(Describe(), *message), "alert kept");
 }
 
-TEST(Channel, BringsTheAnswerBack) {
-  for (const bool yes : {true, false}) {
-    auto [here, there] = ConnectedChannels();
-    here.SendAnswer(yes);
-    EXPECT_EQ(there.ReceiveAnswer(), yes);
-  }
+TEST(Channel, PassesDescriptorsOn) {
+  auto [here, there] = ConnectedChannels();
+  auto [near, far] = ConnectedChannels();
+  ASSERT_TRUE(there.Send(JobMessage{1}, {far.Get()}));
+  far = {};
+  ASSERT_TRUE(here.Receive());
+  const Channel passed(here.TakeDescriptor());
+  ASSERT_TRUE(passed.Send(LostMessage{}));
+  EXPECT_TRUE(near.Receive());
+  EXPECT_FALSE(here.TakeDescriptor());
 }
 
-TEST(Channel, TakesNoAnswerForNo) {
+TEST(Channel, HasNothingToReceiveAtTheEnd) {
   auto [here, there] = ConnectedChannels();
+  EXPECT_FALSE(here.HasMore());
+  there = {};
+  EXPECT_TRUE(here.HasMore());
+  EXPECT_FALSE(here.Receive());
+  EXPECT_FALSE(here.Send(LostMessage{}));
+}
+
+TEST(Channel, SendsNothingToAnotherFileOfItsNumber) {
+  auto [here, there] = ConnectedChannels();
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  const Descriptor reader(ends[0]);
+  const Descriptor writer(ends[1]);
+  ASSERT_EQ(dup2(writer.Get(), there.Get()), there.Get());
+  EXPECT_FALSE(there.Send(LostMessage{}));
+  pollfd waiting = {reader.Get(), POLLIN, 0};
+  EXPECT_EQ(poll(&waiting, 1, 0), 0);
+}
+
+TEST(Channel, TakesNeitherDescriptorsNorTooLongMessagesFromWhomItDistrusts) {
+  auto [here, there] = ConnectedChannels();
+  here.Distrust(100);
+  ASSERT_TRUE(there.Send(AlertMessage{"text"}, {STDIN_FILENO}));
+  ASSERT_TRUE(here.Receive());
+  EXPECT_FALSE(here.TakeDescriptor());
+  std::thread sender([&channel = there] {
+    while (channel.Send(AlertMessage{std::string(1'000'000, 'x')})) continue;
+  });
+  EXPECT_FALSE(here.Receive());
   here = {};
-  EXPECT_FALSE(there.ReceiveAnswer());
+  sender.join();
 }
 
 TEST(Messages, AreWholeOnceTheirLastByteIsThere) {
   for (const Message& message : AllMessages()) {
     const std::string bytes = Encode(message);
-    for (std::size_t size = 0; size < bytes.size(); ++size) EXPECT_FALSE(EncodedSize(bytes.substr(0, size))) << size;
+    for (std::size_t size = 0; size < bytes.size(); ++size) {
+      const auto known = EncodedSize(std::string_view(bytes).substr(0, size));
+      EXPECT_TRUE(!known || *known == bytes.size()) << size;
+    }
     EXPECT_EQ(EncodedSize(bytes), bytes.size());
     EXPECT_EQ(EncodedSize(bytes + bytes), bytes.size());
   }

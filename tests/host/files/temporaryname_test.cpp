@@ -1,6 +1,7 @@
 #include "host/files/temporaryname.h"
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,7 +9,6 @@
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <string>
 #include <utility>
 
@@ -35,12 +35,12 @@ class AbandonedFiles : public TemporaryFolder {
   // A name of this process with another text in one of its parts.
   static std::string NameWith(Part part, const std::string& text) {
     const std::string name = TemporaryName();
-    std::smatch parts;
-    const std::regex form(R"(\.brvhost-([0-9a-f]{16})-([0-9a-f]{16})-(\d+)-(\d+)-\d+)");
-    EXPECT_TRUE(std::regex_match(name, parts, form)) << name;
-    EXPECT_NE(parts.str(part), text);
-    const auto place = static_cast<std::size_t>(parts.position(part));
-    return std::string(name).replace(place, parts.str(part).size(), text);
+    EXPECT_THAT(name, testing::ContainsRegex("^\\.brvhost-[0-9a-f]{16}-[0-9a-f]{16}-[0-9]+-[0-9]+-[0-9]+$"));
+    std::size_t start = 0;
+    for (int i = 0; i < part; ++i) start = name.find('-', start) + 1;
+    const std::size_t size = name.find('-', start) - start;
+    EXPECT_NE(name.substr(start, size), text);
+    return std::string(name).replace(start, size, text);
   }
 
   // A name of a process that has ended, and that is still in the system's list until it is waited for.

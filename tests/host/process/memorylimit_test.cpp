@@ -73,7 +73,7 @@ TEST_F(MemoryLimits, LeaveOutTheStacksOfThreads) {
 }
 
 TEST_F(MemoryLimits, EndWithTheObject) {
-  { const MemoryLimit limit(kMegabyte, 0); }
+  std::make_unique<MemoryLimit>(kMegabyte, 0).reset();
   EXPECT_NO_THROW(Take(200 * kMegabyte));
 }
 

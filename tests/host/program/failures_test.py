@@ -15,7 +15,7 @@ class Failures(Case):
 
     def test_of_the_extension_leave_the_score_whole(self):
         process = run(0, "--all", "--in-place", self.score, bundle=faulty("crashes_when_invoked"))
-        self.fails(process, 1, "score.musicxml: the extension crashed", "Aborted")
+        self.fails(process, 1, "score.musicxml: the extension crashes_when_invoked crashed", "Aborted")
         self.assertEqual(self.score.read_text(), score())
 
     def test_of_the_extension_cost_one_score_each(self):
@@ -52,7 +52,8 @@ class Failures(Case):
         process = subprocess.run(["bash", "-c", limit + 'exec "$@"', "bash", PROGRAM, "run",
                                   faulty("saves_beyond_memory"), "--item", "0", "--all", "--in-place", str(self.score)],
                                  capture_output=True, text=True, timeout=60)
-        self.fails(process, 1, "score.musicxml: there is not enough memory for this score")
+        self.fails(process, 1, "score.musicxml: the extension saves_beyond_memory failed: there is not enough memory for this score; "
+                   "nothing was written")
         self.assertEqual(process.stdout, "the host returned 0\n")
         self.assertEqual(self.score.read_text(), score())
 
@@ -84,6 +85,27 @@ class Interrupts(Case):
         out, _ = process.communicate(timeout=30)
         self.assertEqual(process.returncode, 130)
         self.assertIn("5 scores: 0 changed, 0 unchanged, 0 failed, 5 not run", out)
+
+    def test_by_a_request_to_end_do_not_wait_for_the_extension(self):
+        for number in (signal.SIGTERM, signal.SIGHUP):
+            with self.subTest(number):
+                process = self.start("ignores_cancel", self.score)
+                process.send_signal(number)
+                process.communicate(timeout=30)
+                self.assertEqual(process.returncode, 130)
+                self.assertEqual(self.score.read_text(), score())
+
+    def test_that_are_ignored_stay_so(self):
+        command = [PROGRAM, "run", faulty("works_until_cancelled"), "--item", "0", "--all", "--in-place", str(self.score)]
+        process = subprocess.Popen(["nohup", *command], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                   stderr=subprocess.PIPE, text=True)
+        self.assertIn("working", process.stdout.readline())
+        process.send_signal(signal.SIGHUP)
+        time.sleep(0.3)
+        self.assertIsNone(process.poll())
+        process.send_signal(signal.SIGINT)
+        process.communicate(timeout=30)
+        self.assertEqual(process.returncode, 130)
 
     def test_a_second_time_do_not_wait_for_the_extension(self):
         process = self.start("ignores_cancel", self.score)

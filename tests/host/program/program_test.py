@@ -257,7 +257,6 @@ class BadUsage(Case):
             self.refuses("brvhost: nothing is selected, and there is no terminal to ask on: name a region (--staves, --measures, "
                          "--start-at, --end-at, --layers), take the whole score (--all), or agree to every question (--yes)\n",
                          HIDE, path, "--out-dir", self.folder / "new")
-
     def test_writes_to_no_score_without_being_asked_to(self):
         other = self.write("other.musicxml", score())
         folder = self.folder / "results"
@@ -311,6 +310,24 @@ class Streams(Case):
             self.assertEqual((process.returncode, process.stderr),
                              (1, "brvhost: the standard output cannot be written\n"))
 
+    def test_that_are_closed_do_not_stop_the_work(self):
+        for streams in ("<&-", ">&-", "2>&-", "<&- >&- 2>&-"):
+            for count in (1, 3):
+                with self.subTest(streams=streams, count=count):
+                    scores = [self.write(f"{number}.musicxml", score()) for number in range(count)]
+                    process = subprocess.run(["bash", "-c", f'exec "$@" {streams}', "bash", PROGRAM, "run", LEGER_LINES,
+                                              "--item", "0", "--all", "--in-place", *map(str, scores)],
+                                             stdin=subprocess.DEVNULL, capture_output=True, timeout=60)
+                    self.assertEqual(process.returncode, 0)
+                    self.assertEqual([path.read_text() for path in scores], [score(HIDDEN_NOTE)] * count)
+
+    def test_that_nobody_reads_any_more_do_not_stop_the_work(self):
+        scores = [self.write(f"{number}.musicxml", score()) for number in range(20)]
+        process = subprocess.run(["bash", "-c", '"$@" | true; exit ${PIPESTATUS[0]}', "bash", PROGRAM, "run",
+                                  faulty("shows_terminal_controls"), "--item", "0", "--all", "--in-place", *map(str, scores)],
+                                 stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=60)
+        self.assertEqual((process.returncode, process.stderr), (1, "brvhost: the standard output cannot be written\n"))
+
     def test_that_lose_messages_do_not_stop_the_work(self):
         bad = self.write("bad.musicxml", "<nothing/>")
         good = self.write("good.musicxml", score())
@@ -323,7 +340,7 @@ class Streams(Case):
     @unittest.skipIf(SANITIZED, "the sanitizer needs descriptors of its own")
     def test_have_too_few_descriptors_for_all_jobs(self):
         scores = [self.write(f"{number}.musicxml", score()) for number in range(8)]
-        process = subprocess.run(["bash", "-c", 'ulimit -n 9; exec "$@"', "bash", PROGRAM, "run", LEGER_LINES, "--item", "0",
+        process = subprocess.run(["bash", "-c", 'ulimit -n 13; exec "$@"', "bash", PROGRAM, "run", LEGER_LINES, "--item", "0",
                                   "--all", "--in-place", "--jobs", "8", *map(str, scores)],
                                  stdin=subprocess.DEVNULL, capture_output=True, text=True, timeout=60)
         self.succeeds(process)

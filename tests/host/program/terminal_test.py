@@ -1,7 +1,6 @@
 """brvhost on a terminal: questions, bars, Ctrl-C."""
 
 import os
-import pathlib
 import pty
 import re
 import select
@@ -9,7 +8,7 @@ import signal
 import time
 import unittest
 
-from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, PROGRAM, faulty, run, score)
+from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, PROGRAM, descendants, faulty, run, score)
 
 
 class Terminal(Case):
@@ -79,11 +78,7 @@ class Terminal(Case):
 
     def test_reports_that_nobody_is_there_for_the_answer(self):
         def kill_who_asks(process):
-            children = pathlib.Path(f"/proc/{process}/task/{process}/children").read_text().split()
-            self.assertEqual(len(children), 1)
-            os.kill(int(children[0]), signal.SIGKILL)
-            while ") Z " not in pathlib.Path(f"/proc/{children[0]}/stat").read_text():
-                time.sleep(0.01)
+            os.kill(descendants(process)[-1], signal.SIGKILL)
 
         shown, status = self.ask(b"y\n", before=kill_who_asks)
         self.assertEqual(status, 1, shown)

@@ -30,6 +30,21 @@ def run(item, *arguments, bundle=LEGER_LINES):
     return brvhost("run", bundle, "--item", item, *arguments)
 
 
+def descendants(process):
+    """The numbers of all processes that hang from one, those that are further from it later."""
+    found = []
+    left = [process]
+    while left:
+        number = left.pop(0)
+        try:
+            children = pathlib.Path(f"/proc/{number}/task/{number}/children").read_text().split()
+        except OSError:
+            continue  # it has ended meanwhile
+        found += map(int, children)
+        left += map(int, children)
+    return found
+
+
 class Case(unittest.TestCase):
     """A test with a folder of its own."""
 

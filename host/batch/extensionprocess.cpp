@@ -1,0 +1,134 @@
+#include "host/batch/extensionprocess.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <initializer_list>
+#include <iterator>
+#include <stdexcept>
+#include <utility>
+#include <variant>
+
+#include "host/batch/loader.h"
+#include "host/bundle/bundlename.h"
+#include "host/bundle/loadedbundle.h"
+#include "host/process/child.h"
+#include "host/process/closeothers.h"
+#include "host/process/deadline.h"
+#include "host/process/interrupt.h"
+
+namespace brvhost {
+namespace {
+
+// More than the texts of as many items as an extension may offer.
+constexpr std::size_t kMaxMessage = std::size_t{1} << 22;
+
+// Nobody is there to type, and what is printed is shown as the extension's.
+void RedirectStreams(const Descriptor& output) {
+  const Descriptor nothing(open("/dev/null", O_RDONLY | O_CLOEXEC));
+  dup2(nothing.Get(), STDIN_FILENO);
+  for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) dup2(output.Get(), stream);
+}
+
+}  // namespace
+
+ExtensionProcess::ExtensionProcess(const std::string& path, const JobSettings& settings, std::size_t slots,
+                                   Terminal& terminal)
+    : path_(path),
+      name_(NameOfBundle(path)),
+      seconds_(settings.secondsAScore),
+      terminal_(terminal),
+      ownPlace_(slots),
+      whereabouts_(slots + 1) {
+  auto [here, there] = ConnectedChannels();
+  auto [reader, writer] = ForeignOutput::Pipe();
+  process_.emplace([&, &ours = here, &theirs = there, &shown = reader, &output = writer] {
+    ours = {};
+    shown = {};
+    RedirectStreams(output);
+    output = {};
+    CloseOthers(theirs.Get());
+    return RunLoader(path_, settings, std::move(theirs), whereabouts_, ownPlace_);
+  });
+  channel_ = std::move(here);
+  channel_.Distrust(kMaxMessage);
+  output_ = std::move(reader);
+}
+
+std::optional<Offer> ExtensionProcess::WaitForOffer() {
+  const Deadline deadline(seconds_);
+  for (;;) {
+    if (InterruptCount() > 0) return std::nullopt;
+    if (deadline.HasPassed()) {
+      throw BundleError(fmt::format("{}: is not loaded within {}", path_, SecondsText(*seconds_)));
+    }
+    pollfd waiting[] = {{channel_.Get(), POLLIN, 0}, {output_.Get(), POLLIN, 0}};
+    if (poll(waiting, std::size(waiting), deadline.LeftMs(kMaxWaitMs)) <= 0) continue;
+    ShowOutput();
+    if (waiting[0].revents == 0) continue;
+    if (!channel_.Fill())
+      throw BundleError(fmt::format("{}: while it was loaded, its code {}", path_, WaitForEnd(false)));
+    while (const auto message = channel_.Next()) {
+      if (const auto* const offer = std::get_if<OfferMessage>(&*message)) return DecodeOffer(offer->text);
+      if (const auto* const bad = std::get_if<BadBundleMessage>(&*message)) {
+        WaitForEnd(true);
+        throw BundleError(bad->text);
+      }
+      if (const auto* const failure = std::get_if<FailureMessage>(&*message)) throw std::runtime_error(failure->text);
+    }
+  }
+}
+
+void ExtensionProcess::Start(std::uint64_t job, std::size_t slot, const Channel& worker,
+                             const Descriptor& output) const {
+  channel_.Send(StartMessage{job, slot}, {worker.Get(), output.Get()});
+}
+
+void ExtensionProcess::ShowOutput() {
+  output_.Read([this](std::string_view line) { ShowLine(line); });
+}
+
+void ExtensionProcess::ShowLine(std::string_view line) const {
+  terminal_.PrintForeign(fmt::format("{}: {}", name_, line));
+}
+
+bool ExtensionProcess::Finish() {
+  shutdown(channel_.Get(), SHUT_WR);
+  std::string wrong = WaitForEnd(true);
+  while (const auto message = channel_.Next()) {
+    if (const auto* const failure = std::get_if<FailureMessage>(&*message)) wrong = "failed: " + failure->text;
+  }
+  if (InterruptCount() > 0 || wrong.empty()) return true;
+  terminal_.PrintError(fmt::format("when it was ended, the extension {} {}", name_, wrong));
+  return false;
+}
+
+std::string ExtensionProcess::WaitForEnd(bool isExpected) {
+  const Deadline deadline(seconds_);
+  const int interrupts = InterruptCount();
+  bool hasEnded = false;
+  while (!hasEnded && !deadline.HasPassed() && InterruptCount() == interrupts) {
+    hasEnded = process_->WaitForEnd(deadline.LeftMs(kMaxWaitMs));
+    ShowOutput();
+  }
+  const auto status = hasEnded ? process_->Wait() : process_->KillAndWait();
+  while (channel_.HasMore() && channel_.Fill()) continue;
+  output_.Finish([this](std::string_view line) { ShowLine(line); });
+  const std::string where = WhereaboutsOf(ownPlace_);
+  if (!hasEnded && deadline.HasPassed()) return fmt::format("hung{} for {}", where, SecondsText(*seconds_));
+  if (!status) return "lost its guard, and was killed";
+  if (WIFSIGNALED(*status)) return fmt::format("crashed{}: {}", where, EndingOf(*status));
+  return *status == 0 && isExpected ? "" : fmt::format("ended the process{}, with {}", where, EndingOf(*status));
+}
+
+void ExtensionProcess::Forget() {
+  channel_ = {};
+  output_ = {};
+  process_->Forget();
+}
+
+}  // namespace brvhost

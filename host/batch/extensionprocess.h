@@ -1,0 +1,72 @@
+// The process that runs an extension's code, as the supervisor sees it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "host/batch/channel.h"
+#include "host/batch/foreignoutput.h"
+#include "host/batch/job.h"
+#include "host/batch/offer.h"
+#include "host/process/guardedchild.h"
+#include "host/process/terminal.h"
+#include "host/process/whereabouts.h"
+
+namespace brvhost {
+
+class ExtensionProcess {
+ public:
+  // Starts to load the bundle at `path`, for up to `slots` workers at a time. The settings outlive this object. Throws
+  // std::system_error.
+  ExtensionProcess(const std::string& path, const JobSettings& settings, std::size_t slots, Terminal& terminal);
+
+  // Waits until the bundle is loaded. Null after an interrupt, or when it takes longer than a score may. Throws
+  // BundleError.
+  [[nodiscard]] std::optional<Offer> WaitForOffer();
+
+  // Starts a worker; the caller closes its ends.
+  void Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output) const;
+  // Cancels the work of all workers.
+  void Interrupt() const { channel_.Send(InterruptMessage{}); }
+  // A worker should have ended by now, or is killed. It is reported when it has.
+  void End(std::uint64_t job, bool atOnce) const { channel_.Send(EndMessage{job, atOnce}); }
+  void KillOrphans() const { process_->KillOrphans(); }
+  void KillAll() const { process_->KillAll(); }
+
+  // Readable when there are messages.
+  Channel& Messages() { return channel_; }
+  // Readable when there is something to show.
+  int Output() const { return output_.Get(); }
+  void ShowOutput();
+
+  const std::string& Name() const { return name_; }
+  // " in BrevixExtensionInvoke", or nothing.
+  std::string WhereaboutsOf(std::size_t slot) const { return Describe(whereabouts_[slot]); }
+
+  // Ends the extension, and reports it if that goes wrong. Returns whether it went well.
+  [[nodiscard]] bool Finish();
+
+  // For another child of this process, which has no part in this one.
+  void Forget();
+
+ private:
+  // Waits for the end of the process. Where it went wrong, which is always when the end is not expected, returns how
+  // and where, as a clause without its subject; else nothing.
+  std::string WaitForEnd(bool isExpected);
+  void ShowLine(std::string_view line) const;
+
+  const std::string path_;
+  const std::string name_;
+  const std::optional<int> seconds_;
+  Terminal& terminal_;
+  const std::size_t ownPlace_;
+  SharedWhereabouts whereabouts_;
+  ForeignOutput output_;
+  Channel channel_;
+  std::optional<GuardedChild> process_;
+};
+
+}  // namespace brvhost

@@ -1,0 +1,164 @@
+#include "host/batch/loader.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdint>
+#include <cstdlib>
+#include <exception>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <system_error>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "host/batch/offer.h"
+#include "host/batch/worker.h"
+#include "host/bundle/extension.h"
+#include "host/process/child.h"
+#include "host/process/confinement.h"
+#include "host/process/exitstatus.h"
+#include "host/process/interrupt.h"
+#include "host/process/kinship.h"
+
+namespace brvhost {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// A worker that has nothing left to do has that long to end, and is looked after that often until then.
+constexpr std::chrono::seconds kGrace{1};
+constexpr int kShortWaitMs = 5;
+
+class Loader {
+ public:
+  Loader(const Extension& extension, const JobSettings& settings, Channel& supervisor,
+         const SharedWhereabouts& whereabouts)
+      : extension_(extension), settings_(settings), supervisor_(supervisor), whereabouts_(whereabouts) {}
+
+  // Until the supervisor closes its end.
+  void Serve() {
+    std::signal(SIGCHLD, SIG_DFL);  // whatever the extension made of it
+    for (;;) {
+      pollfd waiting = {supervisor_.Get(), POLLIN, 0};
+      const int ready = poll(&waiting, 1, WaitMs());
+      if (ready > 0 && !supervisor_.Fill()) return;
+      while (const auto message = supervisor_.Next()) {
+        std::visit([this](const auto& body) { Handle(body); }, *message);
+      }
+      LookAfterWorkers();
+    }
+  }
+
+ private:
+  struct Worker {
+    std::uint64_t job = 0;
+    pid_t process = 0;
+    std::optional<Clock::time_point> due;  // to be killed then
+  };
+
+  template <class Other>
+  void Handle(const Other&) {}
+
+  void Handle(const StartMessage& message) {
+    Channel keeper(supervisor_.TakeDescriptor());
+    const Descriptor output = supervisor_.TakeDescriptor();
+    const pid_t self = getpid();
+    try {
+      const pid_t process = StartChild([&] {
+        DieWithParent(self);
+        ReportWhereaboutsTo(whereabouts_[message.slot]);
+        supervisor_ = {};
+        for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) dup2(output.Get(), stream);
+        return RunWorker(extension_, settings_, std::move(keeper));
+      });
+      workers_.push_back({message.job, process, std::nullopt});
+    } catch (const std::system_error&) {
+      supervisor_.Send(EndedMessage{message.job, EndedMessage::kNotStarted});
+    }
+  }
+
+  void Handle(const InterruptMessage&) {
+    for (const Worker& worker : workers_) kill(worker.process, SIGINT);
+  }
+
+  void Handle(const EndMessage& message) {
+    for (Worker& worker : workers_) {
+      if (worker.job == message.job) worker.due = Clock::now() + (message.atOnce != 0 ? Clock::duration(0) : kGrace);
+    }
+  }
+
+  int WaitMs() const {
+    if (workers_.empty()) return -1;
+    for (const Worker& worker : workers_) {
+      if (worker.due) return kShortWaitMs;
+    }
+    return kMaxWaitMs;
+  }
+
+  void LookAfterWorkers() {
+    std::erase_if(workers_, [this](const Worker& worker) {
+      if (worker.due && *worker.due <= Clock::now()) kill(worker.process, SIGKILL);
+      int status = 0;
+      const pid_t ended = waitpid(worker.process, &status, WNOHANG);
+      if (ended == 0) return false;
+      supervisor_.Send(EndedMessage{worker.job, ended > 0 ? status : EndedMessage::kUnknown});
+      return true;
+    });
+  }
+
+  const Extension& extension_;
+  const JobSettings& settings_;
+  Channel& supervisor_;
+  const SharedWhereabouts& whereabouts_;
+  std::vector<Worker> workers_;
+};
+
+std::unique_ptr<Extension> Load(const std::string& path, const Channel& supervisor) {
+  try {
+    auto extension = std::make_unique<Extension>(path);
+    supervisor.Send(OfferMessage{EncodeOffer({extension->Items(), extension->MenuStatus() != 0})});
+    return extension;
+  } catch (const BundleError& error) {
+    supervisor.Send(BadBundleMessage{error.what()});
+  } catch (const ThrownByExtension& exception) {
+    supervisor.Send(BadBundleMessage{path + ": " + exception.what()});
+  }
+  return nullptr;
+}
+
+// What an extension registered to run at the end of its process runs, too.
+[[noreturn]] void End(const Extension& extension, const Channel& supervisor) {
+  try {
+    extension.Terminate();
+  } catch (const ThrownByExtension& exception) {
+    supervisor.Send(FailureMessage{exception.what()});
+  }
+  const InExtension here("its destructors");
+  std::exit(kDone);
+}
+
+}  // namespace
+
+int RunLoader(const std::string& path, const JobSettings& settings, Channel supervisor,
+              const SharedWhereabouts& whereabouts, std::size_t ownPlace) {
+  ReportWhereaboutsTo(whereabouts[ownPlace]);
+  try {
+    if (settings.confine) Confine();
+  } catch (const std::exception& error) {
+    supervisor.Send(FailureMessage{error.what()});
+    return kFailed;
+  }
+  const auto extension = Load(path, supervisor);
+  if (extension == nullptr) return kBadBundle;
+  Loader(*extension, settings, supervisor, whereabouts).Serve();
+  End(*extension, supervisor);
+}
+
+}  // namespace brvhost

@@ -1,0 +1,42 @@
+#include "host/batch/offer.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace brvhost {
+namespace {
+
+// Ends each text: none has a character 0.
+constexpr char kEnd = '\0';
+
+std::string TakeText(std::string_view& bytes) {
+  const std::size_t end = std::min(bytes.find(kEnd), bytes.size());
+  std::string text(bytes.substr(0, end));
+  bytes.remove_prefix(std::min(end + 1, bytes.size()));
+  return text;
+}
+
+}  // namespace
+
+std::string EncodeOffer(const Offer& offer) {
+  std::string bytes(1, offer.isEnabled ? '1' : '0');
+  for (const MenuItem& item : offer.items) {
+    for (const std::string* const text : {&item.name, &item.undoName, &item.explanation}) bytes.append(*text) += kEnd;
+  }
+  return bytes;
+}
+
+Offer DecodeOffer(std::string_view bytes) {
+  Offer offer;
+  offer.isEnabled = bytes.starts_with('1');
+  bytes.remove_prefix(std::min<std::size_t>(1, bytes.size()));
+  while (!bytes.empty()) {
+    std::string name = TakeText(bytes);
+    std::string undoName = TakeText(bytes);
+    offer.items.push_back({std::move(name), std::move(undoName), TakeText(bytes)});
+  }
+  return offer;
+}
+
+}  // namespace brvhost

@@ -1,0 +1,16 @@
+// The name of an extension.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace brvhost {
+
+// "LegerLines" for "bundles/LegerLines.bundle/".
+inline std::string NameOfBundle(const std::string& path) {
+  const std::filesystem::path normal = std::filesystem::path(path).lexically_normal();
+  const std::filesystem::path folder = normal.has_filename() ? normal : normal.parent_path();
+  return folder.stem().string();
+}
+
+}  // namespace brvhost

@@ -1,0 +1,9 @@
+#include "host/process/confinement.h"
+
+#include <stdexcept>
+
+namespace brvhost {
+
+void Confine() { throw std::runtime_error("this system has no means to confine an extension"); }
+
+}  // namespace brvhost

@@ -1,0 +1,13 @@
+#include "host/process/kinship.h"
+
+namespace brvhost {
+
+// The system has neither. A process that has lost its parent notices when it next hears nothing from it, and what an
+// extension starts is killed as a process group.
+void DieWithParent(pid_t) {}
+
+void AdoptOrphans() {}
+
+std::vector<pid_t> Children() { return {}; }
+
+}  // namespace brvhost

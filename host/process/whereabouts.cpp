@@ -1,0 +1,56 @@
+#include "host/process/whereabouts.h"
+
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <string_view>
+
+namespace brvhost {
+namespace {
+
+Whereabouts ownPlace;
+Whereabouts* current = &ownPlace;
+
+void Copy(const char* name, char (&to)[Whereabouts::kSize]) {
+  const std::size_t length = std::min(std::strlen(name), Whereabouts::kSize - 1);
+  std::memcpy(to, name, length);
+  to[length] = '\0';
+}
+
+std::string_view TextOf(const char (&text)[Whereabouts::kSize]) { return {text, strnlen(text, Whereabouts::kSize)}; }
+
+}  // namespace
+
+SharedWhereabouts::SharedWhereabouts(std::size_t count) : size_(count * sizeof(Whereabouts)) {
+  void* const memory = mmap(nullptr, size_, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  if (memory == MAP_FAILED) throw std::bad_alloc();
+  places_ = static_cast<Whereabouts*>(memory);
+}
+
+SharedWhereabouts::~SharedWhereabouts() { munmap(places_, size_); }
+
+void ReportWhereaboutsTo(Whereabouts& place) {
+  current = &place;
+  place = {};
+}
+
+std::string Describe(const Whereabouts& place) {
+  const std::string_view running = TextOf(place.running);
+  const std::string_view hostCall = TextOf(place.hostCall);
+  if (running.empty()) return "";
+  std::string text(" in ");
+  if (!hostCall.empty()) text.append(hostCall).append(", called in ");
+  return text.append(running);
+}
+
+InExtension::InExtension(const char* name) { Copy(name, current->running); }
+
+InExtension::~InExtension() { current->running[0] = '\0'; }
+
+InHostCall::InHostCall(const char* name) { Copy(name, current->hostCall); }
+
+InHostCall::~InHostCall() { current->hostCall[0] = '\0'; }
+
+}  // namespace brvhost

@@ -1,0 +1,5 @@
+#include <cstdlib>
+
+#include "extension.h"
+
+[[gnu::destructor]] static void Crash() { std::abort(); }

@@ -1,0 +1,7 @@
+#include "extension.h"
+
+int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION*) {
+  if (index != 0 || region == nullptr) return 0;
+  BX_EndMassEdit(nullptr, 1, kBrvVersion);
+  return 0;
+}

@@ -1,0 +1,99 @@
+"""Many scores, extensions that are good and bad, and runs that are killed: each score is done or as it was."""
+
+import os
+import random
+import signal
+import subprocess
+import time
+import unittest
+
+from brvhost import Case, HIDDEN_NOTE, LEGER_LINES, NOTE, PROGRAM, SANITIZED, descendants, faulty, run, score
+
+SCORES = 200 if SANITIZED else 1000
+KILLS = int(os.environ.get("BRV_KILLS", 10 if SANITIZED else 40))
+
+# Bundle, its part of the scores in percent, the end of its summary, and whether it hides the notes.
+BUNDLES = [
+    (LEGER_LINES, 40, "{} changed, 0 unchanged, 0 failed", True),
+    (faulty("prints"), 5, "{} changed, 0 unchanged, 0 failed", True),
+    (faulty("without_fault" if SANITIZED else "changes_its_surroundings"), 5, "{} changed, 0 unchanged, 0 failed", True),
+    (faulty("frees_twice"), 5, "0 changed, {} unchanged, 0 failed", False),
+    (faulty("crashes_when_invoked"), 10, "0 changed, 0 unchanged, {} failed", False),
+    (faulty("exits_when_invoked"), 5, "0 changed, 0 unchanged, {} failed", False),
+    (faulty("throws_when_invoked"), 5, "0 changed, 0 unchanged, {} failed", False),
+    (faulty("closes_descriptors"), 5, "0 changed, 0 unchanged, {} failed", False),
+    (faulty("moves_entries"), 10, "0 changed, 0 unchanged, {} failed", False),
+    (faulty("crashes_in_a_host_call"), 10, "0 changed, 0 unchanged, {} failed", False),
+]
+
+
+class Batches(Case):
+    def test_of_many_scores_do_what_each_extension_can(self):
+        self.assertEqual(sum(share for _, share, _, _ in BUNDLES), 100)
+        content = {}
+        for number in range(SCORES):
+            # Every 50th cannot be read.
+            text = score(NOTE * (1 + number % 5)) if number % 50 else "<score-partwise>"
+            content[self.write(f"{number:04}.musicxml", text)] = text
+        left = sorted(content)
+        for bundle, share, summary, hides in BUNDLES:
+            scores, left = left[:SCORES * share // 100], left[SCORES * share // 100:]
+            bad = [path for path in scores if not content[path].endswith("</score-partwise>")]
+            process = run(0, "--all", "--in-place", "--jobs", 3, *scores, bundle=bundle)
+            good = len(scores) - len(bad)
+            expected = f"{len(scores)} scores: " + summary.format(good)
+            if bad:
+                counts = summary.format(good).split(", ")
+                failed = len(bad) + int(counts[2].split()[0])
+                expected = f"{len(scores)} scores: {counts[0]}, {counts[1]}, {failed} failed"
+            self.assertEqual(process.stdout.splitlines()[-1], expected, process.stderr)
+            self.assertEqual(process.returncode, 2 if bad else 0 if " 0 failed" in expected else 1)
+            if hides:
+                for path in set(scores) - set(bad):
+                    content[path] = content[path].replace(NOTE, HIDDEN_NOTE)
+        self.assertEqual(left, [])
+        self.assertEqual({path: path.read_text() for path in self.folder.iterdir()}, content)
+
+
+class Kills(Case):
+    def test_leave_each_score_as_it_was_or_done_and_nothing_beside_it(self):
+        old, new = score(NOTE * 20_000), score(HIDDEN_NOTE * 20_000)
+        scores = [self.write(f"{number}.musicxml", old) for number in range(3)]
+        command = [PROGRAM, "run", LEGER_LINES, "--item", "0", "--all", "--in-place", "--jobs", "2", *map(str, scores)]
+        start = time.monotonic()
+        subprocess.run(command, check=True, capture_output=True, timeout=60)
+        whole = time.monotonic() - start
+        moments = random.Random(16)
+        done = 0
+        for _ in range(KILLS):
+            for path in scores:
+                path.write_text(old)
+            process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True)
+            time.sleep(moments.uniform(0, whole))
+            below = descendants(process.pid)
+            # One of its processes, whichever, or all of them.
+            victim = moments.choice([process.pid, process.pid, *below])
+            try:
+                os.kill(victim, signal.SIGKILL)
+            except ProcessLookupError:
+                pass  # it has ended meanwhile
+            process.wait(timeout=60)
+            self.wait_for_end(below)
+            contents = [path.read_text() for path in scores]
+            self.assertEqual([text for text in contents if text not in (old, new)], [])
+            done += contents.count(new)
+        self.assertGreater(done, 0, "no run came far enough")
+        self.assertLess(done, 3 * KILLS, "every run came to its end")
+        subprocess.run(command, check=True, capture_output=True, timeout=60)
+        self.assertEqual(sorted(self.folder.iterdir()), sorted(scores))
+        self.assertEqual([path.read_text() == new for path in scores], [True] * 3)
+
+    def wait_for_end(self, processes):
+        end = time.monotonic() + 20
+        while any(os.path.exists(f"/proc/{process}") for process in processes):
+            self.assertLess(time.monotonic(), end, processes)
+            time.sleep(0.001)
+
+
+if __name__ == "__main__":
+    unittest.main()

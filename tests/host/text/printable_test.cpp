@@ -1,0 +1,31 @@
+#include "host/text/printable.h"
+
+#include <gtest/gtest.h>
+
+#include <string_view>
+
+namespace brvhost {
+namespace {
+
+using namespace std::string_view_literals;
+
+TEST(Printable, LeavesTextAsItIs) {
+  EXPECT_EQ(Printable(""), "");
+  EXPECT_EQ(Printable("Horn in F, 2.–4. Stimme \u3042 \U0001D15E"), "Horn in F, 2.–4. Stimme \u3042 \U0001D15E");
+}
+
+TEST(Printable, MakesBlanksOfWhatTerminalsObey) {
+  EXPECT_EQ(Printable("a\x1b[2Jb"), "a [2Jb");
+  EXPECT_EQ(Printable("a\nb\r\tc\x7f"), "a b  c ");
+  EXPECT_EQ(Printable("a\0b"sv), "a b");
+  EXPECT_EQ(Printable("a\u009b2Jb\u2028c\u2029"), "a 2Jb c ");
+  EXPECT_EQ(Printable("\u202eevil\u2066x\u2069"), " evil x ");
+}
+
+TEST(Printable, ShowsWhereTextIsNotUtf8) {
+  EXPECT_EQ(Printable("caf\xe9!"), "caf\uFFFD!");
+  EXPECT_EQ(Printable("\x9b"), "\uFFFD");
+}
+
+}  // namespace
+}  // namespace brvhost
