@@ -18,7 +18,7 @@ def run(command):
     """Runs a command to its end, without its output; its cost. Raises when it fails."""
     start = time.monotonic()
     process = os.posix_spawnp(command[0], command, os.environ,
-                              file_actions=[(os.POSIX_SPAWN_OPEN, 1, "/dev/null", os.O_WRONLY, 0)])
+                              file_actions=[(os.POSIX_SPAWN_OPEN, stream, "/dev/null", os.O_WRONLY, 0) for stream in (1, 2)])
     _, status, usage = os.wait4(process, 0)
     wall = time.monotonic() - start
     if status != 0:

@@ -1,6 +1,6 @@
 """Measures every figure and writes build/bench/report.md with its plots. Called by scripts/bench.sh.
 
-report.py BUILD_FOLDER RESULT_FOLDER [--quick] [--figures NAME,...]
+report.py BUILD_FOLDER RESULT_FOLDER [--quick] [--figures NAME,...] [--beside BRVHOST]
 """
 
 import argparse
@@ -24,12 +24,13 @@ PYTHON = "/usr/bin/python3"  # the one that the distribution's lxml is for
 FIGURE = re.compile(r"^(.*?) +([\d.]+) ns +([\d.]+) ns +ratio ([\d.]+) \(([\d.]+), ([\d.]+), ([\d.]+)\)$", re.MULTILINE)
 MEGABYTE = 1_000_000
 ROUNDS = 5
-FIGURES = ("bridge", "cleaning", "walk", "text", "records", "main_job", "compressed", "batch")
+FIGURES = ("bridge", "cleaning", "walk", "text", "records", "main_job", "compressed", "batch", "beside")
 
 
 class Report:
     def __init__(self, arguments):
         self.quick = arguments.quick
+        self.other = arguments.beside
         self.build = arguments.build
         self.folder = arguments.result
         self.work = self.folder / "work"
@@ -211,12 +212,39 @@ class Report:
         self.say(f"Two processes that only count, side by side, do {measure.speed_of_two():.2f} times the work of one on this "
                  "machine: more than that no batch can gain here.", "")
 
+    def beside(self):
+        """This brvhost and another build of it, an earlier one for instance: what the processes of a run cost."""
+        if self.other is None:
+            return
+        self.say("## 8. Beside another brvhost")
+        sample = str(ROOT / "samples" / "piano.musicxml")
+        small = sorted(map(str, (SHARED / "scores" / "conformance").glob("*.xml"))) or [sample]
+        hide = ["run", str(self.build / "LegerLines.bundle"), "--item", "0", "--all"]
+        to_folder = ["--out-dir", str(self.work / "beside")]
+        jobs = {"start-up (--version)": (["--version"], 10), "items": (["items", hide[1]], 10),
+                "one small score": ([*hide, sample, *to_folder], 10),
+                f"{len(small)} small scores": ([*hide, *small, *to_folder], 1),
+                f"{len(small)} small scores, --jobs 2": ([*hide, *small, *to_folder, "--jobs", "2"], 1),
+                "the score": ([*hide, str(self.score), *to_folder], 1)}
+        rows = []
+        for title, (arguments, rounds) in jobs.items():
+            commands = {name: [str(program), *arguments] for name, program in
+                        (("this", self.build / "bin" / "brvhost"), ("other", self.other))}
+            costs = measure.side_by_side(commands, ROUNDS * rounds)
+            wall = {name: min(cost.wall for cost in costs[name]) for name in costs}
+            processor = {name: min(cost.processor for cost in costs[name]) for name in costs}
+            rows.append((title, f"{wall['this'] * 1000:.1f}", f"{wall['other'] * 1000:.1f}",
+                         measure.ratio(costs["this"], costs["other"]),
+                         f"{processor['this'] * 1000:.1f}", f"{processor['other'] * 1000:.1f}"))
+        self.table(("job", "wall, ms", "other's", "ratio: median (least to greatest)", "processor, ms", "other's"), rows)
+
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("build", type=pathlib.Path)
     parser.add_argument("result", type=pathlib.Path)
     parser.add_argument("--quick", action="store_true")
+    parser.add_argument("--beside", type=pathlib.Path, help="another brvhost, with the libraries that it needs")
     parser.add_argument("--figures", help="only these, with commas between them", default=",".join(FIGURES))
     arguments = parser.parse_args()
     report = Report(arguments)
