@@ -140,6 +140,54 @@ TEST(ReadMusicXml, TakesOnlyTheChildrenOfANoteForItsOwn) {
   EXPECT_EQ(EntriesOf(ScoreOf(notes)), (Entries{{1, 1, 0, 0, 1}, {1, 1, 0, 10080, 1}}));
 }
 
+TEST(ReadMusicXml, ReadsNoNotesOutsideOfMeasures) {
+  const std::string clock =
+      "<attributes><divisions>8</divisions><staves>5</staves></attributes>"
+      "<forward><duration>4</duration></forward>" +
+      Note("<staff>7</staff>");
+  const Score score =
+      ReadMusicXml("<score-partwise><defaults><a>" + clock + "</a>" + clock + "</defaults><part id='A'><x>" + clock +
+                   "</x>" + clock + Measure("<x>" + clock + "</x>" + Note() + Note()) + clock +
+                   "</part><credit><measure>" + clock + "</measure></credit></score-partwise>");
+  EXPECT_EQ(EntriesOf(score), (Entries{{1, 1, 0, 0, 1}, {1, 1, 0, 10080, 1}}));
+  EXPECT_EQ(score.notes.size(), 2u);
+  EXPECT_EQ(score.staves, 1);
+  EXPECT_EQ(score.measures, 1);
+}
+
+TEST(ReadMusicXml, ReadsNoNotesOfATimewiseScoreOutsideOfParts) {
+  const Score score =
+      ReadMusicXml("<score-timewise><part><measure>" + Note() + "</measure></part><measure><measure>" + Note() +
+                   "</measure><part id='A'>" + Note("<chord/>") + "</part></measure></score-timewise>");
+  EXPECT_EQ(EntriesOf(score), (Entries{{1, 1, 0, 0, 1}}));
+  EXPECT_EQ(score.parts.size(), 1u);
+}
+
+TEST(ReadMusicXml, TakesTheWholeTextOfAnElementThatHasOthersInIt) {
+  const std::string attributes =
+      "<attributes><divisions><x/>2</divisions><staves><staff>9</staff>3</staves></attributes>";
+  const std::string note =
+      "<note><duration><voice/>1</duration><voice><chord/><rest/>b</voice>"
+      "<staff><duration/>2</staff></note>";
+  const Score score = ScoreOf(attributes + note + Note("<staff>2</staff><voice>b</voice>"));
+  EXPECT_EQ(EntriesOf(score), (Entries{{2, 1, 0, 0, 1}, {2, 1, 0, 5040, 1}}));
+  EXPECT_FALSE(score.entries[0].isRest);
+}
+
+TEST(ReadMusicXml, NamesPartsByThePartListAlone) {
+  const auto named = [](const std::string& name) {
+    return "<score-part id='A'><part-name>" + name + "</part-name><score-instrument id='I'/></score-part>";
+  };
+  const Score score = ReadMusicXml(
+      "<score-partwise><defaults>" + named("before") + "</defaults><part-list><x>" + named("within") +
+      "</x><score-part id='A'><x><part-name>deep</part-name></x>"
+      "<part-name>Oboe</part-name></score-part></part-list><credit>" +
+      named("after") + "</credit><part id='A'><measure>" + named("measure") + "</measure></part></score-partwise>");
+  ASSERT_EQ(score.parts.size(), 1u);
+  EXPECT_EQ(score.parts[0].names.name, "Oboe");
+  EXPECT_EQ(score.parts[0].instruments, 0);
+}
+
 TEST(ReadMusicXml, HidesAnEntryEachOfWhoseNotesHasNoForItsLedgerLines) {
   const auto hidden = [](const std::string& notes) { return ScoreOf(notes).entries.at(0).hidden; };
   EXPECT_FALSE(hidden(Note()));

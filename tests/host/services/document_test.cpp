@@ -162,6 +162,29 @@ TEST_F(Document, TakesACancelledEditBackWithItsRecords) {
             std::vector<std::string>{"ends an edit that it has not started (2 times)"});
 }
 
+TEST_F(Document, TakesACancelledEditBackToItsOwnStart) {
+  const auto change = [this](int measure, std::uint16_t flags) {
+    EXTGF2005a* const frame = document.LoadFrame(1, measure, 0);
+    frame->entries[0].flags = flags;
+    EXPECT_TRUE(document.SaveFrame(frame));
+    EXPECT_TRUE(document.FreeFrame(frame));
+  };
+  document.StartEdit();
+  change(1, kNoLegerLines);
+  document.Records().Save(1, {1, 1}, {5});
+  EXPECT_TRUE(document.EndEdit());
+
+  document.StartEdit();
+  change(1, 0);
+  change(3, kNoLegerLines);
+  document.Records().Save(1, {1, 1}, {6});
+  EXPECT_TRUE(document.CancelEdit());
+  EXPECT_TRUE(score.entries[0].hidden) << "as the first edit left it";
+  EXPECT_TRUE(score.entries[1].hidden);
+  EXPECT_FALSE(score.entries[2].hidden);
+  EXPECT_EQ(*document.Records().Find(1, {1, 1}), EDataStore::Bytes{5});
+}
+
 TEST_F(Document, KeepsWhatAnEndedEditChanged) {
   document.StartEdit();
   document.Records().Save(1, {1, 1}, {5});

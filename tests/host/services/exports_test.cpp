@@ -7,6 +7,8 @@
 #include <functional>
 #include <new>
 #include <stdexcept>
+#include <string>
+#include <tuple>
 
 #include "BrvEDK/Source/brevixpdk.h"
 #include "BrvEDK/Source/convention.h"
@@ -128,6 +130,75 @@ TEST_F(Exports, CountEdits) {
   EXPECT_EQ(BX_EndBrevixEdit(kBrvVersion), 0);
 }
 
+TEST_F(Exports, EndAnEditOnceForEachStart) {
+  BX_StartBrevixEdit(nullptr, kBrvVersion);
+  EXPECT_EQ(BX_EndBrevixEdit(kBrvVersion), 1);
+  EXPECT_EQ(document.EditDepth(), 0);
+  EXPECT_EQ(BX_EndBrevixEdit(kBrvVersion), 0);
+}
+
+TEST_F(Exports, AreThoseOfAMac) { EXPECT_EQ(BX_IsMachO(kBrvVersion), 1); }
+
+TEST_F(Exports, GiveNoRegionWhereNoneIsSelected) {
+  EREGION region{};
+  region.startStaff = 77;
+  EXPECT_EQ(BX_GetCurERegions(&region, &region, &region, kBrvVersion), 0);
+  EXPECT_EQ(+region.startStaff, 77);
+}
+
+TEST_F(Exports, WalkTheRecordsOfATagBothWays) {
+  EDataKey key{1, 2};
+  document.Records().Save(kTag, {1, 2}, {10});
+  document.Records().Save(kTag, {1, 3}, {11, 12, 13});
+  char bytes[] = {9, 9, 9};
+  EXPECT_EQ(BX_NextEData(kTag, &key, bytes, 2, kBrvVersion), 1);
+  EXPECT_EQ(key.recordNumber, 1);
+  EXPECT_EQ(key.recordIndex, 3);
+  EXPECT_EQ(std::string(bytes, 3), "\x0B\x0C\x09") << "as much as fits";
+  EXPECT_EQ(BX_NextEData(kTag, &key, bytes, 3, kBrvVersion), 0);
+  EXPECT_EQ(key.recordIndex, 3);
+  EXPECT_EQ(BX_PreviousEData(kTag, &key, bytes, 3, kBrvVersion), 1);
+  EXPECT_EQ(key.recordNumber, 1);
+  EXPECT_EQ(key.recordIndex, 2);
+  EXPECT_EQ(std::string(bytes, 3), "\x0A\x0C\x09") << "all that there is";
+  EXPECT_EQ(BX_PreviousEData(kTag, &key, bytes, 3, kBrvVersion), 0);
+}
+
+TEST_F(Exports, ReportTheSizeOfARecordHoweverMuchFits) {
+  EDataKey key{1, 2};
+  document.Records().Save(kTag, {1, 2}, {10, 11, 12});
+  char bytes[] = {9, 9, 9, 9};
+  std::int32_t size = 2;
+  EXPECT_EQ(BX_LoadEData(kTag, &key, bytes, &size, kBrvVersion), 1);
+  EXPECT_EQ(size, 3);
+  EXPECT_EQ(std::string(bytes, 4), "\x0A\x0B\x09\x09");
+  size = -1;
+  EXPECT_EQ(BX_LoadEData(kTag, &key, bytes, &size, kBrvVersion), 1);
+  EXPECT_EQ(size, 3);
+  EXPECT_EQ(std::string(bytes, 4), "\x0A\x0B\x09\x09");
+  EXPECT_EQ(BX_LoadEData(kTag, &key, bytes, nullptr, kBrvVersion), 0);
+  EXPECT_EQ(BX_LoadEData(kTag, nullptr, bytes, &size, kBrvVersion), 0);
+}
+
+TEST_F(Exports, DeleteARecordOnce) {
+  EDataKey key{1, 2};
+  document.Records().Save(kTag, {1, 2}, {10});
+  EXPECT_EQ(BX_DeleteEData(kTag, &key, kBrvVersion), 1);
+  EXPECT_EQ(SizeOfRecord(), -1);
+  EXPECT_EQ(BX_DeleteEData(kTag, &key, kBrvVersion), 0);
+}
+
+TEST_F(Exports, TakeRecordsUpToSixteenMegabytes) {
+  constexpr int kMost = 16 * 1024 * 1024;
+  EDataKey key{1, 2};
+  EXPECT_EQ(BX_SaveEData(kTag, &key, nullptr, kMost + 1, kBrvVersion), 0);
+  EXPECT_EQ(BX_CreateEData(kTag, &key, nullptr, kMost + 1, kBrvVersion), 0);
+  EXPECT_EQ(SizeOfRecord(), -1);
+  EXPECT_EQ(BX_CreateEData(kTag, &key, nullptr, kMost, kBrvVersion), 1);
+  EXPECT_EQ(SizeOfRecord(), kMost);
+  EXPECT_EQ(BX_SaveEData(kTag, &key, nullptr, kMost, kBrvVersion), 1);
+}
+
 TEST_F(Exports, TakeTheSizesOfRecordsAsTheyAre) {
   EDataKey key{1, 2};
   EXPECT_EQ(BX_CreateEData(kTag, &key, nullptr, -1, kBrvVersion), 0);
@@ -209,6 +280,78 @@ TEST_F(Exports, ReturnFailureWhenTheUserIsOutOfReach) {
 TEST_F(Exports, KeepNoFailureWhereThereWasNone) {
   EXPECT_NE(Load(), nullptr);
   EXPECT_NO_THROW(session.RethrowFailure());
+}
+
+// A score of three parts: of one staff and two instruments, of two staves and three instruments, of one staff and none.
+// Part of it is selected, and one layer shown.
+class ExportsOfASelection : public testing::Test {
+ protected:
+  static EREGION Selected() {
+    EREGION region{};
+    region.startStaff = 2;
+    region.endStaff = 3;
+    region.startMeasure = 4;
+    region.endMeasure = 5;
+    region.startPosition = 6;
+    region.endPosition = 7;
+    return region;
+  }
+
+  static int SlotToInst(int slot, int staff) { return BX_SlotToInst(slot, staff, kBrvVersion); }
+  static int InstToSlot(int instrument, int staff) { return BX_InstToSlot(instrument, staff, kBrvVersion); }
+
+  Extension extension{BRV_BINARY_DIR "/LegerLines.bundle"};
+  FarUser user;
+  Score score = ReadMusicXml(
+      "<score-partwise><part-list>"
+      "<score-part id='A'><score-instrument id='I1'/><score-instrument id='I2'/></score-part>"
+      "<score-part id='B'><score-instrument id='I3'/><score-instrument id='I4'/><score-instrument "
+      "id='I5'/></score-part>"
+      "<score-part id='C'/></part-list><part id='A'><measure/></part>"
+      "<part id='B'><measure><attributes><staves>2</staves></attributes></measure></part>"
+      "<part id='C'><measure/></part></score-partwise>");
+  OpenDocument document{score};
+  Session session{extension, document, user, {Selected(), {1}}};
+};
+
+TEST_F(ExportsOfASelection, FillEachRecordWithTheRegion) {
+  EREGION regions[3] = {};
+  EXPECT_EQ(BX_GetCurERegions(&regions[0], &regions[1], &regions[2], kBrvVersion), 1);
+  for (const EREGION& region : regions) {
+    EXPECT_EQ(+region.startStaff, 2);
+    EXPECT_EQ(+region.endStaff, 3);
+    EXPECT_EQ(+region.startMeasure, 4);
+    EXPECT_EQ(+region.endMeasure, 5);
+    EXPECT_EQ(+region.startPosition, 6);
+    EXPECT_EQ(+region.endPosition, 7);
+  }
+}
+
+TEST_F(ExportsOfASelection, FillNoRecordThatIsNotAskedFor) {
+  EREGION region{};
+  EXPECT_EQ(BX_GetCurERegions(nullptr, nullptr, &region, kBrvVersion), 1);
+  EXPECT_EQ(+region.startStaff, 2);
+  EXPECT_EQ(BX_GetCurERegions(nullptr, nullptr, nullptr, kBrvVersion), 1);
+}
+
+TEST_F(ExportsOfASelection, KnowTheLayersThatAreShown) {
+  for (const int layer : {-1, 0, 2, 3, 4}) EXPECT_EQ(BX_GetShowLayer(layer, kBrvVersion), 0) << layer;
+  EXPECT_EQ(BX_GetShowLayer(1, kBrvVersion), 1);
+  EXPECT_EQ(BX_GetShowLayer(0x50001, kBrvVersion), 1);
+}
+
+TEST_F(ExportsOfASelection, CountInstrumentsThroughAllParts) {
+  for (const auto& [staff, before, count] :
+       {std::tuple{0, 0, 0}, {1, 0, 2}, {2, 2, 3}, {3, 2, 3}, {4, 5, 0}, {5, 0, 0}, {65535, 0, 0}}) {
+    SCOPED_TRACE(staff);
+    for (int slot = -1; slot <= 7; ++slot) {
+      const bool isOne = slot >= 1 && slot <= count;
+      EXPECT_EQ(SlotToInst(slot, staff), isOne ? before + slot : 0) << slot;
+      EXPECT_EQ(InstToSlot(before + slot, staff), isOne ? slot : 0) << slot;
+    }
+  }
+  EXPECT_EQ(InstToSlot(0x70005, 0x30003), 3);
+  EXPECT_EQ(SlotToInst(0x70003, 0x30003), 5);
 }
 
 TEST(ExportsWithoutASession, ReturnWhatAHostDoesThatCanDoNothing) {

@@ -66,6 +66,25 @@ TEST_F(ScoreRecords, OfMeasuresHaveTheKeyAsItSounds) {
   EXPECT_EQ(Word(kMeasureSpecTag, 1, 2), 0);
 }
 
+TEST_F(ScoreRecords, OfMeasuresHaveTheKeyAsItSoundsOnTheFirstStaff) {
+  ReadMeasures(
+      {Attributes(Key(2) + "<staves>2</staves>"
+                           "<transpose number='1'><diatonic>-1</diatonic><chromatic>-2</chromatic></transpose>"
+                           "<transpose number='2'><diatonic>-4</diatonic><chromatic>-7</chromatic></transpose>")});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 2), 0);
+}
+
+TEST_F(ScoreRecords, OfMeasuresTakeKeyAndMeterOfTheFirstStaffWhereTheStavesDiffer) {
+  const std::string time = "><beats>2</beats><beat-type>2</beat-type></time>";
+  ReadMeasures(
+      {Attributes("<key number='1'><fifths>3</fifths></key><key number='2'><fifths>-5</fifths></key>"
+                  "<time number='1'" +
+                  time + "<time number='2'><beats>6</beats><beat-type>8</beat-type></time>")});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 2), 3);
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 8), 2);
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 10), 2);
+}
+
 TEST_F(ScoreRecords, OfMeasuresKnowKeysThatAreNotMadeOfFifths) {
   ReadMeasures({Attributes("<key><key-step>C</key-step><key-alter>-1</key-alter></key>")});
   EXPECT_EQ(Word(kMeasureSpecTag, 1, 2), 0x4000);
@@ -100,6 +119,47 @@ TEST_F(ScoreRecords, OfMeasuresHaveNoMeterThatIsTooLargeForOne) {
   EXPECT_EQ(Word(kMeasureSpecTag, 2, 8), 0);
 }
 
+// "1000+1000+...", in all.
+std::string BeatsInAll(int beats) {
+  std::string text;
+  for (; beats > 1000; beats -= 1000) text += "1000+";
+  return "<beats>" + text + std::to_string(beats) + "</beats>";
+}
+
+TEST_F(ScoreRecords, OfMeasuresHaveMetersOfAsManyBeatsAsAWordHolds) {
+  const std::string eighths = "<beat-type>8</beat-type>";
+  ReadMeasures({Attributes("<time>" + BeatsInAll(32767) + eighths + "</time>"),
+                Attributes("<time>" + BeatsInAll(32768) + eighths + "</time>"),
+                Attributes("<time>" + BeatsInAll(32766) + eighths + BeatsInAll(1) + eighths + "</time>"),
+                Attributes("<time>" + BeatsInAll(32766) + eighths + BeatsInAll(2) + eighths + "</time>")});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 8), 32767);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 8), 0);
+  EXPECT_EQ(Word(kMeasureSpecTag, 3, 8), 32767);
+  EXPECT_EQ(Word(kMeasureSpecTag, 4, 8), 0);
+}
+
+TEST_F(ScoreRecords, OfMeasuresHaveBeatsAsSmallAsAWordHolds) {
+  const auto time = [](const char* unit) {
+    return Attributes("<time><beats>1</beats><beat-type>151</beat-type><beats>1</beats><beat-type>" +
+                      std::string(unit) + "</beat-type></time>");
+  };
+  ReadMeasures({time("217"), time("218")});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 8), 151 + 217);
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 10), 32767) << "151 times 217";
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 8), 0);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 10), 0);
+}
+
+TEST_F(ScoreRecords, OfMeasuresHaveNoMeterWhoseBeatsAreZerothsOfANote) {
+  const std::string zeroths = "<beats>3</beats><beat-type>0</beat-type>";
+  ReadMeasures({Attributes("<time>" + zeroths + "</time>"),
+                Attributes("<time>" + zeroths + "<beats>2</beats><beat-type>4</beat-type></time>")});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 8), 0);
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 10), 0);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 8), 2);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 10), 4);
+}
+
 TEST_F(ScoreRecords, OfStavesHaveTheTranspositionFromSoundToWriting) {
   ReadMeasures({Attributes("<transpose><diatonic>-1</diatonic><chromatic>-2</chromatic></transpose>")});
   EXPECT_EQ(Word(kStaffSpecTag, 1, 20), 0x0042) << "in B flat: a step and two fifths up";
@@ -109,6 +169,18 @@ TEST_F(ScoreRecords, OfStavesFollowTheStaffThatATranspositionNames) {
   ReadMeasures({Attributes("<staves>2</staves><transpose number='2'><chromatic>12</chromatic></transpose>")});
   EXPECT_EQ(Word(kStaffSpecTag, 1, 20), 0);
   EXPECT_EQ(Word(kStaffSpecTag, 2, 20), (-7 & 0x3F) << 6) << "the steps follow from the semitones";
+}
+
+TEST_F(ScoreRecords, OfStavesReadEachTranspositionAnew) {
+  ReadMeasures(
+      {Attributes("<staves>3</staves>"
+                  "<transpose number='1'><diatonic>-1</diatonic><chromatic>-2</chromatic>"
+                  "<octave-change>-1</octave-change></transpose>"
+                  "<transpose number='2'><diatonic>-1</diatonic><chromatic>-2</chromatic></transpose>"
+                  "<transpose number='3'><chromatic>-12</chromatic></transpose>")});
+  EXPECT_EQ(Word(kStaffSpecTag, 1, 20), 8 << 6 | 2) << "a ninth up";
+  EXPECT_EQ(Word(kStaffSpecTag, 2, 20), 1 << 6 | 2) << "a second up";
+  EXPECT_EQ(Word(kStaffSpecTag, 3, 20), 7 << 6) << "an octave up";
 }
 
 TEST_F(ScoreRecords, OfStavesTakeTheDiatonicFormForMoreThanFourOctaves) {
@@ -160,6 +232,33 @@ TEST_F(ScoreRecords, OfGroupsHaveTheirStaves) {
   EXPECT_EQ(Word(kGroupSpecTag, 2, 2), 4);
   EXPECT_EQ(RawText(Word(kGroupSpecTag, 2, 4)), u"Winds");
   EXPECT_EQ(Word(kGroupSpecTag, 2, 6), 2);
+}
+
+TEST_F(ScoreRecords, OfGroupsEndWithTheirLastPart) {
+  Read(
+      "<score-partwise><part-list><part-group number='1' type='start'/><score-part id='A'/><score-part id='B'/>"
+      "<part-group number='1' type='stop'/><score-part id='C'/>"
+      "<part-group number='1' type='start'/><score-part id='D'/><part-group number='1' type='stop'/>"
+      "<score-part id='E'/></part-list>"
+      "<part id='A'><measure/></part>"
+      "<part id='B'><measure><attributes><staves>2</staves></attributes></measure></part>"
+      "<part id='C'><measure/></part><part id='D'><measure/></part><part id='E'><measure/></part></score-partwise>");
+  EXPECT_EQ(Word(kGroupSpecTag, 1, 0), 1);
+  EXPECT_EQ(Word(kGroupSpecTag, 1, 2), 3);
+  EXPECT_EQ(Word(kGroupSpecTag, 2, 0), 5);
+  EXPECT_EQ(Word(kGroupSpecTag, 2, 2), 5);
+  EXPECT_EQ(records.Find(kGroupSpecTag, {3, 0}), nullptr);
+}
+
+TEST_F(ScoreRecords, OfGroupsEndWithTheLastPartThatIsThere) {
+  Read(
+      "<score-partwise><part-list><score-part id='A'/><part-group number='1' type='start'/><score-part id='B'/>"
+      "<score-part id='C'/><part-group number='1' type='stop'/><part-group number='2' type='start'/>"
+      "<score-part id='D'/><part-group number='2' type='stop'/></part-list>"
+      "<part id='A'><measure/></part><part id='B'><measure/></part></score-partwise>");
+  EXPECT_EQ(Word(kGroupSpecTag, 1, 0), 2);
+  EXPECT_EQ(Word(kGroupSpecTag, 1, 2), 2);
+  EXPECT_EQ(records.Find(kGroupSpecTag, {2, 0}), nullptr) << "none of its parts is there";
 }
 
 TEST_F(ScoreRecords, OfPagesHaveTheirFirstMeasure) {
