@@ -18,10 +18,6 @@
 namespace brvhost {
 namespace {
 
-// The parser counts the lines and columns of every piece that it is given but the last, which takes a sixth of its
-// time: there is one piece, unless it would be more than the parser takes.
-constexpr std::size_t kMaxPieceSize = std::size_t{1} << 29;
-
 // Far more than scores have. Each level takes memory until its element ends.
 constexpr int kMaxDepth = 256;
 
@@ -42,18 +38,18 @@ class Reader : public XmlPosition {
     XML_SetUnknownEncodingHandler(parser_.get(), DescribeEncoding, nullptr);
   }
 
-  void Read(std::string_view document) {
+  void Read(std::string_view document, std::size_t maxPieceSize) {
     start_ = document;
     handler_.Begin(*this);
-    while (document.size() > kMaxPieceSize) {
-      Parse({document.substr(0, kMaxPieceSize)}, false);
-      document.remove_prefix(kMaxPieceSize);
+    while (document.size() > maxPieceSize) {
+      Parse({document.substr(0, maxPieceSize)}, false);
+      document.remove_prefix(maxPieceSize);
     }
     Parse({document}, true);
   }
 
-  void Read(const XmlSection& section) {
-    if (section.content.size() > kMaxPieceSize) throw InputError("the section is too large");
+  void Read(const XmlSection& section, std::size_t maxPieceSize) {
+    if (section.content.size() > maxPieceSize) throw InputError("the section is too large");
     start_ = section.opening.empty() ? section.content : section.opening;
     isSection_ = true;
     shift_ = section.offset - section.opening.size();
@@ -80,7 +76,9 @@ class Reader : public XmlPosition {
   void Parse(std::initializer_list<std::string_view> texts, bool last) {
     std::size_t size = 0;
     for (const std::string_view text : texts) size += text.size();
-    auto* buffer = static_cast<char*>(XML_GetBuffer(parser_.get(), static_cast<int>(size)));
+    // For no bytes the parser has no buffer, which would look like a lack of memory.
+    const std::size_t capacity = std::max(size, std::size_t{1});
+    auto* buffer = static_cast<char*>(XML_GetBuffer(parser_.get(), static_cast<int>(capacity)));
     if (buffer == nullptr) throw std::bad_alloc();
     for (const std::string_view text : texts) buffer = std::ranges::copy(text, buffer).out;
     if (XML_ParseBuffer(parser_.get(), static_cast<int>(size), last) == XML_STATUS_OK) return;
@@ -170,8 +168,12 @@ class Reader : public XmlPosition {
 
 }  // namespace
 
-void ReadXml(std::string_view document, XmlHandler& handler) { Reader(handler).Read(document); }
+void ReadXml(std::string_view document, XmlHandler& handler, std::size_t maxPieceSize) {
+  Reader(handler).Read(document, maxPieceSize);
+}
 
-void ReadXmlSection(const XmlSection& section, XmlHandler& handler) { Reader(handler).Read(section); }
+void ReadXmlSection(const XmlSection& section, XmlHandler& handler, std::size_t maxPieceSize) {
+  Reader(handler).Read(section, maxPieceSize);
+}
 
 }  // namespace brvhost

@@ -1,6 +1,7 @@
 // A strict reader of XML that reports at which byte each element starts.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
@@ -59,9 +60,14 @@ class XmlHandler {
   virtual void Text(std::string_view piece) = 0;
 };
 
+// The parser counts the lines and columns of every piece that it is given but the last, which takes a sixth of its
+// time: there is one piece, unless it would be more than the parser takes.
+inline constexpr std::size_t kMaxPieceSize = std::size_t{1} << 29;
+
 // Reads a whole document in any encoding that its declaration may name. Throws InputError, with the place, where it is
-// not well formed or its elements are nested too deep, and std::bad_alloc.
-void ReadXml(std::string_view document, XmlHandler& handler);
+// not well formed or its elements are nested too deep, and std::bad_alloc. `maxPieceSize`, 1 or more, is how many bytes
+// the parser is given at a time; the result does not depend on it, but that a text may come in other pieces.
+void ReadXml(std::string_view document, XmlHandler& handler, std::size_t maxPieceSize = kMaxPieceSize);
 
 // A stretch of a document in UTF-8 that is well formed once tags are put around it.
 struct XmlSection {
@@ -73,7 +79,7 @@ struct XmlSection {
 
 // Reads a section as a document. Offsets are the whole document's; places are within the section. Throws InputError
 // where it is not well formed, and where it declares what would hold for the other sections too: an encoding other than
-// UTF-8, entities, attributes.
-void ReadXmlSection(const XmlSection& section, XmlHandler& handler);
+// UTF-8, entities, attributes. A section is one piece: one with more content than `maxPieceSize` is refused likewise.
+void ReadXmlSection(const XmlSection& section, XmlHandler& handler, std::size_t maxPieceSize = kMaxPieceSize);
 
 }  // namespace brvhost

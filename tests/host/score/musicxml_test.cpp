@@ -310,7 +310,7 @@ INSTANTIATE_TEST_SUITE_P(
     BadInput, ReadMusicXmlRefuses,
     testing::Values(
         BadScore{"hello", "not well-formed XML", 1}, BadScore{"<score-partwise>\n<b></a>", "mismatched tag", 2},
-        BadScore{"<score-partwise>\n<part id='P1'>", "ends too early", 2},
+        BadScore{"<score-partwise>\n<part id='P1'>", "ends too early", 2}, BadScore{"", "ends too early", 1},
         BadScore{"\n<opus/>", "root element is <opus>", 2}, BadScore{"<html/>", "root element is <html>", 1},
         BadScore{InMeasure("<attributes><divisions>0</divisions></attributes>"), "divisions is \"0\"", 2},
         BadScore{InMeasure("<attributes><divisions>-4</divisions></attributes>"), "divisions is \"-4\"", 2},

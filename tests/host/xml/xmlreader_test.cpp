@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <new>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -21,6 +23,80 @@ class Nobody : public XmlHandler {
   void EndElement() override {}
   void Text(std::string_view) override {}
 };
+
+// Writes down what is reported, with its place; a text whole, whatever pieces it comes in.
+class Scribe : public XmlHandler {
+ public:
+  void Begin(XmlPosition& position) override {
+    position_ = &position;
+    position.WantText(true);
+  }
+  void StartElement(const char* name, const XmlAttributes& attributes) override {
+    const TextPlace place = position_->Place();
+    const char* const id = attributes.Find("id");
+    written_ << '<' << name << ' ' << (id == nullptr ? "" : id) << " at " << position_->Offset() << ", " << place.line
+             << ':' << place.column << ", units " << static_cast<int>(position_->Units()) << '>';
+  }
+  void EndElement() override { written_ << "</>"; }
+  void Text(std::string_view piece) override { written_ << piece; }
+
+  std::string Written() const { return written_.str(); }
+
+ private:
+  XmlPosition* position_ = nullptr;
+  std::ostringstream written_;
+};
+
+// What is reported of a document, and then what is wrong with it.
+std::string Reported(std::string_view document, std::size_t maxPieceSize) {
+  Scribe scribe;
+  try {
+    ReadXml(document, scribe, maxPieceSize);
+  } catch (const InputError& error) {
+    return scribe.Written() + "; " + error.what() + " at " + std::to_string(error.place.line) + ":" +
+           std::to_string(error.place.column);
+  }
+  return scribe.Written();
+}
+
+void ExpectTheSameInPieces(std::string_view document, const std::string& expected) {
+  for (std::size_t size = 1; size <= document.size() + 1; ++size) EXPECT_EQ(Reported(document, size), expected) << size;
+  EXPECT_EQ(Reported(document, kMaxPieceSize), expected);
+}
+
+TEST(ReadXml, ReportsTheSameHoweverSmallThePiecesThatTheParserIsGiven) {
+  ExpectTheSameInPieces(
+      "<?xml version='1.0'?>\n<!-- <x> -->\n<a id='1'>one\n \u00E9&amp;<b/>two\n  <b id='&#x32;'/></a>\n",
+      "<a 1 at 35, 3:1, units 0>one\n \u00E9&<b  at 57, 4:8, units 0></>two\n  "
+      "<b 2 at 67, 5:3, units 0></></>");
+}
+
+TEST(ReadXml, ReportsTheSameOfUtf16HoweverSmallThePieces) {
+  using namespace std::string_view_literals;
+  ExpectTheSameInPieces("\0<\0a\0>\0\n\x30\x42\0<\0b\0/\0>\0<\0/\0a\0>"sv,
+                        "<a  at 0, 1:1, units 2>\n\u3042<b  at 10, 2:2, units 2></></>");
+}
+
+TEST(ReadXml, ReportsTheSameErrorHoweverSmallThePieces) {
+  ExpectTheSameInPieces("<a>\n <b></c>",
+                        "<a  at 0, 1:1, units 0>\n <b  at 5, 2:2, units 0>; "
+                        "not well-formed XML: mismatched tag at 2:7");
+  ExpectTheSameInPieces("<a>\n ", "<a  at 0, 1:1, units 0>\n ; the XML ends too early at 2:2");
+  ExpectTheSameInPieces("", "; the XML ends too early at 1:1");
+}
+
+TEST(ReadXmlSection, RefusesASectionThatIsMoreThanOnePiece) {
+  const XmlSection section{"<a>", "<b/><c/>", "</a>", 100};
+  Scribe scribe;
+  ReadXmlSection(section, scribe, 8);
+  EXPECT_EQ(scribe.Written(), "<a  at 97, 1:1, units 0><b  at 100, 1:4, units 0></><c  at 104, 1:8, units 0></></>");
+  try {
+    ReadXmlSection(section, scribe, 7);
+    FAIL() << "it was read";
+  } catch (const InputError& error) {
+    EXPECT_STREQ(error.what(), "the section is too large");
+  }
+}
 
 TEST(ReadXmlSection, RefusesASectionInUtf16) {
   const std::string_view content(" \0<\0a\0/\0>\0", 10);
