@@ -58,6 +58,12 @@ const std::vector<DocumentedCall>& DocumentedCalls() {
   return calls;
 }
 
+std::vector<std::string> KitFunctionNames() {
+  std::vector<std::string> names;
+  for (const auto& [name, function] : kFunctions) names.push_back(name);
+  return names;
+}
+
 void* KitFunction(const std::string& name) {
   for (const auto& [known, function] : kFunctions) {
     if (known == name) return function;

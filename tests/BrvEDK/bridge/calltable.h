@@ -17,6 +17,9 @@ inline std::ostream& operator<<(std::ostream& out, const DocumentedCall& call) {
 
 const std::vector<DocumentedCall>& DocumentedCalls();
 
+// The names of the kit's host calls, in the order of its own table.
+std::vector<std::string> KitFunctionNames();
+
 // The kit's function of that name, as the program sees it.
 void* KitFunction(const std::string& name);
 
