@@ -175,16 +175,17 @@ TEST(ReadMusicXml, TakesTheWholeTextOfAnElementThatHasOthersInIt) {
 }
 
 TEST(ReadMusicXml, NamesPartsByThePartListAlone) {
-  const auto named = [](const std::string& name) {
-    return "<score-part id='A'><part-name>" + name + "</part-name><score-instrument id='I'/></score-part>";
-  };
-  const Score score = ReadMusicXml(
-      "<score-partwise><defaults>" + named("before") + "</defaults><part-list><x>" + named("within") +
-      "</x><score-part id='A'><x><part-name>deep</part-name></x>"
-      "<part-name>Oboe</part-name></score-part></part-list><credit>" +
-      named("after") + "</credit><part id='A'><measure>" + named("measure") + "</measure></part></score-partwise>");
+  const std::string name = "<part-name>other</part-name><part-abbreviation>o.</part-abbreviation>";
+  const std::string part = "<score-part id='A'>" + name + "<score-instrument id='I'/></score-part>";
+  const Score score =
+      ReadMusicXml("<score-partwise><defaults>" + part + "</defaults><part-list><x>" + part +
+                   "</x><score-part id='A'><part-name>Oboe</part-name><part-abbreviation>Ob.</part-abbreviation><x>" +
+                   name + "</x></score-part><part-group number='1' type='start'>" + name +
+                   "<score-instrument id='I'/></part-group></part-list><credit>" + part +
+                   "</credit><part id='A'><measure>" + part + "</measure></part></score-partwise>");
   ASSERT_EQ(score.parts.size(), 1u);
   EXPECT_EQ(score.parts[0].names.name, "Oboe");
+  EXPECT_EQ(score.parts[0].names.abbreviation, "Ob.");
   EXPECT_EQ(score.parts[0].instruments, 0);
 }
 

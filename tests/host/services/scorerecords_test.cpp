@@ -61,6 +61,17 @@ TEST_F(ScoreRecords, OfMeasuresHaveTheKeyAndTheMeterOfTheirBarline) {
   EXPECT_EQ(records.Find(kMeasureSpecTag, {5, 0}), nullptr);
 }
 
+TEST_F(ScoreRecords, OfMeasuresReadEachKeyAnew) {
+  ReadMeasures({Attributes(Key(2, "minor")), Attributes("<key><fifths>-3</fifths></key>"),
+                Attributes("<key><key-step>C</key-step><key-alter>-1</key-alter></key>"), Attributes(Key(4)),
+                Attributes("<key><mode>minor</mode></key>")});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 2), 0x0102);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 2), 0x00FD) << "major, where no mode is stated";
+  EXPECT_EQ(Word(kMeasureSpecTag, 3, 2), 0x4000);
+  EXPECT_EQ(Word(kMeasureSpecTag, 4, 2), 4);
+  EXPECT_EQ(Word(kMeasureSpecTag, 5, 2), 0x0100) << "none of the last key's sharps";
+}
+
 TEST_F(ScoreRecords, OfMeasuresHaveTheKeyAsItSounds) {
   ReadMeasures({Attributes(Key(2) + "<transpose><diatonic>-1</diatonic><chromatic>-2</chromatic></transpose>")});
   EXPECT_EQ(Word(kMeasureSpecTag, 1, 2), 0);
@@ -173,14 +184,16 @@ TEST_F(ScoreRecords, OfStavesFollowTheStaffThatATranspositionNames) {
 
 TEST_F(ScoreRecords, OfStavesReadEachTranspositionAnew) {
   ReadMeasures(
-      {Attributes("<staves>3</staves>"
+      {Attributes("<staves>4</staves>"
                   "<transpose number='1'><diatonic>-1</diatonic><chromatic>-2</chromatic>"
                   "<octave-change>-1</octave-change></transpose>"
                   "<transpose number='2'><diatonic>-1</diatonic><chromatic>-2</chromatic></transpose>"
-                  "<transpose number='3'><chromatic>-12</chromatic></transpose>")});
+                  "<transpose number='3'><chromatic>-12</chromatic></transpose>"
+                  "<transpose number='4'><octave-change>-2</octave-change></transpose>")});
   EXPECT_EQ(Word(kStaffSpecTag, 1, 20), 8 << 6 | 2) << "a ninth up";
   EXPECT_EQ(Word(kStaffSpecTag, 2, 20), 1 << 6 | 2) << "a second up";
   EXPECT_EQ(Word(kStaffSpecTag, 3, 20), 7 << 6) << "an octave up";
+  EXPECT_EQ(Word(kStaffSpecTag, 4, 20), 14 << 6) << "two octaves up";
 }
 
 TEST_F(ScoreRecords, OfStavesTakeTheDiatonicFormForMoreThanFourOctaves) {
@@ -259,6 +272,21 @@ TEST_F(ScoreRecords, OfGroupsEndWithTheLastPartThatIsThere) {
   EXPECT_EQ(Word(kGroupSpecTag, 1, 0), 2);
   EXPECT_EQ(Word(kGroupSpecTag, 1, 2), 2);
   EXPECT_EQ(records.Find(kGroupSpecTag, {2, 0}), nullptr) << "none of its parts is there";
+}
+
+TEST_F(ScoreRecords, OfGroupsHaveTheirOwnNamesAlone) {
+  const std::string other = "<group-name>Other</group-name><group-symbol>line</group-symbol>";
+  Read(
+      "<score-partwise><part-list><part-group number='1' type='start'><group-name>Winds</group-name></part-group>"
+      "<part-group number='2' type='start'/><score-part id='A'>" +
+      other + "</score-part><part-group number='2' type='stop'>" + other + "</part-group><part-group type='stop'>" +
+      other + "</part-group><part-group number='1' type='stop'>" + other +
+      "</part-group></part-list><part id='A'><measure/></part></score-partwise>");
+  EXPECT_EQ(Word(kGroupSpecTag, 1, 4), 0);
+  EXPECT_EQ(Word(kGroupSpecTag, 1, 6), 0);
+  EXPECT_EQ(RawText(Word(kGroupSpecTag, 2, 4)), u"Winds");
+  EXPECT_EQ(Word(kGroupSpecTag, 2, 6), 0);
+  EXPECT_EQ(records.Find(kGroupSpecTag, {3, 0}), nullptr);
 }
 
 TEST_F(ScoreRecords, OfPagesHaveTheirFirstMeasure) {
