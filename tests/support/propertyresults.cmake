@@ -7,8 +7,9 @@ set(callers)
 foreach(source IN LISTS sources)
   file(READ ${source} text)
   string(REGEX REPLACE "//[^\n]*" "" text "${text}")
-  # A name of the namespace may be brought in; nothing else in it that checks a property is for tests.
-  if(text MATCHES "rc::(detail::)?check|using (namespace )?rc[:;]")
+  # Names of the namespace may be brought in, or the namespace under another name; nothing else in it that checks a
+  # property is for tests.
+  if(text MATCHES "rc::(detail::)?check|using (namespace )?rc[:;]|namespace [a-zA-Z_]+ *= *(::)?rc[:;]")
     list(APPEND callers ${source})
   endif()
 endforeach()
