@@ -196,6 +196,15 @@ TEST_F(StaffName, IsEmptyWithoutEither) {
   EXPECT_EQ(length, 0);
 }
 
+TEST_F(StaffName, IsNeverThatOfATextBlock0) {
+  store.PutTextBlock(0, 50);
+  store.PutText(50, u"a document's own");
+  store.PutStaff(2, 0, 0);
+  EXPECT_EQ(Name(2), u"");
+  store.PutStaff(3, 99, 0);
+  EXPECT_EQ(Name(3), u"");
+}
+
 TEST_F(StaffName, NeedsABuffer) {
   store.PutStaff(2, 40, 0);
   EXPECT_EQ(BXUtilGetStaffName(2, 0, nullptr, 64), 0);
