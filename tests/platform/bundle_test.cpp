@@ -31,10 +31,11 @@ TEST_F(OwnBundle, IsFoundByItsIdentifierAsLongAsItLives) {
 }
 
 TEST_F(OwnBundle, IsOneObjectForItsFolder) {
-  Open("{}");
+  Open("{ CFBundleIdentifier = \"org.example.one\"; }");
   const CFBundleRef again = CreateBundle(Contents() / "..");
   EXPECT_EQ(again, bundle_);
   CFRelease(again);
+  EXPECT_EQ(CFBundleGetBundleWithIdentifier(CFSTR("org.example.one")), bundle_) << "the first is held still";
 }
 
 TEST_F(OwnBundle, ReadsItsTable) {
@@ -78,6 +79,52 @@ TEST_F(OwnBundle, ReadsHexDigitsOfDataFrom0ToFAndNoOthers) {
 TEST_F(OwnBundle, LosesATableWithASyntaxErrorWhole) {
   Open("{}", "a = one; b = ;");
   EXPECT_EQ(Text(CFSTR("a")), "a");
+}
+
+TEST_F(OwnBundle, LosesATableInBracesWithoutTheLast) {
+  Open("{}", "{ a = one; ");
+  EXPECT_EQ(Text(CFSTR("a")), "a");
+  CFRelease(bundle_);
+  Open("{}", "{ a = one; }");
+  EXPECT_EQ(Text(CFSTR("a")), "one");
+}
+
+TEST_F(OwnBundle, ReadsATableOfManyTexts) {
+  std::string table;
+  for (int i = 0; i < 1000; ++i) table += "k" + std::to_string(i) + " = (v, v);\n";
+  Open("{}", table + "last = v;");
+  EXPECT_EQ(Text(CFSTR("last")), "v");
+}
+
+// The units of a text of ASCII as UTF-32, with the mark.
+std::string Utf32(std::u32string text, bool bigEndian) {
+  text.insert(0, 1, U'\uFEFF');
+  std::string bytes;
+  for (const char32_t unit : text) {
+    for (int i = 0; i < 4; ++i) bytes.push_back(static_cast<char>(unit >> 8 * (bigEndian ? 3 - i : i)));
+  }
+  return bytes;
+}
+
+TEST_F(OwnBundle, ReadsATableInUtf32) {
+  for (const bool bigEndian : {false, true}) {
+    Open("{}", Utf32(U"k = \"\u00e9 \U0001D11E\";", bigEndian));
+    EXPECT_EQ(Text(CFSTR("k")), "\u00e9 \U0001D11E");
+    CFRelease(bundle_);
+  }
+  bundle_ = nullptr;
+}
+
+TEST_F(OwnBundle, LosesATableOfBrokenUtf32) {
+  const std::u32string text = U"k = v;";
+  for (const std::string& table : {Utf32(text, true) + "\n", Utf32(text, false) + "\n\n", Utf32(text, false) + "\n\n\n",
+                                   Utf32(text + char32_t{0xD800}, true), Utf32(text + char32_t{0xDFFF}, false),
+                                   Utf32(text + char32_t{0x110000}, true)}) {
+    Open("{}", table);
+    EXPECT_EQ(Text(CFSTR("k")), "k");
+    CFRelease(bundle_);
+  }
+  bundle_ = nullptr;
 }
 
 TEST_F(OwnBundle, LosesATableThatIsNestedTooDeep) {

@@ -107,6 +107,34 @@ TEST(Utf16, NeedsTwoBytesAUnit) {
   EXPECT_EQ(CFStringGetMaximumSizeForEncoding(3, kCFStringEncodingUTF16LE), 6);
 }
 
+TEST(Utf8, HasEachCodePointInItsLength) {
+  EXPECT_EQ(Bytes(u"\u007F\u0080", kCFStringEncodingUTF8), (Converted{2, 3, "\x7F\xC2\x80"}));
+  EXPECT_EQ(Bytes(u"\u07FF\u0800", kCFStringEncodingUTF8), (Converted{2, 5, "\xDF\xBF\xE0\xA0\x80"}));
+  EXPECT_EQ(Bytes(u"\uFFFF\U00010000", kCFStringEncodingUTF8), (Converted{3, 7, "\xEF\xBF\xBF\xF0\x90\x80\x80"}));
+  EXPECT_EQ(Bytes(u"\U0010FFFF", kCFStringEncodingUTF8), (Converted{2, 4, "\xF4\x8F\xBF\xBF"}));
+  EXPECT_EQ(Text("\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80", kCFStringEncodingUTF8), u"\u007F\u0080\u07FF\u0800");
+  EXPECT_EQ(Text("\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", kCFStringEncodingUTF8), u"\uFFFF\U00010000\U0010FFFF");
+}
+
+TEST(Utf8, HasNoOtherSequences) {
+  for (const char* const bytes :
+       {"\x80", "\xBF", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80",
+        "\xF8\x90\x80\x80", "\xF8\x88\x80\x80\x80", "\xFF", "\xC3", "\xC3("}) {
+    EXPECT_EQ(CFStringCreateWithCString(kCFAllocatorDefault, bytes, kCFStringEncodingUTF8), nullptr)
+        << HexOfBytes(bytes);
+  }
+}
+
+TEST(Marks, WithoutACharacterGiveTheLossByteEach) {
+  EXPECT_EQ(Bytes(u"\u0301", kCFStringEncodingMacRoman), (Converted{1, 1, "?"}));
+  EXPECT_EQ(Bytes(u"\u0301\u0302a", kCFStringEncodingMacRoman), (Converted{3, 3, "??a"}));
+}
+
+TEST(LoneSurrogates, AreWhatTheEndOfARangeLeavesOfAPair) {
+  EXPECT_EQ(Bytes(u"a\U0001D11E", kCFStringEncodingUTF8, CFRangeMake(0, 2)), (Converted{1, 1, "a"}));
+  EXPECT_EQ(Bytes(u"a\U0001D11E", kCFStringEncodingUTF8, CFRangeMake(2, 1)), (Converted{0, 0, ""}));
+}
+
 TEST(LoneSurrogates, EndWhatIsWrittenAsUtf8) {
   EXPECT_EQ(Bytes({u'a', 0xD834, u'b'}, kCFStringEncodingUTF8), (Converted{1, 1, "a"}));
   EXPECT_EQ(Bytes({0xDD1E, 0xD834}, kCFStringEncodingUTF8), (Converted{0, 0, ""}));
