@@ -38,6 +38,22 @@ TEST_F(OwnBundle, IsOneObjectForItsFolder) {
   EXPECT_EQ(CFBundleGetBundleWithIdentifier(CFSTR("org.example.one")), bundle_) << "the first is held still";
 }
 
+TEST_F(OwnBundle, KnowsXmlByItsFirstTagWhateverBlanksComeBefore) {
+  for (const char* const start : {"<?xml version='1.0'?>", "<!DOCTYPE plist>", ""}) {
+    for (const char* const blanks : {"", " ", "\t", "\r\n", "\n \t"}) {
+      SCOPED_TRACE(testing::Message() << start << " after " << testing::PrintToString(blanks));
+      // A declaration stands at the very start, or the document is not well formed.
+      const std::string declared = *start == '<' && start[1] == '?' ? "" : blanks;
+      Open(declared + start +
+           "<plist version='1.0'><dict><key>CFBundleIdentifier</key><string>x.y</string></dict></plist>");
+      ASSERT_NE(CFBundleGetIdentifier(bundle_), nullptr);
+      EXPECT_TRUE(CFEqual(CFBundleGetIdentifier(bundle_), CFSTR("x.y")));
+      CFRelease(bundle_);
+    }
+  }
+  bundle_ = nullptr;
+}
+
 TEST_F(OwnBundle, ReadsItsTable) {
   Open("{}", "/* a */ \"k\" = \"v\\n\\\"\\U00e9\"; // b\nplain = word; lone;");
   EXPECT_EQ(Text(CFSTR("k")), "v\n\"\u00e9");

@@ -77,4 +77,18 @@ TEST(FormatVectors, CreateWithFormat) {
   }
 }
 
+TEST(Format, ReachesThe127thArgument) {
+  CallArguments call("");
+  call.words[126] = 42;
+  const auto formatted = [&call](const std::u16string& format) {
+    const CFStringRef string = MakeString(format);
+    const std::string text =
+        TakeHex(Format(string, call, std::make_index_sequence<128>(), std::make_index_sequence<8>()));
+    CFRelease(string);
+    return text;
+  };
+  EXPECT_EQ(formatted(u"%127$d"), HexOf(u"42"));
+  EXPECT_EQ(formatted(u"%128$d"), "NULL");
+}
+
 }  // namespace

@@ -185,6 +185,46 @@ TEST_F(Document, TakesACancelledEditBackToItsOwnStart) {
   EXPECT_EQ(*document.Records().Find(1, {1, 1}), EDataStore::Bytes{5});
 }
 
+TEST_F(Document, TakesNothingBackBeforeTheOutermostEditIsCancelled) {
+  const auto isHidden = [this](int measure) { return document.LoadFrame(1, measure, 0)->entries[0].flags != 0; };
+  const auto hide = [this](int measure) {
+    EXTGF2005a* const frame = document.LoadFrame(1, measure, 0);
+    frame->entries[0].flags = kNoLegerLines;
+    EXPECT_TRUE(document.SaveFrame(frame));
+  };
+  document.StartEdit();
+  hide(1);
+  document.StartEdit();
+  hide(3);
+  EXPECT_TRUE(document.CancelEdit());
+  EXPECT_TRUE(isHidden(1));
+  EXPECT_TRUE(isHidden(3)) << "the outer edit goes on";
+  EXPECT_TRUE(document.CancelEdit());
+  EXPECT_FALSE(isHidden(1));
+  EXPECT_FALSE(isHidden(3));
+}
+
+TEST_F(Document, CountsTheFramesThatWereSaved) {
+  EXTGF2005a* const frame = document.LoadFrame(1, 1, 0);
+  EXPECT_EQ(document.SavedFrames(), 0u);
+  EXPECT_TRUE(document.SaveFrame(frame));
+  EXPECT_TRUE(document.SaveFrame(frame));
+  EXPECT_EQ(document.SavedFrames(), 2u);
+  frame->entryCount = 1;
+  EXPECT_FALSE(document.SaveFrame(frame));
+  EXPECT_EQ(document.SavedFrames(), 2u);
+}
+
+TEST_F(Document, ReportsTheFirstOfItsRefusedChanges) {
+  EXTGF2005a* const first = document.LoadFrame(1, 3, 0);
+  first->entryCount = 0;
+  EXPECT_FALSE(document.SaveFrame(first));
+  EXTGF2005a* const second = document.LoadFrame(1, 1, 0);
+  second->entryCount = 9;
+  EXPECT_FALSE(document.SaveFrame(second));
+  EXPECT_EQ(document.RefusedChange(), "removed entries from staff 1, measure 3, layer 1");
+}
+
 TEST_F(Document, KeepsWhatAnEndedEditChanged) {
   document.StartEdit();
   document.Records().Save(1, {1, 1}, {5});

@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "BrvEDK/Source/brevixpdk.h"
 #include "BrvEDK/Source/convention.h"
@@ -50,19 +51,24 @@ class FarUser : public User {
   }
   bool Ask(const std::string& question) override {
     Show(question);
-    return true;
+    return agrees;
   }
   void ShowProgress(std::int64_t newDone, std::int64_t newTotal) override {
     CheckReach();
     done = newDone;
     total = newTotal;
   }
-  void EndProgress() override { CheckReach(); }
+  void EndProgress() override {
+    CheckReach();
+    ++ended;
+  }
 
   bool inReach = true;
+  bool agrees = true;
   std::string shown;
   std::int64_t done = 0;
   std::int64_t total = 0;
+  int ended = 0;
 
  private:
   void CheckReach() const {
@@ -128,6 +134,56 @@ TEST_F(Exports, CountEdits) {
   EXPECT_EQ(BX_EndBrevixEdit(kBrvVersion), 1);
   BX_CancelBrevixEdit(kBrvVersion);
   EXPECT_EQ(BX_EndBrevixEdit(kBrvVersion), 0);
+}
+
+TEST_F(Exports, ShowWhatIsDoneInAllUntilProgressEnds) {
+  void* const display = BX_StartMassEdit(nullptr, 10, kBrvVersion);
+  EXPECT_EQ(BX_MassEditProgress(display, 4, 0, 0, -1, kBrvVersion), 1);
+  EXPECT_EQ(BX_MassEditProgress(display, 3, 0, 0, -1, kBrvVersion), 1);
+  EXPECT_EQ(user.done, 7);
+  EXPECT_EQ(BX_MassEditProgress(display, -2, 0, 0, -1, kBrvVersion), 1);
+  EXPECT_EQ(user.done, 5);
+  EXPECT_EQ(user.ended, 0);
+  EXPECT_EQ(BX_EndMassEdit(display, 0, kBrvVersion), 1);
+  EXPECT_EQ(user.ended, 1);
+}
+
+TEST_F(Exports, KnowNoOtherDisplayThanTheirOwn) {
+  int other = 0;
+  BX_StartMassEdit(nullptr, 10, kBrvVersion);
+  EXPECT_EQ(BX_MassEditProgress(&other, 4, 0, 0, -1, kBrvVersion), 0);
+  EXPECT_EQ(BX_EndMassEdit(&other, 0, kBrvVersion), 0);
+  EXPECT_EQ(BX_MassEditProgress(nullptr, 4, 0, 0, -1, kBrvVersion), 0);
+  EXPECT_EQ(BX_EndMassEdit(nullptr, 0, kBrvVersion), 0);
+  EXPECT_EQ(user.done, 0);
+  EXPECT_TRUE(session.ShowsProgress());
+  EXPECT_EQ(document.MisusesSoFar().Texts(),
+            (std::vector<std::string>{"moves a progress display that it has not started (2 times)",
+                                      "ends a progress display that it has not started (2 times)"}));
+}
+
+TEST_F(Exports, ReturnWhatTheUserAnswers) {
+  EXPECT_EQ(BX_AlertMessage(nullptr, kAlertQuestion, 0, "Yes?", kBrvVersion), 1);
+  user.agrees = false;
+  EXPECT_EQ(BX_AlertMessage(nullptr, kAlertQuestion, 0, "No?", kBrvVersion), 0);
+  EXPECT_EQ(user.shown, "No?");
+  EXPECT_EQ(BX_AlertMessage(nullptr, kAlertMessage, 0, "Seen", kBrvVersion), 1) << "no question";
+}
+
+TEST_F(Exports, ShowEachLayerOfTheScoreWhereNoneAreChosen) {
+  for (int layer = 0; layer < 4; ++layer) EXPECT_EQ(BX_GetShowLayer(layer, kBrvVersion), 1) << layer;
+  for (const int layer : {-1, 4, 5}) EXPECT_EQ(BX_GetShowLayer(layer, kBrvVersion), 0) << layer;
+  EXPECT_EQ(BX_GetMaxLayers(kBrvVersion), 4);
+}
+
+TEST_F(Exports, KeepTheFirstOfTheirFailures) {
+  user.inReach = false;
+  BX_AlertMessage(nullptr, kAlertMessage, 0, "x", kBrvVersion);
+  const std::string text(100, 'x');
+  allocationsLeft = 0;
+  BX_AlertMessage(nullptr, kAlertMessage, 0, text.c_str(), kBrvVersion);
+  allocationsLeft = -1;
+  EXPECT_THROW(session.RethrowFailure(), std::runtime_error);
 }
 
 TEST_F(Exports, EndAnEditOnceForEachStart) {
