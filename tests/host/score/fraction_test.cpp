@@ -55,6 +55,25 @@ TEST(Fraction, RoundsToTheNearestUnit) {
   EXPECT_EQ((Fraction{-1, 3}).Rounded(10), -3);
 }
 
+TEST(Fraction, HoldsAllNumbersOf64BitsAndNoOthers) {
+  EXPECT_EQ(Fraction::Of(Wide{INT64_MAX}, 1)->numerator, INT64_MAX);
+  EXPECT_FALSE(Fraction::Of(Wide{INT64_MAX} + 1, 1));
+  EXPECT_EQ(Fraction::Of(Wide{INT64_MIN}, 1)->numerator, INT64_MIN);
+  EXPECT_FALSE(Fraction::Of(Wide{INT64_MIN} - 1, 1));
+  EXPECT_EQ(Fraction::Of(1, Wide{INT64_MAX})->denominator, INT64_MAX);
+  EXPECT_FALSE(Fraction::Of(1, Wide{INT64_MAX} + 1));
+  EXPECT_EQ(Fraction::Of(Wide{INT64_MIN} * 6, 6)->numerator, INT64_MIN) << "in lowest terms";
+}
+
+TEST(Fraction, RoundsToAllNumbersOf32BitsAndNoOthers) {
+  EXPECT_EQ((Fraction{INT32_MAX, 1}).Rounded(1), INT32_MAX);
+  EXPECT_FALSE((Fraction{std::int64_t{INT32_MAX} + 1, 1}).Rounded(1));
+  EXPECT_EQ((Fraction{INT32_MIN, 1}).Rounded(1), INT32_MIN);
+  EXPECT_FALSE((Fraction{std::int64_t{INT32_MIN} - 1, 1}).Rounded(1));
+  EXPECT_EQ((Fraction{-2, 1}).Rounded(1), -2);
+  EXPECT_EQ((Fraction{-1, 2}).Rounded(1), 0) << "halves go up";
+}
+
 TEST(Fraction, IsNullWhenANumberDoesNotFit) {
   EXPECT_FALSE((Fraction{INT64_MAX, 1}).Plus({1, 1}));
   EXPECT_FALSE((Fraction{1, INT64_MAX}).Plus({1, INT64_MAX - 1}));

@@ -76,6 +76,18 @@ TEST(LedgerEdits, ChangeEveryNoteOfAChangedChord) {
       << "a note that is already as it should be keeps its bytes";
 }
 
+TEST(LedgerEdits, FollowTheDocumentWhateverTheOrderOfTheVoices) {
+  const auto notes = [](const std::string& attribute) {
+    std::string all;
+    for (const char* const voice : {"1", "2", "1", "3", "2", "1"}) {
+      all.append("<note").append(attribute).append("><voice>").append(voice).append("</voice></note>");
+    }
+    return all;
+  };
+  EXPECT_EQ(Hidden(notes("")), notes(" print-leger=\"no\""));
+  EXPECT_EQ(Shown(notes(" print-leger=\"no\"")), notes(""));
+}
+
 TEST(LedgerEdits, CountTheEntriesThatChangeAndNotTheirNotes) {
   const std::string document = Partwise(Measure(Note() + Note("<chord/>") + Note("", " print-leger='no'") + Note()));
   Score score = ReadMusicXml(document);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -91,6 +92,45 @@ TEST(ReadMusicXml, KeepsAChordTogetherWhateverIsBetweenAndWhateverVoicesItsNotes
   const std::string notes =
       Note("<voice>X</voice>") + "<direction><staff>1</staff></direction>" + Note("<chord/><voice>Y</voice>");
   EXPECT_EQ(EntriesOf(ScoreOf(notes)), (Entries{{1, 1, 0, 0, 2}}));
+}
+
+TEST(ReadMusicXml, PutsTheNotesOfACrossStaffChordInTheVoiceOfItsFirst) {
+  const std::string notes = Note("<voice>X</voice>") + Note("<chord/><voice>Y</voice><staff>2</staff>") +
+                            Note("<voice>X</voice><staff>2</staff>") + Note("<voice>Y</voice><staff>2</staff>");
+  EXPECT_EQ(EntriesOf(ScoreOf(notes)),
+            (Entries{{1, 1, 0, 0, 1}, {2, 1, 0, 0, 1}, {2, 1, 0, 10080, 1}, {2, 1, 1, 20160, 1}}));
+}
+
+TEST(ReadMusicXml, TakesANoteThatStatesNoVoiceForOneOfTheFirst) {
+  const Score score = ScoreOf(Note("<voice>2</voice>") + Note() + Note("<voice>1</voice>") + Note("<voice>2</voice>"));
+  EXPECT_EQ(EntriesOf(score),
+            (Entries{{1, 1, 0, 0, 1}, {1, 1, 0, 30240, 1}, {1, 1, 1, 10080, 1}, {1, 1, 1, 20160, 1}}));
+}
+
+TEST(ReadMusicXml, TakesAChordWithoutAFirstNoteForANote) {
+  const Score begun = ReadMusicXml(Partwise(Measure(Note() + Note()) + Measure(Note("<chord/>") + Note())));
+  EXPECT_EQ(EntriesOf(begun), (Entries{{1, 1, 0, 0, 1}, {1, 1, 0, 10080, 1}, {1, 2, 0, 0, 1}, {1, 2, 0, 10080, 1}}))
+      << "the first note would be in another measure";
+  const std::string back = "<backup><duration>1</duration></backup>";
+  EXPECT_EQ(
+      EntriesOf(ScoreOf(Note() + Note() + Note() + back + Note("<chord/>") + Note())),
+      (Entries{{1, 1, 0, 0, 1}, {1, 1, 0, 10080, 1}, {1, 1, 0, 20160, 1}, {1, 1, 0, 20160, 1}, {1, 1, 0, 30240, 1}}))
+      << "the clock went back in between";
+}
+
+TEST(ReadMusicXml, KeepsTheNotesOfChordsInTheirOrderHoweverManyVoicesThereAre) {
+  std::string notes;
+  for (int i = 0; i < 50; ++i) {
+    const std::string voice = "<voice>" + std::to_string(i % 2) + "</voice>";
+    for (int note = 0; note < 4; ++note) notes += Note(voice + (note == 0 ? "" : "<chord/>"));
+  }
+  const Score score = ScoreOf(notes);
+  ASSERT_EQ(score.entries.size(), 50u);
+  for (const ScoreEntry& entry : score.entries) {
+    const auto ofEntry = score.NotesOf(entry);
+    ASSERT_EQ(ofEntry.size(), 4u);
+    EXPECT_TRUE(std::ranges::is_sorted(ofEntry, {}, [](const ScoreNote& note) { return +note.offset; }));
+  }
 }
 
 TEST(ReadMusicXml, PutsAGraceNoteWhereTheNoteIsThatItLeadsTo) {
@@ -247,6 +287,12 @@ TEST(ReadMusicXml, WarnsOfABackupBeforeTheBarlineAndGoesToIt) {
   EXPECT_EQ(score.warnings[0].line, 2u);
 }
 
+TEST(ReadMusicXml, WarnsOfNoBackupToTheBarline) {
+  const Score score = ScoreOf(Note() + "<backup><duration>1</duration></backup>" + Note("<voice>2</voice>"));
+  EXPECT_EQ(EntriesOf(score), (Entries{{1, 1, 0, 0, 1}, {1, 1, 1, 0, 1}}));
+  EXPECT_TRUE(score.warnings.empty());
+}
+
 TEST(ReadMusicXml, ReadsEveryEncodingThatTheDeclarationNames) {
   const auto nameIn = [](const std::string& document) { return ReadMusicXml(document).parts.at(0).names.name; };
   const auto scoreIn = [](const std::string& encoding, const std::string& name) {
@@ -358,6 +404,26 @@ TEST(ReadMusicXml, TakesThirtyTwoThousandSevenHundredAndSixtySevenStavesOfAllPar
   const Score score = ReadMusicXml(TwoParts(StaffOf(20000), StaffOf(12767)));
   EXPECT_EQ(score.staves, 32767);
   EXPECT_EQ(EntriesOf(score), (Entries{{20000, 1, 0, 0, 1}, {32767, 1, 0, 0, 1}}));
+}
+
+std::string Voices(int count) {
+  std::string notes;
+  for (int i = 0; i < count; ++i) notes += "<note><voice>" + std::to_string(i) + "</voice></note>";
+  return notes;
+}
+
+TEST(ReadMusicXml, TakesThirtyTwoThousandSevenHundredAndSixtySevenVoicesOfAStaff) {
+  EXPECT_EQ(ScoreOf(Voices(32767)).layers, 32767);
+  EXPECT_THROW(ScoreOf(Voices(32768)), InputError);
+}
+
+TEST(ReadMusicXml, TakesThirtyTwoThousandSevenHundredAndSixtySevenNotesOfAVoiceInAMeasure) {
+  std::string notes;
+  for (int i = 0; i < 32767; ++i) notes += "<note/>";
+  const Score score = ScoreOf(notes);
+  ASSERT_EQ(score.frames.size(), 1u);
+  EXPECT_EQ(score.frames[0].entryCount, 32767u);
+  EXPECT_THROW(ScoreOf(notes + "<note/>"), InputError);
 }
 
 // A list names each part once. If a name were copied to each part with its id, a small document would fill the memory.

@@ -52,6 +52,21 @@ TEST(DocumentImage, HoldsWhatExtensionsSeeOfAScore) {
   EXPECT_EQ(LinesOf(image.records), LinesOf(records));
 }
 
+TEST(DocumentImage, HoldsWhatInstrumentsAreCountedBy) {
+  const Score score = ReadMusicXml(
+      "<score-partwise><part-list><score-part id='A'><score-instrument id='I'/></score-part><score-part id='B'>"
+      "<score-instrument id='J'/><score-instrument id='K'/></score-part></part-list><part id='A'><measure>"
+      "<attributes><staves>3</staves></attributes></measure></part><part id='B'><measure/></part></score-partwise>");
+  const DocumentImage image = ReadImage(ImageOf(score, std::nullopt));
+  ASSERT_EQ(image.score.parts.size(), 2u);
+  EXPECT_EQ(image.score.parts[0].firstStaff, 1);
+  EXPECT_EQ(image.score.parts[0].staves, 3);
+  EXPECT_EQ(image.score.parts[0].instruments, 1);
+  EXPECT_EQ(image.score.parts[1].firstStaff, 4);
+  EXPECT_EQ(image.score.parts[1].staves, 1);
+  EXPECT_EQ(image.score.parts[1].instruments, 2);
+}
+
 TEST(DocumentImage, HoldsTheRegion) {
   EREGION region{};
   region.startStaff = 2;

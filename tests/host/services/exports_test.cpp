@@ -338,8 +338,8 @@ TEST_F(Exports, KeepNoFailureWhereThereWasNone) {
   EXPECT_NO_THROW(session.RethrowFailure());
 }
 
-// A score of three parts: of one staff and two instruments, of two staves and three instruments, of one staff and none.
-// Part of it is selected, and one layer shown.
+// A score of four parts: of one staff and two instruments, of two staves and three instruments, of one staff and none,
+// of one staff and one instrument. Part of it is selected, and one layer shown.
 class ExportsOfASelection : public testing::Test {
  protected:
   static EREGION Selected() {
@@ -363,9 +363,10 @@ class ExportsOfASelection : public testing::Test {
       "<score-part id='A'><score-instrument id='I1'/><score-instrument id='I2'/></score-part>"
       "<score-part id='B'><score-instrument id='I3'/><score-instrument id='I4'/><score-instrument "
       "id='I5'/></score-part>"
-      "<score-part id='C'/></part-list><part id='A'><measure/></part>"
+      "<score-part id='C'/><score-part id='D'><score-instrument id='I6'/></score-part></part-list><part "
+      "id='A'><measure/></part>"
       "<part id='B'><measure><attributes><staves>2</staves></attributes></measure></part>"
-      "<part id='C'><measure/></part></score-partwise>");
+      "<part id='C'><measure/></part><part id='D'><measure/></part></score-partwise>");
   OpenDocument document{score};
   Session session{extension, document, user, {Selected(), {1}}};
 };
@@ -398,7 +399,7 @@ TEST_F(ExportsOfASelection, KnowTheLayersThatAreShown) {
 
 TEST_F(ExportsOfASelection, CountInstrumentsThroughAllParts) {
   for (const auto& [staff, before, count] :
-       {std::tuple{0, 0, 0}, {1, 0, 2}, {2, 2, 3}, {3, 2, 3}, {4, 5, 0}, {5, 0, 0}, {65535, 0, 0}}) {
+       {std::tuple{0, 0, 0}, {1, 0, 2}, {2, 2, 3}, {3, 2, 3}, {4, 5, 0}, {5, 5, 1}, {6, 0, 0}, {65535, 0, 0}}) {
     SCOPED_TRACE(staff);
     for (int slot = -1; slot <= 7; ++slot) {
       const bool isOne = slot >= 1 && slot <= count;

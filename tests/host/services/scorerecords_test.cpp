@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "BrvEDK/Source/documentrecords.h"
+#include "host/services/textrecords.h"
 #include "tests/host/scores.h"
 
 namespace brvhost {
@@ -94,6 +95,31 @@ TEST_F(ScoreRecords, OfMeasuresTakeKeyAndMeterOfTheFirstStaffWhereTheStavesDiffe
   EXPECT_EQ(Word(kMeasureSpecTag, 1, 2), 3);
   EXPECT_EQ(Word(kMeasureSpecTag, 1, 8), 2);
   EXPECT_EQ(Word(kMeasureSpecTag, 1, 10), 2);
+}
+
+TEST_F(ScoreRecords, OfMeasuresHaveKeysOfAtMostSevenSharpsOrFlats) {
+  ReadMeasures({Attributes(Key(7)), Attributes(Key(-7)), Attributes(Key(8)), Attributes(Key(-8)), Attributes(Key(20))});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 2), 7);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 2), -7 & 0xFF);
+  EXPECT_EQ(Word(kMeasureSpecTag, 3, 2), -4 & 0xFF);
+  EXPECT_EQ(Word(kMeasureSpecTag, 4, 2), 4);
+  EXPECT_EQ(Word(kMeasureSpecTag, 5, 2), -4 & 0xFF);
+}
+
+TEST_F(ScoreRecords, OfMeasuresHaveAMeterThatChangesWithinOneFromTheNextOn) {
+  ReadMeasures({Attributes("<time><beats>3</beats><beat-type>4</beat-type></time>"),
+                Note() + Attributes("<time><beats>6</beats><beat-type>8</beat-type></time>"), ""});
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 8), 3);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 10), 4);
+  EXPECT_EQ(Word(kMeasureSpecTag, 3, 8), 6);
+  EXPECT_EQ(Word(kMeasureSpecTag, 3, 10), 8);
+}
+
+TEST_F(ScoreRecords, OfMeasuresHaveNoMeterOfFewerBeatsThanNone) {
+  ReadMeasures({Attributes("<time><beats>-3</beats><beat-type>4</beat-type></time>"),
+                Attributes("<time><beats>3+-4</beats><beat-type>4</beat-type></time>")});
+  EXPECT_EQ(Word(kMeasureSpecTag, 1, 8), 0);
+  EXPECT_EQ(Word(kMeasureSpecTag, 2, 8), 0);
 }
 
 TEST_F(ScoreRecords, OfMeasuresKnowKeysThatAreNotMadeOfFifths) {
@@ -196,6 +222,39 @@ TEST_F(ScoreRecords, OfStavesReadEachTranspositionAnew) {
   EXPECT_EQ(Word(kStaffSpecTag, 4, 20), 14 << 6) << "two octaves up";
 }
 
+TEST_F(ScoreRecords, OfStavesHaveTheFirstTranspositionThatIsStated) {
+  ReadMeasures({Attributes("<transpose><chromatic>12</chromatic></transpose>"),
+                Attributes("<transpose><chromatic>-12</chromatic></transpose>")});
+  EXPECT_EQ(Word(kStaffSpecTag, 1, 20), (-7 & 0x3F) << 6);
+}
+
+// 7 steps to 12 semitones, halves up: 6 semitones are 4 steps, 6 down are 3.
+TEST_F(ScoreRecords, OfStavesHaveTheNearestStepsWhereNoneAreStated) {
+  const std::vector<int> steps = {0, 1, 1, 2, 2, 3, 4, 4, 5, 5, 6, 6};
+  for (int semitones = -12; semitones < 12; ++semitones) {
+    const int octave = semitones < 0 ? -1 : 0;
+    const int expected = steps[static_cast<std::size_t>(semitones - 12 * octave)] + 7 * octave;
+    const int fifths = 7 * semitones - 12 * expected;
+    ReadMeasures({Attributes("<transpose><chromatic>" + std::to_string(semitones) + "</chromatic></transpose>")});
+    EXPECT_EQ(Word(kStaffSpecTag, 1, 20), (-expected & 0x3F) << 6 | (-fifths & 0x3F)) << semitones;
+  }
+}
+
+TEST_F(ScoreRecords, OfStavesTakeTheDiatonicFormWhereSixBitsDoNotHoldTheOther) {
+  const auto transposition = [this](int diatonic, int chromatic) {
+    ReadMeasures({Attributes("<transpose><diatonic>" + std::to_string(diatonic) + "</diatonic><chromatic>" +
+                             std::to_string(chromatic) + "</chromatic></transpose>")});
+    return Word(kStaffSpecTag, 1, 20);
+  };
+  EXPECT_EQ(transposition(32, 55), (-32 & 0x3F) << 6 | (-1 & 0x3F)) << "four octaves and a fifth";
+  EXPECT_EQ(transposition(33, 57), 0x2000 | (-33 & 0xFF)) << "and a sixth";
+  EXPECT_EQ(transposition(-31, -53), 31 << 6 | (-1 & 0x3F));
+  EXPECT_EQ(transposition(-32, -55), 0x2000 | 32);
+  EXPECT_EQ(transposition(2, 8), (-2 & 0x3F) << 6 | (-32 & 0x3F)) << "32 fifths down";
+  EXPECT_EQ(transposition(5, 4), 0x2000 | (-5 & 0xFF)) << "32 fifths up";
+  EXPECT_EQ(transposition(0, 5), 0x2000) << "35 fifths";
+}
+
 TEST_F(ScoreRecords, OfStavesTakeTheDiatonicFormForMoreThanFourOctaves) {
   ReadMeasures({Attributes("<transpose><chromatic>0</chromatic><octave-change>5</octave-change></transpose>")});
   EXPECT_EQ(Word(kStaffSpecTag, 1, 20), 0x2000 | (-35 & 0xFF));
@@ -226,6 +285,42 @@ TEST_F(ScoreRecords, OfTextsHoldEveryTagOfALongName) {
       flats + "</part-name></score-part></part-list><part id='A'><measure/></part></score-partwise>");
   StoreScoreRecords(score, records);
   EXPECT_TRUE(RawText(1) == u"^font()" + tags);
+}
+
+TEST_F(ScoreRecords, OfTextsHaveNoCaretInTheNamesOfFonts) {
+  Read(
+      "<score-partwise><part-list><score-part id='A'><part-name font-family='Ti^mes'>Oboe</part-name></score-part>"
+      "</part-list><part id='A'><measure/></part></score-partwise>");
+  EXPECT_EQ(RawText(1), u"^font(Times)Oboe");
+}
+
+TEST_F(ScoreRecords, OfTextsAreNoMoreThanAKeyCanCount) {
+  TextRecords texts(records);
+  EXPECT_EQ(texts.Store(""), 0);
+  for (int number = 1; number <= 65535; ++number) ASSERT_EQ(texts.Store("x"), number);
+  EXPECT_EQ(texts.Store("y"), 0);
+  EXPECT_EQ(RawText(65535), u"x");
+}
+
+TEST_F(ScoreRecords, OfPreferencesNamePitchesWithMiddleCAsC4) {
+  Read(Partwise("<measure/>"));
+  EXPECT_EQ(Word(kGeneralPrefsTag, 0, 38), 1);
+  EXPECT_EQ(Word(kGeneralPrefsTag, 0, 40), 0);
+}
+
+TEST_F(ScoreRecords, OfGroupsHaveTheNumbersOfTheirSymbols) {
+  std::string groups;
+  for (const char* const symbol : {"brace", "bracket", "line", "square", "none", "Brace"}) {
+    groups.append("<part-group number='1' type='start'><group-symbol>").append(symbol);
+    groups.append("</group-symbol></part-group><score-part id='").append(symbol);
+    groups.append("'/><part-group number='1' type='stop'/>");
+  }
+  std::string parts;
+  for (int i = 0; i < 6; ++i) parts += "<part id='" + std::to_string(i) + "'><measure/></part>";
+  Read("<score-partwise><part-list>" + groups + "</part-list>" + parts + "</score-partwise>");
+  std::vector<int> symbols;
+  for (int group = 1; group <= 6; ++group) symbols.push_back(Word(kGroupSpecTag, group, 6));
+  EXPECT_EQ(symbols, (std::vector<int>{1, 2, 3, 4, 0, 0}));
 }
 
 TEST_F(ScoreRecords, OfGroupsHaveTheirStaves) {
@@ -289,8 +384,18 @@ TEST_F(ScoreRecords, OfGroupsHaveTheirOwnNamesAlone) {
   EXPECT_EQ(records.Find(kGroupSpecTag, {3, 0}), nullptr);
 }
 
+TEST_F(ScoreRecords, OfPagesAreThoseOfAllParts) {
+  const std::string page = "<measure><print new-page='yes'/></measure>";
+  Read("<score-partwise><part id='A'><measure/><measure/>" + page + "</part><part id='B'>" + page + page + page +
+       "</part></score-partwise>");
+  EXPECT_EQ(Word(kPageSpecTag, 1, 0), 1);
+  EXPECT_EQ(Word(kPageSpecTag, 2, 0), 2);
+  EXPECT_EQ(Word(kPageSpecTag, 3, 0), 3);
+  EXPECT_EQ(records.Find(kPageSpecTag, {4, 0}), nullptr);
+}
+
 TEST_F(ScoreRecords, OfPagesHaveTheirFirstMeasure) {
-  ReadMeasures({"", "<print new-page='yes'/>", "<print new-system='yes'/>", "<print new-page='yes'/>"});
+  ReadMeasures({"", "<print new-page='yes'/>", "<print new-system='yes' new-page='no'/>", "<print new-page='yes'/>"});
   EXPECT_EQ(Word(kPageSpecTag, 1, 0), 1);
   EXPECT_EQ(Word(kPageSpecTag, 2, 0), 2);
   EXPECT_EQ(Word(kPageSpecTag, 3, 0), 4);
