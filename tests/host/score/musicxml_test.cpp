@@ -386,6 +386,9 @@ INSTANTIATE_TEST_SUITE_P(
                  1},
         BadScore{"\x4C\x6F\xA7\x94\x93\x40\x4C", "in EBCDIC cannot be read", 1},
         BadScore{"+ADw-score-partwise/+AD4-", "in UTF-7 cannot be read", 1},
+        BadScore{"+/v8-+ADw-score-partwise/+AD4-", "in UTF-7 cannot be read", 1},
+        // The start of a name in UTF-16, which has a character that ends with a zero byte.
+        BadScore{std::string("<\0\0\x78", 4), "ends too early", 1},
         BadScore{"<?xml version='1.0' encoding='UTF-7'?><score-partwise/>", "unknown encoding", 1},
         BadScore{WithZeros("<?xml version='1.0' encoding='UTF-8'?><score-partwise/>", 0, 1), "encoding specified", 1},
         BadScore{WithZeros("<?xml version='1.0' encoding='UTF-16BE'?><score-partwise/>", 0, 1), "encoding specified",

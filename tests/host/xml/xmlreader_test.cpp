@@ -85,6 +85,48 @@ TEST(ReadXml, ReportsTheSameErrorHoweverSmallThePieces) {
   ExpectTheSameInPieces("", "; the XML ends too early at 1:1");
 }
 
+// Refuses each element, with a place or without, and counts what is reported after that.
+class Refuser : public XmlHandler {
+ public:
+  explicit Refuser(TextPlace place) : place_(place) {}
+  void Begin(XmlPosition&) override {}
+  void StartElement(const char* name, const XmlAttributes&) override {
+    ++reported;
+    throw InputError(name, place_);
+  }
+  void EndElement() override { ++reported; }
+  void Text(std::string_view) override { ++reported; }
+
+  int reported = 0;
+
+ private:
+  const TextPlace place_;
+};
+
+TEST(ReadXml, EndsAtTheFirstElementThatIsRefused) {
+  Refuser refuser({});
+  try {
+    ReadXml("\n <a/>", refuser);
+    FAIL() << "it was read";
+  } catch (const InputError& error) {
+    EXPECT_STREQ(error.what(), "a");
+    EXPECT_EQ(error.place.line, 2u) << "that of the element";
+    EXPECT_EQ(error.place.column, 2u);
+  }
+  EXPECT_EQ(refuser.reported, 1) << "not its end either";
+}
+
+TEST(ReadXml, LeavesAnErrorThePlaceThatItHas) {
+  Refuser refuser({7, 9});
+  try {
+    ReadXml("\n <a/>", refuser);
+    FAIL() << "it was read";
+  } catch (const InputError& error) {
+    EXPECT_EQ(error.place.line, 7u);
+    EXPECT_EQ(error.place.column, 9u);
+  }
+}
+
 TEST(ReadXmlSection, RefusesASectionThatIsMoreThanOnePiece) {
   const XmlSection section{"<a>", "<b/><c/>", "</a>", 100};
   Scribe scribe;
