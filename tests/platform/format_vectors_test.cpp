@@ -82,8 +82,7 @@ TEST(Format, ReachesThe127thArgument) {
   call.words[126] = 42;
   const auto formatted = [&call](const std::u16string& format) {
     const CFStringRef string = MakeString(format);
-    const std::string text =
-        TakeHex(Format(string, call, std::make_index_sequence<128>(), std::make_index_sequence<8>()));
+    std::string text = TakeHex(Format(string, call, std::make_index_sequence<128>(), std::make_index_sequence<8>()));
     CFRelease(string);
     return text;
   };

@@ -19,3 +19,11 @@ inline std::filesystem::path ExecutableUnderTest() {
 inline std::filesystem::path BundleUnderTest() {
   return ExecutableUnderTest().parent_path().parent_path().parent_path();
 }
+
+// Calls the bundle's own main, which in a test program the name alone does not reach.
+inline int BundleMain(int argc, void* argv) {
+  void* const image = dlopen(ExecutableUnderTest().c_str(), RTLD_NOW | RTLD_NOLOAD);
+  const auto function = reinterpret_cast<int (*)(int, void*)>(dlsym(image, "main"));
+  dlclose(image);
+  return function(argc, argv);
+}

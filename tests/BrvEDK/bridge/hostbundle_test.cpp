@@ -1,5 +1,4 @@
 // Binding to the host's bundle. A process has one host, so the tests run in the order of this file.
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include "hostbundle.h"
@@ -7,14 +6,6 @@
 #include "tests/support/imageundertest.h"
 
 namespace {
-
-// The bundle's own main, which in this program the name alone does not reach.
-int BundleMain(int argc, void* argv) {
-  void* const image = dlopen(ExecutableUnderTest().c_str(), RTLD_NOW | RTLD_NOLOAD);
-  const auto function = reinterpret_cast<int (*)(int, void*)>(dlsym(image, "main"));
-  dlclose(image);
-  return function(argc, argv);
-}
 
 TEST(HostBundle, IsNotBoundByAMainWithoutArguments) {
   char program[] = "host";

@@ -5,6 +5,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 
 #include "portable.h"
 #include "recordinghost.h"
@@ -93,11 +94,13 @@ TEST_F(OwnBundle, CutsBetweenTheHalvesOfASurrogatePair) {
 TEST_F(OwnBundle, IsFoundByClimbingFromTheExecutable) {
   fs::create_directories(Contents() / "Linux-x86-64/deeper/still");
   fs::copy(Contents() / "Linux-x86-64/LegerLines.so", Contents() / "Linux-x86-64/deeper/still/LegerLines.so");
+  std::ofstream(Contents() / "Linux-x86-64/deeper/Info.plist") << "{ CFBundleIdentifier = \"org.example.passed\"; }";
   RecordingHost host;
   const auto get = reinterpret_cast<GetUnits>(Load(Contents() / "Linux-x86-64/deeper/still/LegerLines.so", kGetUnits));
   UniChar buffer[128];
   get(0x4E200001, buffer, 128);
   EXPECT_EQ(TextOf(buffer), u"Hide Ledger Lines");
+  EXPECT_EQ(CFBundleGetBundleWithIdentifier(CFSTR("org.example.passed")), nullptr) << "it has no executable";
 }
 
 class OwnBundleDeathTest : public OwnBundle {
