@@ -164,6 +164,8 @@ TEST_F(HostBundle, GivesTheFunctionsOfItsOwnExecutable) {
 TEST_F(HostBundle, GivesNoFunctionOfAnotherImage) {
   EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle_, CFSTR("malloc")), nullptr);
   EXPECT_EQ(CFBundleGetFunctionPointerForName(CFBundleGetMainBundle(), CFSTR("BX_GetMaxLayers")), nullptr);
+  EXPECT_EQ(CFBundleGetFunctionPointerForName(CFBundleGetMainBundle(), CFSTR("CFRetain")), nullptr)
+      << "though the program finds it";
 }
 
 TEST_F(HostBundle, KnowsItsExecutable) {

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
+#include <vector>
 
 #include "units.h"
 
@@ -59,6 +61,18 @@ TEST(BxStrncpy, FillsWithZerosUpToTheCountAndNoFurther) {
   EXPECT_EQ(dst[29], 9);
 }
 
+TEST(BxStrncpy, FillsWithZerosWhateverTheCount) {
+  for (std::size_t count = 3; count < 40; ++count) {
+    std::vector<UniChar> dst(50, 9);
+    bx_strncpy(dst.data(), Units(u"ab"), count);
+    std::vector<UniChar> expected(50, 9);
+    std::fill_n(expected.begin(), count, UniChar{0});
+    expected[0] = 'a';
+    expected[1] = 'b';
+    EXPECT_EQ(dst, expected) << count;
+  }
+}
+
 TEST(BxStrncpy, WritesNothingForZeroUnits) {
   UniChar dst[] = {9};
   bx_strncpy(dst, Units(u"ab"), 0);
@@ -105,6 +119,15 @@ TEST(BxStrstr, FindsAnEmptyNeedleAtTheStart) {
 TEST(BxStrstr, FindsNoNeedleThatIsLonger) {
   EXPECT_EQ(bx_strstr(Units(u"ab"), Units(u"abc")), nullptr);
   EXPECT_EQ(bx_strstr(Units(u""), Units(u"a")), nullptr);
+}
+
+TEST(BxStrstr, DoesNotLookBeyondTheEnd) {
+  const UniChar* text = Units(u"ab\0needle, and all of it is behind the end");
+  EXPECT_EQ(bx_strstr(text, Units(u"n")), nullptr);
+  EXPECT_EQ(bx_strstr(text, Units(u"ne")), nullptr);
+  EXPECT_EQ(bx_strstr(text, Units(u"needle")), nullptr);
+  EXPECT_EQ(bx_strstr(text, Units(u"bn")), nullptr);
+  EXPECT_EQ(bx_strstr(text, Units(u"ab")), text);
 }
 
 TEST(BxStrstr, FindsTheFirstFullMatch) {

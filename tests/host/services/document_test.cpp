@@ -115,6 +115,15 @@ TEST_F(Document, KnowsAFreedFrameFromTheNextOnes) {
   EXPECT_EQ(document.MisusesSoFar().Texts(), std::vector<std::string>{"writes to a frame that it has freed"});
 }
 
+TEST_F(Document, KnowsAFreedFrameThatWasWrittenToAmongMany) {
+  std::vector<EXTGF2005a*> frames;
+  for (int i = 0; i < 100; ++i) frames.push_back(document.LoadFrame(1, 1, 0));
+  EXPECT_TRUE(document.FreeFrame(frames[0]));
+  frames[0]->entryCount = 1;
+  for (std::size_t i = 1; i < frames.size(); ++i) EXPECT_TRUE(document.FreeFrame(frames[i]));
+  EXPECT_EQ(document.MisusesSoFar().Texts(), std::vector<std::string>{"writes to a frame that it has freed"});
+}
+
 TEST_F(Document, KnowsRecordsOfTheScoreThatWereChanged) {
   EDataStore& records = document.Records();
   const EDataStore::Bytes measure = *records.Find(kMeasureSpecTag, {1, 0});

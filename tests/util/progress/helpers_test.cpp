@@ -31,6 +31,12 @@ TEST(KbdUtilKeyIsDown, KnowsNoKeysFrom128Up) {
   BrvPlatformSetKeyDown(0, false);
 }
 
+TEST(KbdUtilKeyIsDown, IsNotMovedByKeysThatThereAreNot) {
+  for (int key = 128; key < 256; ++key) BrvPlatformSetKeyDown(static_cast<unsigned char>(key), true);
+  for (int key = 0; key < 128; ++key) EXPECT_EQ(KbdUtilKeyIsDown(static_cast<char>(key)), 0) << key;
+  EXPECT_EQ(BrvPlatformModifierFlags(), 0u);
+}
+
 // A caller may leave anything above the low bits of a register.
 int KeyIsDownByRegister(std::uint64_t keyCode) {
   void* const function = reinterpret_cast<void*>(&KbdUtilKeyIsDown);
