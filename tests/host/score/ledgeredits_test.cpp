@@ -49,6 +49,12 @@ TEST(LedgerEdits, TakeTheAttributeAwayWithItsBlanks) {
             "<note a='print-leger=\"no\"'>x</note>");
 }
 
+TEST(LedgerEdits, KnowTheAttributeByItsWholeName) {
+  EXPECT_EQ(Shown("<note print-legers='no' print-leger='no' print='no'/>"), "<note print-legers='no' print='no'/>");
+  EXPECT_EQ(Hidden("<note print='yes' print-lege='yes' xprint-leger='yes' print-leger='yes'/>"),
+            "<note print='yes' print-lege='yes' xprint-leger='yes' print-leger='no'/>");
+}
+
 TEST(LedgerEdits, ChangeTheValueWhereTheAttributeStays) {
   EXPECT_EQ(Hidden("<note print-object='no' print-leger='yes'/>"), "<note print-object='no' print-leger='no'/>");
   EXPECT_EQ(Hidden("<note print-leger='yes' a='b'/>"), "<note print-leger='no' a='b'/>");
@@ -171,6 +177,16 @@ TEST(LedgerEdits, KeepUtf16WithoutAMarkWhateverBlanksItStartsWith) {
       SCOPED_TRACE(testing::Message() << encoding << ", " << testing::PrintToString(blanks));
       ExpectEveryOtherByteStands(blanks + text, [&](const std::string& plain) { return Encode(plain, encoding); });
     }
+  }
+}
+
+// Their lower bytes are those of quotes, of "<", ">" and "=", and of blanks.
+TEST(LedgerEdits, TakeNoCharacterOfUtf16ForMarkupByHalfOfIt) {
+  const auto score = [](const std::string& attribute) {
+    return Partwise(Measure("<note a='\u0127\u0122\u013E\u013D\u0120' b=\"\u0122\u0127\u012F\"" + attribute + "/>"));
+  };
+  for (const char* const encoding : {"UTF-16LE", "UTF-16BE"}) {
+    EXPECT_EQ(WithAll(Encode(score(" print-leger='no'"), encoding), false), Encode(score(""), encoding)) << encoding;
   }
 }
 
