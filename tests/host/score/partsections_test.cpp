@@ -111,6 +111,12 @@ TEST(ReadSections, FindsWhatOneReaderFinds) {
   EXPECT_EQ(Everything(*score), Everything(ReadMusicXml(document)));
 }
 
+TEST(ReadSections, TakesAsManyStavesAsAScoreCanHave) {
+  const auto score = Apart(TwoParts(Measure(Note("<staff>20000</staff>")), Measure(Note("<staff>12767</staff>"))));
+  ASSERT_TRUE(score.has_value());
+  EXPECT_EQ(score->staves, 32767);
+}
+
 struct UnusualScore {
   const char* name;
   std::string document;

@@ -345,7 +345,7 @@ TEST_F(ScoreRecords, OfGroupsHaveTheirStaves) {
 TEST_F(ScoreRecords, OfGroupsEndWithTheirLastPart) {
   Read(
       "<score-partwise><part-list><part-group number='1' type='start'/><score-part id='A'/><score-part id='B'/>"
-      "<part-group number='1' type='stop'/><score-part id='C'/>"
+      "<part-group number='1' type='stop'/><score-part id='C'/><part-group number='1' type='stop'/>"
       "<part-group number='1' type='start'/><score-part id='D'/><part-group number='1' type='stop'/>"
       "<score-part id='E'/></part-list>"
       "<part id='A'><measure/></part>"
