@@ -164,6 +164,21 @@ std::string RootFile(zip_t* archive) {
   return handler.RootFile();
 }
 
+// The same score gives the same bytes, whenever it is written. The library keeps the heads of members that have not
+// changed, but writes the directory anew, with other dates where these are none of the calendar, and other names where
+// these have a byte 0: the two would differ, and a strict reader would refuse the archive. Setting a date writes the
+// head anew, too.
+void KeepDates(zip_t* archive) {
+  const zip_int64_t count = zip_get_num_entries(archive, 0);
+  for (zip_int64_t i = 0; i < count; ++i) {
+    const auto index = static_cast<zip_uint64_t>(i);
+    zip_stat_t status;
+    zip_stat_init(&status);
+    zip_stat_index(archive, index, ZIP_FL_UNCHANGED, &status);
+    if ((status.valid & ZIP_STAT_MTIME) != 0) zip_file_set_mtime(archive, index, status.mtime, 0);
+  }
+}
+
 }  // namespace
 
 bool IsArchive(std::string_view bytes) { return bytes.starts_with("PK\x03\x04") || bytes.starts_with("PK\x05\x06"); }
@@ -194,8 +209,7 @@ std::string ReplaceMember(std::string_view bytes, const std::string& member, std
     ThrowUnwritable(zip_get_error(archive.get()));
   }
   zip_set_file_compression(archive.get(), index, stored ? ZIP_CM_STORE : ZIP_CM_DEFAULT, 0);
-  // The same score gives the same bytes, whenever it is written.
-  if ((status.valid & ZIP_STAT_MTIME) != 0) zip_file_set_mtime(archive.get(), index, status.mtime, 0);
+  KeepDates(archive.get());
   if (zip_close(archive.get()) != 0) ThrowUnwritable(zip_get_error(archive.get()));
   archive.release();
   return source.Written();

@@ -4,8 +4,10 @@ import io
 import os
 import resource
 import subprocess
+import struct
 import unittest
 import zipfile
+import zlib
 
 from brvhost import (Case, HIDDEN_NOTE, HIDE, PROGRAM, SANITIZED, brvhost, run, score)
 
@@ -170,6 +172,30 @@ class Archives(Case):
                 self.assertEqual(archive.read("score.xml").decode(), score(HIDDEN_NOTE))
                 stored = archive.getinfo("score.xml").compress_type == zipfile.ZIP_STORED
                 self.assertEqual(stored, method == zipfile.ZIP_STORED)
+
+    def archive_with_bare_headers(self, members):
+        """An archive whose members have no dates, as some writers leave them, in the bytes of their headers."""
+        body = directory = b""
+        for name, data in members:
+            head = struct.pack("<HHHHIII", 0, 0, 0, 0, zlib.crc32(data), len(data), len(data))
+            sizes = struct.pack("<HH", len(name), 0)
+            directory += (b"PK\1\2" + struct.pack("<HH", 20, 20) + head + sizes
+                          + struct.pack("<HHHII", 0, 0, 0, 0, len(body)) + name)
+            body += b"PK\3\4" + struct.pack("<H", 20) + head + sizes + name + data
+        end = struct.pack("<HHHHIIH", 0, 0, len(members), len(members), len(directory), len(body), 0)
+        return body + directory + b"PK\5\6" + end
+
+    def test_with_odd_heads_can_be_read_again(self):
+        container = BadScores.container("s.xml").encode()
+        for name in (b"a.png", b"a\0.png"):
+            path = self.write("a.mxl", self.archive_with_bare_headers(
+                [(name, b"abc" * 4000), (b"META-INF/container.xml", container), (b"s.xml", score().encode())]))
+            self.succeeds(run(HIDE, "--all", path, "--in-place"))
+            self.succeeds(brvhost("info", path))
+            with zipfile.ZipFile(path) as archive:
+                self.assertIsNone(archive.testzip())
+                self.assertEqual(archive.read("s.xml").decode(), score(HIDDEN_NOTE))
+                self.assertEqual(archive.read(archive.namelist()[0]), b"abc" * 4000)
 
     def test_and_plain_scores_keep_to_their_names(self):
         plain = self.write("a.musicxml", score())
