@@ -65,8 +65,8 @@ bool Channel::Send(const Message& message, std::initializer_list<int> descriptor
   return true;
 }
 
-ssize_t Channel::ReadSome(char* buffer, std::size_t size) {
-  iovec content = {buffer, size};
+ssize_t Channel::ReadSome(std::span<char> buffer) {
+  iovec content = {buffer.data(), buffer.size()};
   Control control = {};
   msghdr message = {};
   message.msg_iov = &content;
@@ -94,7 +94,7 @@ bool Channel::Fill() {
   arrived_.erase(0, std::exchange(taken_, 0));
   const std::size_t before = arrived_.size();
   arrived_.resize(before + kReadSize);
-  const ssize_t count = ReadSome(arrived_.data() + before, kReadSize);
+  const ssize_t count = ReadSome(std::span(arrived_).subspan(before));
   arrived_.resize(before + static_cast<std::size_t>(count > 0 ? count : 0));
   if (!maxSize_) return count > 0;
   descriptors_.clear();
@@ -131,8 +131,10 @@ Descriptor Channel::TakeDescriptor() {
 }
 
 std::pair<Channel, Channel> ConnectedChannels() {
-  auto [here, there] = SocketPair();
-  return {Channel(std::move(here)), Channel(std::move(there))};
+  std::pair<Descriptor, Descriptor> ends = SocketPair();
+  Channel here(std::move(ends.first));
+  Channel there(std::move(ends.second));
+  return {std::move(here), std::move(there)};
 }
 
 }  // namespace brvhost

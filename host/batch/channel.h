@@ -7,6 +7,7 @@
 #include <deque>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 
@@ -44,7 +45,7 @@ class Channel {
   Descriptor TakeDescriptor();
 
  private:
-  ssize_t ReadSome(char* buffer, std::size_t size);
+  ssize_t ReadSome(std::span<char> buffer);
 
   Descriptor socket_;
   ino_t identity_ = 0;

@@ -14,7 +14,7 @@ namespace brvhost {
 
 // Programs that either process starts have no part in them. Throws std::system_error.
 [[nodiscard]] inline std::pair<Descriptor, Descriptor> SocketPair() {
-  int ends[2];
+  int ends[2] = {-1, -1};
   if (socketpair(AF_UNIX, SOCK_STREAM, 0, ends) != 0) {
     throw std::system_error(errno, std::generic_category(), "socketpair");
   }

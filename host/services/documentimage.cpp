@@ -85,6 +85,7 @@ class Reader {
 
 std::vector<PartCounts> CountsOf(const std::vector<ScorePart>& parts) {
   std::vector<PartCounts> counts;
+  counts.reserve(parts.size());
   for (const ScorePart& part : parts) counts.push_back({part.staves, part.firstStaff, part.instruments});
   return counts;
 }

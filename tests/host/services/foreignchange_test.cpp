@@ -46,7 +46,8 @@ TEST(ForeignChange, IsNoChangeOfTheLedgerLines) {
     hidden.flags = kNoLegerLines;
     EXPECT_EQ(ForeignChange(given, given), nullptr);
     EXPECT_EQ(ForeignChange(given, hidden), nullptr);
-    EXPECT_EQ(ForeignChange(hidden, given), nullptr);
+    const EXENTRY& shownAgain = given;
+    EXPECT_EQ(ForeignChange(hidden, shownAgain), nullptr);
     EXPECT_EQ(ForeignChange(hidden, hidden), nullptr);
   }
 }
