@@ -26,7 +26,7 @@ FAULTS = [
     ("frees_twice", "frees each frame that it loads, once", "item 0 frees a frame that is not loaded"),
     ("leaves_progress_open", "ends the edits and progress that it starts", "progress"),
     ("leaves_edit_open", "ends the edits and progress that it starts", "edit"),
-    ("hangs_when_cancelled", "ends in order when the user cancels", "does not return in BrevixExtensionInvoke within 1 second"),
+    ("hangs_when_cancelled", "ends in order when the user cancels", "does not return in BrevixExtensionInvoke within 5 seconds"),
     ("saves_what_did_not_change", "changes nothing the second time", "saves frames without a change"),
     ("crashes_when_invoked", "works in a host without functions", "Aborted"),
     ("crashes_at_the_end", "works in a host without functions", "Aborted"),
@@ -44,7 +44,7 @@ class Check(Case):
     def test_finds_each_fault(self):
         for fault, fact, words in FAULTS:
             with self.subTest(fault):
-                process = brvhost("check", "--timeout", 1, faulty(fault))
+                process = brvhost("check", "--timeout", 5, faulty(fault))
                 self.assertEqual(process.returncode, 1, process.stdout + process.stderr)
                 failed = [line for line in process.stdout.splitlines() if line.startswith("FAILED  ")]
                 self.assertTrue(failed[0].startswith(f"FAILED  {fact}: "), process.stdout)
