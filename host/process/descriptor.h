@@ -22,8 +22,6 @@ class Descriptor {
 
   explicit operator bool() const { return descriptor_ >= 0; }
   int Get() const { return descriptor_; }
-  // Returns the result of close: a full disk may show only here.
-  [[nodiscard]] int Close() { return descriptor_ < 0 ? 0 : close(std::exchange(descriptor_, -1)); }
 
  private:
   int descriptor_ = -1;

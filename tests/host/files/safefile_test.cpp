@@ -101,28 +101,18 @@ TEST_F(SafeFiles, GetThePermissionsThatNewFilesGet) {
   EXPECT_EQ(StatusOf(folder / "score").st_mode & 07777, 0640u);
 }
 
-TEST_F(SafeFiles, DoNotReplaceWhatAppearedMeanwhile) {
-  const fs::path path = folder / "score";
-  const Target target(path.string());
-  SafeFile file(target);
-  file.Write("new");
-  Write("score", "of somebody else");
-  EXPECT_THROW(static_cast<void>(file.Commit()), OutputError);
-  EXPECT_EQ(ContentOf(path), "of somebody else");
-  EXPECT_EQ(FileCount(), 1u);
-}
-
-TEST_F(SafeFiles, DoNotReplaceWhatWasChangedMeanwhile) {
-  const fs::path path = Old("score");
-  {
-    const Target target(path.string());
-    SafeFile file(target);
-    file.Write("new");
-    Write("score", "of somebody else");
-    EXPECT_THROW(static_cast<void>(file.Commit()), OutputError);
+TEST_F(SafeFiles, DoNotReplaceWhatAppearedOrWasChangedMeanwhile) {
+  for (const fs::path& path : {folder / "new", Old("old")}) {
+    {
+      const Target target(path.string());
+      SafeFile file(target);
+      file.Write("result");
+      Write(path.filename().string(), "of somebody else");
+      EXPECT_THROW(static_cast<void>(file.Commit()), OutputError) << path;
+    }
+    EXPECT_EQ(ContentOf(path), "of somebody else");
   }
-  EXPECT_EQ(ContentOf(path), "of somebody else");
-  EXPECT_EQ(FileCount(), 1u);
+  EXPECT_EQ(FileCount(), 2u);
 }
 
 TEST_F(SafeFiles, WarnOfNamesThatKeepTheOldContent) {

@@ -1,5 +1,7 @@
 #include "host/files/fileidentity.h"
 
+#include "host/files/filetimes.h"
+
 namespace brvhost {
 namespace {
 
@@ -8,8 +10,8 @@ std::int64_t Nanoseconds(const timespec& time) { return std::int64_t{time.tv_sec
 }  // namespace
 
 FileIdentity IdentityOf(const struct stat& status) {
-  return {static_cast<std::uint64_t>(status.st_dev), status.st_ino, status.st_size, Nanoseconds(status.st_mtim),
-          Nanoseconds(status.st_ctim)};
+  return {static_cast<std::uint64_t>(status.st_dev), status.st_ino, status.st_size, Nanoseconds(ModifiedAt(status)),
+          Nanoseconds(ChangedAt(status))};
 }
 
 }  // namespace brvhost
