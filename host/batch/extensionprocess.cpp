@@ -4,7 +4,6 @@
 #include <fmt/format.h>
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <initializer_list>
@@ -13,10 +12,10 @@
 #include <utility>
 #include <variant>
 
+#include "host/batch/ending.h"
 #include "host/batch/loader.h"
 #include "host/bundle/bundlename.h"
 #include "host/bundle/loadedbundle.h"
-#include "host/process/child.h"
 #include "host/process/closeothers.h"
 #include "host/process/deadline.h"
 #include "host/process/interrupt.h"
@@ -96,7 +95,15 @@ void ExtensionProcess::ShowLine(std::string_view line) const {
   terminal_.PrintForeign(fmt::format("{}: {}", name_, line));
 }
 
+void ExtensionProcess::Lose() {
+  isLost_ = true;
+  const std::string how = WaitForEnd(false);
+  if (InterruptCount() > 0) return;
+  terminal_.PrintError(fmt::format("between the scores, the extension {} {}", name_, how));
+}
+
 bool ExtensionProcess::Finish() {
+  if (isLost_) return false;
   shutdown(channel_.Get(), SHUT_WR);
   std::string wrong = WaitForEnd(true);
   while (const auto message = channel_.Next()) {
@@ -121,8 +128,7 @@ std::string ExtensionProcess::WaitForEnd(bool isExpected) {
   const std::string where = WhereaboutsOf(ownPlace_);
   if (!hasEnded && deadline.HasPassed()) return fmt::format("hung{} for {}", where, SecondsText(*seconds_));
   if (!status) return "lost its guard, and was killed";
-  if (WIFSIGNALED(*status)) return fmt::format("crashed{}: {}", where, EndingOf(*status));
-  return *status == 0 && isExpected ? "" : fmt::format("ended the process{}, with {}", where, EndingOf(*status));
+  return *status == 0 && isExpected ? "" : EndingOfExtension(*status, where);
 }
 
 void ExtensionProcess::Forget() {

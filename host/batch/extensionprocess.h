@@ -23,8 +23,8 @@ class ExtensionProcess {
   // std::system_error.
   ExtensionProcess(const std::string& path, const JobSettings& settings, std::size_t slots, Terminal& terminal);
 
-  // Waits until the bundle is loaded. Null after an interrupt, or when it takes longer than a score may. Throws
-  // BundleError.
+  // Waits until the bundle is loaded. Null after an interrupt. Throws BundleError, also when loading takes longer than
+  // a score may.
   [[nodiscard]] std::optional<Offer> WaitForOffer();
 
   // Starts a worker; the caller closes its ends.
@@ -46,7 +46,11 @@ class ExtensionProcess {
   // " in BrevixExtensionInvoke", or nothing.
   std::string WhereaboutsOf(std::size_t slot) const { return Describe(whereabouts_[slot]); }
 
-  // Ends the extension, and reports it if that goes wrong. Returns whether it went well.
+  // The process has ended by itself: kills what is left, and reports how it ended. No worker can be started any more.
+  void Lose();
+  bool IsLost() const { return isLost_; }
+
+  // Ends the extension, and reports it if that goes wrong. Returns whether all went well.
   [[nodiscard]] bool Finish();
 
   // For another child of this process, which has no part in this one.
@@ -67,6 +71,7 @@ class ExtensionProcess {
   ForeignOutput output_;
   Channel channel_;
   std::optional<GuardedChild> process_;
+  bool isLost_ = false;
 };
 
 }  // namespace brvhost

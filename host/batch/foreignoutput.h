@@ -20,7 +20,6 @@ class ForeignOutput {
   ForeignOutput() = default;
 
   int Get() const { return pipe_.Get(); }
-  explicit operator bool() const { return static_cast<bool>(pipe_); }
 
   // Hands out whole lines that have arrived, without waiting for more, and no more than a pipe holds.
   template <class Work>
@@ -28,7 +27,7 @@ class ForeignOutput {
     for (int i = 0; i < kMaxReads && Fill(); ++i) HandOut(work);
   }
 
-  // Hands out what is there, and closes: what others print that hold the pipe is nobody's.
+  // Hands out what is there, and closes: what is still to come is from others that hold the pipe.
   template <class Work>
   void Finish(const Work& work) {
     Read(work);

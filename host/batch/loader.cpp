@@ -120,11 +120,12 @@ class Loader {
   std::vector<Worker> workers_;
 };
 
+// Null where there is nothing to serve, or the extension has closed the line.
 std::unique_ptr<Extension> Load(const std::string& path, const Channel& supervisor) {
   try {
     auto extension = std::make_unique<Extension>(path);
-    supervisor.Send(OfferMessage{EncodeOffer({extension->Items(), extension->MenuStatus() != 0})});
-    return extension;
+    const Offer offer{extension->Items(), extension->MenuStatus() != 0};
+    if (supervisor.Send(OfferMessage{EncodeOffer(offer)})) return extension;
   } catch (const BundleError& error) {
     supervisor.Send(BadBundleMessage{error.what()});
   } catch (const ThrownByExtension& exception) {

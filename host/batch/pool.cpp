@@ -2,7 +2,6 @@
 
 #include <fmt/format.h>
 #include <poll.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -15,6 +14,7 @@
 #include <utility>
 #include <variant>
 
+#include "host/batch/ending.h"
 #include "host/batch/keeper.h"
 #include "host/process/background.h"
 #include "host/process/child.h"
@@ -51,8 +51,6 @@ std::size_t Pool::Busy() const {
   return static_cast<std::size_t>(std::ranges::count_if(slots_, isBusy));
 }
 
-void Pool::Prepare() { StartJobs(); }
-
 int Pool::Run() {
   isLoaded_ = true;
   for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
@@ -71,7 +69,7 @@ int Pool::Run() {
 
 void Pool::StartJobs() {
   for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
-    if (waiting_.empty() || InterruptCount() > 0 || !hasExtension_ || Busy() == parallel_) return;
+    if (waiting_.empty() || InterruptCount() > 0 || extension_.IsLost() || Busy() == parallel_) return;
     if (slots_[slot].work) continue;
     try {
       Start(slot);
@@ -128,7 +126,7 @@ void Pool::StartWorker(std::size_t slot) {
 
 void Pool::Wait() {
   std::vector<pollfd> waiting;
-  if (hasExtension_) {
+  if (!extension_.IsLost()) {
     waiting.push_back({extension_.Messages().Get(), POLLIN, 0});
     waiting.push_back({extension_.Output(), POLLIN, 0});
   }
@@ -152,7 +150,7 @@ void Pool::Hear(const std::vector<pollfd>& waiting) {
     if (slots_[slot].work && isReady(slots_[slot].work->output.Get())) ShowOutput(slot);
     if (slots_[slot].work && isReady(slots_[slot].channel.Get())) HearKeeper(slot);
   }
-  if (!hasExtension_) return;
+  if (extension_.IsLost()) return;
   extension_.ShowOutput();
   if (isReady(extension_.Messages().Get())) HearExtension();
 }
@@ -191,12 +189,7 @@ void Pool::HearExtension() {
 
 // The workers end with their loader, and no other can be started.
 void Pool::LoseExtension() {
-  hasExtension_ = false;
-  extension_.KillAll();
-  if (InterruptCount() == 0) {
-    terminal_.PrintError(fmt::format("the process of the extension {} has ended; the scores that are left are not run",
-                                     extension_.Name()));
-  }
+  extension_.Lose();
   for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
     auto& work = slots_[slot].work;
     if (!work) continue;
@@ -210,7 +203,7 @@ void Pool::LookAtTime() {
     auto& work = slots_[slot].work;
     if (!work || !work->deadline.HasPassed()) continue;
     if (work->isLate) {
-      KillKeeper(slot);  // the score cannot be read, rather
+      KillKeeper(slot);  // which has not noticed that its worker is gone, as it cannot get the score read
       FinishLost(slot);
       continue;
     }
@@ -241,7 +234,7 @@ void Pool::Handle(std::size_t slot, const QuestionMessage& message) {
   ShowOutput(slot);
   const auto asked = std::chrono::steady_clock::now();
   const std::uint8_t yes = terminal_.Ask(Prefixed(slot, message.text)) ? 1 : 0;
-  for (KeeperProcess& keeper : slots_) {  // the time that the user took is nobody's
+  for (KeeperProcess& keeper : slots_) {  // the time that the user takes counts against no score
     if (keeper.work) keeper.work->deadline.Extend(std::chrono::steady_clock::now() - asked);
   }
   slots_[slot].channel.Send(AnswerMessage{yes});
@@ -252,7 +245,7 @@ void Pool::Handle(std::size_t slot, const HandedOutMessage&) {
   slots_[slot].work->deadline = Deadline(settings_.secondsAScore);
 }
 
-// What follows is brvhost's own time.
+// From here on brvhost itself is at work, and has no limit.
 void Pool::Handle(std::size_t slot, const HandedBackMessage&) {
   slots_[slot].work->isLate = false;
   slots_[slot].work->deadline = {};
@@ -327,12 +320,10 @@ std::string Pool::WhyLost(std::size_t slot) const {
   }
   const auto status = work.workerStatus.value_or(EndedMessage::kUnknown);
   if (status == EndedMessage::kNotStarted) return "the system allows no more processes";
-  if (status == EndedMessage::kUnknown)
+  if (status == EndedMessage::kUnknown) {
     return fmt::format("the process of the extension {} is gone", extension_.Name());
-  const std::string ending = EndingOf(static_cast<int>(status));
-  if (WIFSIGNALED(status)) return fmt::format("the extension {} crashed{}: {}", extension_.Name(), where, ending);
-  if (where.empty()) return fmt::format("the extension {} closed the connection to brvhost", extension_.Name());
-  return fmt::format("the extension {} ended the process{}, with {}", extension_.Name(), where, ending);
+  }
+  return fmt::format("the extension {} {}", extension_.Name(), EndingOfExtension(static_cast<int>(status), where));
 }
 
 void Pool::Fail(std::size_t slot, const std::string& reason) {

@@ -30,8 +30,8 @@ class Pool {
   Pool(const Pool&) = delete;
   Pool& operator=(const Pool&) = delete;
 
-  // Lets the first scores be read, which may go on while the extension is loaded.
-  void Prepare();
+  // Gives the slots that are free their next jobs. Before Run, scores are read while the extension is loaded.
+  void StartJobs();
   // Does all jobs, and returns the exit status of the whole. The extension has been loaded.
   [[nodiscard]] int Run();
 
@@ -46,8 +46,6 @@ class Pool {
 
   // How many slots have work.
   std::size_t Busy() const;
-  // Gives the slots that are free their next jobs.
-  void StartJobs();
   void Start(std::size_t slot);
   void StartKeeper(std::size_t slot);
   void StartWorker(std::size_t slot);
@@ -99,7 +97,6 @@ class Pool {
   std::size_t parallel_;             // slots that may have work
   std::deque<std::size_t> waiting_;  // jobs that are not started yet
   bool isLoaded_ = false;
-  bool hasExtension_ = true;  // its process has not ended
   Counts counts_;
   int interruptsPassedOn_ = 0;
 };

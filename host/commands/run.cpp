@@ -63,7 +63,7 @@ int Run(const Options& options) {
   const std::size_t parallel = std::min(jobs.size(), static_cast<std::size_t>(options.jobs));
   ExtensionProcess extension(options.bundle, settings, parallel, terminal);
   Pool pool(jobs, settings, extension, terminal, parallel);
-  pool.Prepare();
+  pool.StartJobs();
   const auto offer = extension.WaitForOffer();
   if (!offer) return kInterrupted;
   CheckItem(*offer, options);

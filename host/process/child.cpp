@@ -12,7 +12,6 @@
 #include "host/process/exitstatus.h"
 
 namespace brvhost {
-
 namespace {
 
 // What the work throws must not reach what the parent would have done with it.

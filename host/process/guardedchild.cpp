@@ -73,7 +73,7 @@ class Guard {
     return work();
   }
 
-  // Takes leave of those that have ended, and returns whether the child was among them.
+  // Reaps the children that have ended, and returns whether the child was among them.
   bool Reap() {
     int status = 0;
     for (pid_t ended; (ended = waitpid(-1, &status, WNOHANG)) > 0;) {

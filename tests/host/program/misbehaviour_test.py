@@ -54,20 +54,21 @@ class Crashes(Misbehaviour):
         self.assertEqual((process.returncode, process.stderr), (3, f"brvhost: {faulty(bundle)}: {message}\n"))
         self.check_untouched()
 
-    def test_while_the_code_is_loaded_are_told(self):
+    def test_while_the_code_is_loaded_are_reported(self):
         for bundle, message in (
                 ("crashes_when_loaded", "while it was loaded, its code crashed in its constructors: signal 6 (Aborted)"),
                 ("exits_when_loaded", "while it was loaded, its code ended the process in its constructors, with status 0"),
+                ("closes_descriptors_when_loaded", "while it was loaded, its code closed the connection to brvhost"),
                 ("throws_when_initialised", "BrevixExtensionInit threw an exception: there is no licence")):
             with self.subTest(bundle):
                 self.refuses_bundle(self.invoke(bundle), bundle, message)
                 self.refuses_bundle(brvhost("items", faulty(bundle)), bundle, message)
 
-    def test_that_never_end_while_the_code_is_loaded_are_told(self):
+    def test_that_never_end_while_the_code_is_loaded_are_reported(self):
         bundle = "hangs_when_loaded"
         self.refuses_bundle(self.invoke(bundle, "--timeout", 1), bundle, "is not loaded within 1 second")
 
-    def test_at_work_are_told_with_the_entry_point_or_the_host_call(self):
+    def test_at_work_are_reported_with_the_entry_point_or_the_host_call(self):
         for bundle, message in (
                 ("crashes_when_invoked", "crashed in BrevixExtensionInvoke: signal 6 (Aborted)"),
                 ("exits_when_invoked", "ended the process in BrevixExtensionInvoke, with status 0"),
@@ -84,11 +85,25 @@ class Crashes(Misbehaviour):
                 self.assertEqual(process.returncode, 1)
                 self.check_untouched()
 
-    def test_at_the_end_are_told_when_the_score_is_done(self):
+    def test_at_the_end_are_reported_when_the_score_is_done(self):
         process = self.invoke("crashes_when_unloaded")
         message = "when it was ended, the extension crashes_when_unloaded crashed in its destructors: signal 6 (Aborted)"
         self.assertEqual((process.returncode, process.stderr), (1, f"brvhost: {message}\n"))
         self.assertEqual(self.score.read_text(), score(HIDDEN_NOTE * 2))
+
+    def test_that_never_end_at_the_end_are_reported_when_the_score_is_done(self):
+        process = self.invoke("hangs_when_unloaded", "--timeout", 1)
+        message = "when it was ended, the extension hangs_when_unloaded hung in its destructors for 1 second"
+        self.assertEqual((process.returncode, process.stderr), (1, f"brvhost: {message}\n"))
+        self.assertEqual(self.score.read_text(), score(HIDDEN_NOTE * 2))
+
+    def test_that_never_end_at_the_end_are_interrupted(self):
+        command = [PROGRAM, "run", faulty("hangs_when_unloaded"), "--item", "0", "--all", "--in-place", str(self.score)]
+        process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        self.assertIn("2 of 2 entries changed", process.stdout.readline())
+        process.send_signal(signal.SIGINT)
+        process.communicate(timeout=20)
+        self.assertEqual(process.returncode, 130)
 
     def test_cost_one_score_each(self):
         others = [self.write(f"{number}.musicxml", score()) for number in range(4)]
@@ -136,15 +151,14 @@ class Hostility(Misbehaviour):
                 self.assertTrue(process.stderr.endswith(f"brvhost: {self.score}: {message}"), process.stderr[-1000:])
                 self.check_untouched()
 
-    def test_against_the_loader_is_told_with_the_scores_that_are_left(self):
+    def test_against_the_loader_is_reported_with_the_scores_that_are_left(self):
         others = [self.write(f"{number}.musicxml", score()) for number in range(3)]
         process = run(0, "--all", "--in-place", *others, bundle=faulty("kills_its_parent"))
         self.assertEqual(process.returncode, 1)
         self.assertEqual(process.stdout, "3 scores: 0 changed, 0 unchanged, 1 failed, 2 not run\n")
         self.assertEqual(sorted(process.stderr.splitlines()), sorted([
             f"brvhost: {others[0]}: the process of the extension kills_its_parent is gone; nothing was written",
-            "brvhost: the process of the extension kills_its_parent has ended; the scores that are left are not run",
-            "brvhost: when it was ended, the extension kills_its_parent crashed: signal 9 (Killed)"]))
+            "brvhost: between the scores, the extension kills_its_parent crashed: signal 9 (Killed)"]))
         self.assertEqual([path.read_text() for path in others], [score()] * 3)
 
     def test_against_the_guard_does_not_last(self):
@@ -186,7 +200,7 @@ class Output(Misbehaviour):
 
 
 class Edits(Misbehaviour):
-    def test_that_a_score_cannot_take_are_told_and_write_nothing(self):
+    def test_that_a_score_cannot_take_are_reported_and_write_nothing(self):
         for bundle, change in (("moves_entries", "moved entry 1 of staff 1, measure 1, layer 1"),
                                ("adds_notes", "added notes to entry 1 of staff 1, measure 1, layer 1"),
                                ("removes_entries", "removed entries from staff 1, measure 1, layer 1"),
@@ -204,13 +218,13 @@ class Edits(Misbehaviour):
     def test_that_were_taken_back_do_not_count(self):
         self.check_done(self.invoke("takes_its_changes_back"))
 
-    def test_of_its_own_records_are_told_to_be_lost(self):
+    def test_of_its_own_records_are_reported_to_be_lost(self):
         process = self.invoke("keeps_records")
         self.assertEqual((process.returncode, process.stderr),
                          (0, f"brvhost: {self.score}: warning: the extension keeps_records added records to the document, "
                              "which a score cannot hold: 3 in all\n"))
 
-    def test_by_wrong_calls_are_told(self):
+    def test_by_wrong_calls_are_reported(self):
         for bundle, uses in (("frees_twice", ["frees a frame that is not loaded"]),
                              ("uses_a_freed_frame",
                               ["saves a frame that is not loaded", "writes to a frame that it has freed"]),
