@@ -4,6 +4,6 @@
 
 namespace brvhost {
 
-void Confine() { throw std::runtime_error("this system has no means to confine an extension"); }
+void Confine() { throw std::runtime_error("this system cannot confine an extension"); }
 
 }  // namespace brvhost
