@@ -42,7 +42,8 @@ constexpr std::initializer_list<const char*> kDenied = {
 constexpr std::initializer_list<int> kDeniedNumbers = {463, 466, 469};
 
 void Check(int error) {
-  if (error != 0) throw std::runtime_error(std::string("this system cannot confine an extension: ") + std::strerror(-error));
+  if (error != 0)
+    throw std::runtime_error(std::string("this system cannot confine an extension: ") + std::strerror(-error));
 }
 
 // Calls that another processor has are passed over.

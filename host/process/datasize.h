@@ -1,4 +1,4 @@
-// How much memory this process has that only it can see: what RLIMIT_DATA limits.
+// How many bytes of memory this process has that nobody else can see: what RLIMIT_DATA limits.
 #pragma once
 
 #include <cstdint>

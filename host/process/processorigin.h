@@ -18,7 +18,7 @@ std::string BootIdentity();
 
 struct ProcessStatus {
   std::uint64_t start = 0;  // when it started, in the system's units
-  bool hasEnded = false;    // and whoever started it has not asked how
+  bool hasEnded = false;    // and its parent has not waited for it yet
 };
 
 // Null when there is no such process, or it is not to be seen.
