@@ -35,11 +35,9 @@ void RedirectStreams(const Descriptor& output) {
 
 }  // namespace
 
-ExtensionProcess::ExtensionProcess(const std::string& path, const JobSettings& settings, std::size_t slots,
-                                   Terminal& terminal)
-    : path_(path),
-      name_(NameOfBundle(path)),
-      seconds_(settings.secondsAScore),
+ExtensionProcess::ExtensionProcess(const JobSettings& settings, std::size_t slots, Terminal& terminal)
+    : settings_(settings),
+      name_(NameOfBundle(settings.bundle)),
       terminal_(terminal),
       ownPlace_(slots),
       whereabouts_(slots + 1) {
@@ -51,7 +49,7 @@ ExtensionProcess::ExtensionProcess(const std::string& path, const JobSettings& s
     RedirectStreams(output);
     output = {};
     CloseOthers(theirs.Get());
-    return RunLoader(path_, settings, std::move(theirs), whereabouts_, ownPlace_);
+    return RunLoader(settings_, std::move(theirs), whereabouts_, ownPlace_);
   });
   channel_ = std::move(here);
   channel_.Distrust(kMaxMessage);
@@ -59,18 +57,19 @@ ExtensionProcess::ExtensionProcess(const std::string& path, const JobSettings& s
 }
 
 std::optional<Offer> ExtensionProcess::WaitForOffer() {
-  const Deadline deadline(seconds_);
+  const Deadline deadline(settings_.secondsAScore);
   for (;;) {
     if (InterruptCount() > 0) return std::nullopt;
     if (deadline.HasPassed()) {
-      throw BundleError(fmt::format("{}: is not loaded within {}", path_, SecondsText(*seconds_)));
+      throw BundleError(
+          fmt::format("{}: is not loaded within {}", settings_.bundle, SecondsText(*settings_.secondsAScore)));
     }
     pollfd waiting[] = {{channel_.Get(), POLLIN, 0}, {output_.Get(), POLLIN, 0}};
     if (poll(waiting, std::size(waiting), deadline.LeftMs(kMaxWaitMs)) <= 0) continue;
     ShowOutput();
     if (waiting[0].revents == 0) continue;
     if (!channel_.Fill())
-      throw BundleError(fmt::format("{}: while it was loaded, its code {}", path_, WaitForEnd(false)));
+      throw BundleError(fmt::format("{}: while it was loaded, its code {}", settings_.bundle, WaitForEnd(false)));
     while (const auto message = channel_.Next()) {
       if (const auto* const offer = std::get_if<OfferMessage>(&*message)) return DecodeOffer(offer->text);
       if (const auto* const bad = std::get_if<BadBundleMessage>(&*message)) {
@@ -115,7 +114,7 @@ bool ExtensionProcess::Finish() {
 }
 
 std::string ExtensionProcess::WaitForEnd(bool isExpected) {
-  const Deadline deadline(seconds_);
+  const Deadline deadline(settings_.secondsAScore);
   const int interrupts = InterruptCount();
   bool hasEnded = false;
   while (!hasEnded && !deadline.HasPassed() && InterruptCount() == interrupts) {
@@ -126,7 +125,8 @@ std::string ExtensionProcess::WaitForEnd(bool isExpected) {
   while (channel_.HasMore() && channel_.Fill()) continue;
   output_.Finish([this](std::string_view line) { ShowLine(line); });
   const std::string where = WhereaboutsOf(ownPlace_);
-  if (!hasEnded && deadline.HasPassed()) return fmt::format("hung{} for {}", where, SecondsText(*seconds_));
+  if (!hasEnded && deadline.HasPassed())
+    return fmt::format("hung{} for {}", where, SecondsText(*settings_.secondsAScore));
   if (!status) return "lost its guard, and was killed";
   return *status == 0 && isExpected ? "" : EndingOfExtension(*status, where);
 }

@@ -19,9 +19,9 @@ namespace brvhost {
 
 class ExtensionProcess {
  public:
-  // Starts to load the bundle at `path`, for up to `slots` workers at a time. The settings outlive this object. Throws
+  // Starts to load the bundle, for up to `slots` workers at a time. The settings outlive this object. Throws
   // std::system_error.
-  ExtensionProcess(const std::string& path, const JobSettings& settings, std::size_t slots, Terminal& terminal);
+  ExtensionProcess(const JobSettings& settings, std::size_t slots, Terminal& terminal);
 
   // Waits until the bundle is loaded. Null after an interrupt. Throws BundleError, also when loading takes longer than
   // a score may.
@@ -62,9 +62,8 @@ class ExtensionProcess {
   std::string WaitForEnd(bool isExpected);
   void ShowLine(std::string_view line) const;
 
-  const std::string path_;
+  const JobSettings& settings_;
   const std::string name_;
-  const std::optional<int> seconds_;
   Terminal& terminal_;
   const std::size_t ownPlace_;
   SharedWhereabouts whereabouts_;

@@ -13,7 +13,7 @@ namespace brvhost {
 
 // What holds for every score of a run.
 struct JobSettings {
-  std::string extension;  // its name, for messages
+  std::string bundle;  // the path of the extension's
   int item = 0;
   RegionRequest region;
   bool agree = false;  // to every question

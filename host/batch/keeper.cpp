@@ -12,6 +12,7 @@
 #include <utility>
 #include <variant>
 
+#include "host/bundle/bundlename.h"
 #include "host/files/inputfile.h"
 #include "host/files/outputerror.h"
 #include "host/files/scorefile.h"
@@ -159,7 +160,7 @@ class Keeper {
 
   // "score.musicxml: the extension LegerLines ...".
   std::string OfExtension(const std::string& clause, const char* kind = "") const {
-    return fmt::format("{}: {}the extension {} {}", job_.score, kind, settings_.extension, clause);
+    return fmt::format("{}: {}the extension {} {}", job_.score, kind, NameOfBundle(settings_.bundle), clause);
   }
 
   std::optional<Message> HearSupervisor() {

@@ -147,8 +147,8 @@ std::unique_ptr<Extension> Load(const std::string& path, const Channel& supervis
 
 }  // namespace
 
-int RunLoader(const std::string& path, const JobSettings& settings, Channel supervisor,
-              const SharedWhereabouts& whereabouts, std::size_t ownPlace) {
+int RunLoader(const JobSettings& settings, Channel supervisor, const SharedWhereabouts& whereabouts,
+              std::size_t ownPlace) {
   ReportWhereaboutsTo(whereabouts[ownPlace]);
   try {
     if (settings.confine) Confine();
@@ -156,7 +156,7 @@ int RunLoader(const std::string& path, const JobSettings& settings, Channel supe
     supervisor.Send(FailureMessage{error.what()});
     return kFailed;
   }
-  const auto extension = Load(path, supervisor);
+  const auto extension = Load(settings.bundle, supervisor);
   if (extension == nullptr) return kBadBundle;
   Loader(*extension, settings, supervisor, whereabouts).Serve();
   End(*extension, supervisor);

@@ -1,7 +1,7 @@
 // The process that runs an extension's code: it loads the bundle once, and forks a worker for each score.
 #pragma once
 
-#include <string>
+#include <cstddef>
 
 #include "host/batch/channel.h"
 #include "host/batch/job.h"
@@ -9,11 +9,11 @@
 
 namespace brvhost {
 
-// Loads the bundle at `path` and serves the supervisor until it closes its end. Then the extension is ended, and so is
+// Loads the bundle and serves the supervisor until it closes its end. Then the extension is ended, and so is
 // the process. Returns the exit status where there is nothing to serve.
 //
 // A worker reports where it is to the place of its slot, the loader to that of number `ownPlace`.
-[[nodiscard]] int RunLoader(const std::string& path, const JobSettings& settings, Channel supervisor,
-                            const SharedWhereabouts& whereabouts, std::size_t ownPlace);
+[[nodiscard]] int RunLoader(const JobSettings& settings, Channel supervisor, const SharedWhereabouts& whereabouts,
+                            std::size_t ownPlace);
 
 }  // namespace brvhost

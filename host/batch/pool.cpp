@@ -38,7 +38,8 @@ Pool::Pool(const std::vector<Job>& jobs, const JobSettings& settings, ExtensionP
       terminal_(terminal),
       slots_(parallel),
       parallel_(parallel),
-      waiting_(jobs.size()) {
+      waiting_(jobs.size()),
+      results_(jobs, terminal) {
   std::iota(waiting_.begin(), waiting_.end(), std::size_t{0});
 }
 
@@ -62,9 +63,8 @@ int Pool::Run() {
     Wait();
   }
   for (KeeperProcess& keeper : slots_) keeper.channel = {};  // which ends them, while the extension is ended
-  terminal_.ClearBar();
-  if (jobs_.size() > 1) PrintSummary();
-  return Status();
+  results_.PrintSummary();
+  return results_.Status();
 }
 
 void Pool::StartJobs() {
@@ -97,7 +97,7 @@ void Pool::Start(std::size_t slot) {
 
 void Pool::StartKeeper(std::size_t slot) {
   auto [here, there] = ConnectedChannels();
-  if (jobs_.size() == 1) {
+  if (results_.IsOfOneJob()) {
     const auto channel = std::make_shared<Channel>(std::move(there));
     RunInBackground([jobs = jobs_, settings = settings_, channel] { RunKeeper(jobs, settings, *channel); });
     slots_[slot].channel = std::move(here);
@@ -225,7 +225,7 @@ void Pool::Handle(std::size_t slot, const AlertMessage& message) {
   ShowOutput(slot);
   for (std::size_t start = 0; start <= message.text.size();) {
     const std::size_t end = std::min(message.text.find('\n', start), message.text.size());
-    terminal_.PrintLine(Prefixed(slot, message.text.substr(start, end - start)));
+    terminal_.PrintLine(results_.Prefixed(JobOf(slot), message.text.substr(start, end - start)));
     start = end + 1;
   }
 }
@@ -233,7 +233,7 @@ void Pool::Handle(std::size_t slot, const AlertMessage& message) {
 void Pool::Handle(std::size_t slot, const QuestionMessage& message) {
   ShowOutput(slot);
   const auto asked = std::chrono::steady_clock::now();
-  const std::uint8_t yes = terminal_.Ask(Prefixed(slot, message.text)) ? 1 : 0;
+  const std::uint8_t yes = terminal_.Ask(results_.Prefixed(JobOf(slot), message.text)) ? 1 : 0;
   for (KeeperProcess& keeper : slots_) {  // the time that the user takes counts against no score
     if (keeper.work) keeper.work->deadline.Extend(std::chrono::steady_clock::now() - asked);
   }
@@ -254,39 +254,33 @@ void Pool::Handle(std::size_t slot, const HandedBackMessage&) {
 void Pool::Handle(std::size_t, const WarningMessage& message) { terminal_.PrintError(message.text); }
 
 void Pool::Handle(std::size_t, const ProgressMessage& message) {
-  if (jobs_.size() == 1) terminal_.SetBar(message.done, message.total);
+  if (results_.IsOfOneJob()) terminal_.SetBar(message.done, message.total);
 }
 
 void Pool::Handle(std::size_t, const ProgressEndMessage&) {
-  if (jobs_.size() == 1) terminal_.ClearBar();
+  if (results_.IsOfOneJob()) terminal_.ClearBar();
 }
 
 void Pool::Handle(std::size_t slot, const BadInputMessage& message) {
-  ++counts_.badInput;
-  Refuse(slot, message.text);
+  ShowOutput(slot);
+  results_.ReportBadInput(message.text);
+  Refuse(slot);
 }
 
 void Pool::Handle(std::size_t slot, const FailureMessage& message) {
-  ++counts_.failed;
-  Refuse(slot, message.text);
+  ShowOutput(slot);
+  results_.ReportFailure(message.text);
+  Refuse(slot);
 }
 
-void Pool::Refuse(std::size_t slot, const std::string& text) {
-  ShowOutput(slot);
-  terminal_.PrintError(text);
-  extension_.End(slots_[slot].work->job, false);  // which may still wait, or work
+void Pool::Refuse(std::size_t slot) {
+  extension_.End(slots_[slot].work->job, false);
   Finish(slot);
 }
 
 void Pool::Handle(std::size_t slot, const DoneMessage& message) {
   ShowOutput(slot);
-  const Job& job = JobOf(slot);
-  ++(message.changedEntries > 0 ? counts_.changed : counts_.unchanged);
-  if (jobs_.size() == 1) {
-    terminal_.PrintLine(
-        fmt::format("{}: {} of {} entries changed{}", job.score, message.changedEntries, message.entries,
-                    message.filesWritten > 0 ? ", written to " + job.target.value_or("") : ", nothing written"));
-  }
+  results_.ReportDone(JobOf(slot), message);
   Finish(slot);
 }
 
@@ -328,8 +322,7 @@ std::string Pool::WhyLost(std::size_t slot) const {
 
 void Pool::Fail(std::size_t slot, const std::string& reason) {
   ShowOutput(slot);
-  ++counts_.failed;
-  terminal_.PrintError(fmt::format("{}: {}", JobOf(slot).score, reason));
+  results_.ReportFailure(fmt::format("{}: {}", JobOf(slot).score, reason));
   Finish(slot);
 }
 
@@ -337,7 +330,6 @@ void Pool::Finish(std::size_t slot) {
   auto& work = slots_[slot].work;
   work->output.Finish([&](std::string_view line) { ShowLine(slot, line); });
   work.reset();
-  if (jobs_.size() > 1) terminal_.SetBar(counts_.Finished(), std::ssize(jobs_));
 }
 
 void Pool::ShowOutput(std::size_t slot) {
@@ -345,7 +337,7 @@ void Pool::ShowOutput(std::size_t slot) {
 }
 
 void Pool::ShowLine(std::size_t slot, std::string_view line) {
-  terminal_.PrintForeign(Prefixed(slot, fmt::format("{}: {}", extension_.Name(), line)));
+  terminal_.PrintForeign(results_.Prefixed(JobOf(slot), fmt::format("{}: {}", extension_.Name(), line)));
 }
 
 // The first interrupt lets the extension end by itself; a second does not wait for anything.
@@ -363,24 +355,6 @@ void Pool::PassInterruptsOn() {
     KillKeeper(slot);
     if (slots_[slot].work) Finish(slot);
   }
-}
-
-void Pool::PrintSummary() {
-  const int notRun = static_cast<int>(jobs_.size()) - counts_.Finished();
-  std::string line = fmt::format("{} scores: {} changed, {} unchanged, {} failed", jobs_.size(), counts_.changed,
-                                 counts_.unchanged, counts_.badInput + counts_.failed);
-  if (notRun > 0) line += fmt::format(", {} not run", notRun);
-  terminal_.PrintLine(line);
-}
-
-int Pool::Status() const {
-  if (InterruptCount() > 0) return kInterrupted;
-  if (counts_.badInput > 0) return kBadInput;
-  return counts_.failed > 0 || !waiting_.empty() ? kFailed : kDone;
-}
-
-std::string Pool::Prefixed(std::size_t slot, const std::string& text) const {
-  return jobs_.size() == 1 ? text : JobOf(slot).score + ": " + text;
 }
 
 }  // namespace brvhost

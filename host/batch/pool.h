@@ -16,6 +16,7 @@
 #include "host/batch/job.h"
 #include "host/batch/keeperprocess.h"
 #include "host/batch/message.h"
+#include "host/batch/results.h"
 #include "host/process/terminal.h"
 
 namespace brvhost {
@@ -36,14 +37,6 @@ class Pool {
   [[nodiscard]] int Run();
 
  private:
-  struct Counts {
-    int changed = 0;
-    int unchanged = 0;
-    int badInput = 0;
-    int failed = 0;
-    int Finished() const { return changed + unchanged + badInput + failed; }
-  };
-
   // How many slots have work.
   std::size_t Busy() const;
   void Start(std::size_t slot);
@@ -73,7 +66,8 @@ class Pool {
   void Handle(std::size_t slot, const DoneMessage& message);
   void Handle(std::size_t slot, const LostMessage& message);
 
-  void Refuse(std::size_t slot, const std::string& text);
+  // Ends the work of a worker that may still wait, or go on.
+  void Refuse(std::size_t slot);
   // The work has gone without a result, for a reason that is known.
   void FinishLost(std::size_t slot);
   void Fail(std::size_t slot, const std::string& reason);
@@ -83,11 +77,7 @@ class Pool {
 
   void ShowOutput(std::size_t slot);
   void ShowLine(std::size_t slot, std::string_view line);
-  void PrintSummary();
-  int Status() const;
   const Job& JobOf(std::size_t slot) const { return jobs_[slots_[slot].work->job]; }
-  // Names the score where there are several.
-  std::string Prefixed(std::size_t slot, const std::string& text) const;
 
   const std::vector<Job>& jobs_;
   const JobSettings& settings_;
@@ -97,7 +87,7 @@ class Pool {
   std::size_t parallel_;             // slots that may have work
   std::deque<std::size_t> waiting_;  // jobs that are not started yet
   bool isLoaded_ = false;
-  Counts counts_;
+  Results results_;
   int interruptsPassedOn_ = 0;
 };
 

@@ -16,8 +16,9 @@ int ListItems(const Options& options) {
   CountInterrupts();
   Terminal terminal;
   JobSettings settings;
+  settings.bundle = options.bundle;
   settings.confine = options.confines;
-  ExtensionProcess extension(options.bundle, settings, 0, terminal);
+  ExtensionProcess extension(settings, 0, terminal);
   const auto offer = extension.WaitForOffer();
   if (!offer) return kInterrupted;
   int number = 0;

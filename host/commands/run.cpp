@@ -12,7 +12,6 @@
 #include "host/batch/job.h"
 #include "host/batch/offer.h"
 #include "host/batch/pool.h"
-#include "host/bundle/bundlename.h"
 #include "host/bundle/loadedbundle.h"
 #include "host/commands/commands.h"
 #include "host/commands/regionoptions.h"
@@ -45,7 +44,7 @@ void CheckItem(const Offer& offer, const Options& options) {
 
 int Run(const Options& options) {
   JobSettings settings;
-  settings.extension = NameOfBundle(options.bundle);
+  settings.bundle = options.bundle;
   settings.item = options.item;
   settings.region = RegionOptions(options);
   settings.agree = options.yes;
@@ -61,7 +60,7 @@ int Run(const Options& options) {
 
   CountInterrupts();
   const std::size_t parallel = std::min(jobs.size(), static_cast<std::size_t>(options.jobs));
-  ExtensionProcess extension(options.bundle, settings, parallel, terminal);
+  ExtensionProcess extension(settings, parallel, terminal);
   Pool pool(jobs, settings, extension, terminal, parallel);
   pool.StartJobs();
   const auto offer = extension.WaitForOffer();
