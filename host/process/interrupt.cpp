@@ -1,5 +1,6 @@
 #include "host/process/interrupt.h"
 
+#include <atomic>
 #include <csignal>
 #include <initializer_list>
 
@@ -8,9 +9,11 @@
 namespace brvhost {
 namespace {
 
-volatile std::sig_atomic_t interrupts = 0;
+// Counted by handlers on any thread, and read by all.
+std::atomic<int> interrupts = 0;
+static_assert(std::atomic<int>::is_always_lock_free);
 
-void OnInterrupt(int) { interrupts = interrupts + 1; }
+void OnInterrupt(int) { ++interrupts; }
 
 void OnEnd(int) { interrupts = 2; }
 
