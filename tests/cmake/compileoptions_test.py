@@ -16,7 +16,7 @@ BUILD = pathlib.Path(os.environ["BRV_BUILD"])
 WARNINGS = {"-Wall", "-Wextra", "-Wpedantic", "-Wshadow"}
 SANITIZERS = "-fsanitize=address,undefined"
 # Presets for those who change the sources, and for those who only build them.
-CHECKING, LENIENT = {"release", "asan", "clang"}, {"macos", "macos-cross"}
+CHECKING, LENIENT = {"release", "asan", "tsan", "clang"}, {"macos", "macos-cross"}
 
 
 def run(*command):
@@ -34,7 +34,7 @@ class OurOptions(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.plain = cls.configured()
-        cls.asked = cls.configured("-DBRV_WERROR=ON", "-DBRV_SANITIZE=ON")
+        cls.asked = cls.configured("-DBRV_WERROR=ON", "-DBRV_SANITIZE=address,undefined")
 
     @classmethod
     def configured(cls, *options):
