@@ -1,5 +1,4 @@
 // The encodings that a declaration may name, compared with the library that knows them.
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
@@ -12,30 +11,17 @@
 #include <string>
 #include <vector>
 
+#include "encodinglibrary.h"
 #include "host/text/inputerror.h"
 #include "tests/host/scores.h"
 
-#define TEXT_OF(name) #name
-#define LINKER_NAME(name) TEXT_OF(name)
-
-namespace {
-
-// How many sequences of bytes the library has been asked about.
-std::int64_t questions = 0;
-
-}  // namespace
-
-// In the place of the library's own, to which it leads.
-U_CAPI UChar32 U_EXPORT2 ucnv_getNextUChar(UConverter* converter, const char** source, const char* limit,
-                                           UErrorCode* error) {
-  static const auto librarys =
-      reinterpret_cast<decltype(&ucnv_getNextUChar)>(dlsym(RTLD_NEXT, LINKER_NAME(ucnv_getNextUChar)));
-  ++questions;
-  return librarys(converter, source, limit, error);
-}
-
 namespace brvhost {
 namespace {
+
+using encodinglibrary::kNothing;
+using encodinglibrary::kStart;
+using encodinglibrary::madeUp;
+using encodinglibrary::questions;
 
 constexpr std::int64_t kMaxQuestions = 10'100'000;  // about one score: a second or two
 
@@ -162,6 +148,69 @@ TEST(Encodings, AreReadAsTheyAreWritten) {
       EXPECT_EQ(name, expected);
     }
   }
+}
+
+// Encodings of no library, in which the bytes up to 0x7F are ASCII.
+
+int AsciiOr(int other, std::string_view bytes) {
+  const auto first = static_cast<unsigned char>(bytes[0]);
+  return bytes.size() == 1 && first < 0x80 ? first : other;
+}
+
+// The name of the part, whose bytes are in the encoding, or null where that or they are refused.
+std::optional<std::string> ReadMadeUp(const std::string& name) {
+  try {
+    return ReadMusicXml(NamedScore("made-up", name)).parts.at(0).names.name;
+  } catch (const InputError&) {
+    return std::nullopt;
+  }
+}
+
+TEST(Encodings, AreRefusedWhereCharactersThatStartAlikeHaveDifferentLengths) {
+  const auto withCharactersOfTwoBytesAnd = [](std::string_view another) {
+    madeUp = [another](std::string_view bytes) {
+      if (bytes == "\x81" || (another.size() > 2 && bytes == another.substr(0, bytes.size()) && bytes != another)) {
+        return kStart;
+      }
+      if (bytes == "\x81\x40") return 0x4E00;
+      return bytes == another ? 0x4E01 : AsciiOr(kNothing, bytes);
+    };
+  };
+  withCharactersOfTwoBytesAnd("\x81\x41");
+  EXPECT_EQ(ReadMadeUp("\x81\x40\x81\x41"), "\u4E00\u4E01");
+  withCharactersOfTwoBytesAnd("\x81\x41\x41");
+  EXPECT_EQ(ReadMadeUp("Oboe"), std::nullopt);
+  withCharactersOfTwoBytesAnd("\x81\x41\x41\x41");
+  EXPECT_EQ(ReadMadeUp("Oboe"), std::nullopt);
+}
+
+TEST(Encodings, AreRefusedWhereAByteOfAsciiStartsALongerCharacter) {
+  madeUp = [](std::string_view bytes) {
+    if (bytes == "@") return kStart;
+    return bytes == "@@" ? 0x4E00 : AsciiOr(kNothing, bytes);
+  };
+  EXPECT_EQ(ReadMadeUp("Oboe"), std::nullopt);
+}
+
+// The search does not see the last bytes of all characters that have four.
+TEST(Encodings, HaveNoCharactersThatContainBytesOfMarkup) {
+  constexpr std::string_view kStarts = "\x81\x81\x81";
+  madeUp = [kStarts](std::string_view bytes) {
+    if (kStarts.starts_with(bytes)) return kStart;
+    const bool isCharacter = bytes.size() == 4 && bytes.starts_with(kStarts) && bytes[3] >= '0';
+    return isCharacter ? 0x4E00 + bytes[3] : AsciiOr(kNothing, bytes);
+  };
+  const std::string starts(kStarts);
+  EXPECT_EQ(ReadMadeUp(starts + ";" + starts + "?"), "\u4E3B\u4E3F");
+  for (const char markup : {'<', '=', '>'}) EXPECT_EQ(ReadMadeUp(starts + markup), std::nullopt) << markup;
+}
+
+TEST(Encodings, AreGivenUpWhereTheSearchTakesTooLong) {
+  madeUp = [](std::string_view bytes) { return AsciiOr(kStart, bytes); };
+  questions = 0;
+  EXPECT_EQ(ReadMadeUp("Oboe"), std::nullopt);
+  EXPECT_GT(questions, kMaxQuestions / 2);
+  EXPECT_LT(questions, kMaxQuestions);
 }
 
 }  // namespace
