@@ -67,7 +67,7 @@ if [ "${1:-}" != --all ]; then
     exit 0
   fi
 fi
-cmake --preset clang -B build/tidy -DBRV_BUILD_TESTS=ON -DBRV_BUILD_BENCHMARKS=ON -DBRV_MACOS_TESTS=ON >/dev/null
+cmake --preset clang -B build/tidy -DBRV_BUILD_TESTS=ON -DBRV_FUZZ=ON -DBRV_BUILD_BENCHMARKS=ON -DBRV_MACOS_TESTS=ON >/dev/null
 
 compiled=$(sed -n "s|^  \"file\": \"$PWD/\(.*\)\".*|\1|p" build/tidy/compile_commands.json | grep -v '^build/' | LC_ALL=C sort -u)
 if [ -z "$base" ]; then

@@ -16,7 +16,7 @@ BUILD = pathlib.Path(os.environ["BRV_BUILD"])
 WARNINGS = {"-Wall", "-Wextra", "-Wpedantic", "-Wshadow"}
 SANITIZERS = "-fsanitize=address,undefined"
 # Presets for those who change the sources, and for those who only build them.
-CHECKING, LENIENT = {"release", "asan", "tsan", "clang"}, {"macos", "macos-cross"}
+CHECKING, LENIENT = {"release", "asan", "tsan", "fuzz", "clang"}, {"macos", "macos-cross"}
 
 
 def run(*command):
