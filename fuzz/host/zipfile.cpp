@@ -10,6 +10,7 @@ constexpr std::string_view kLocal("PK\x03\x04", 4);
 constexpr std::string_view kCentral("PK\x01\x02", 4);
 constexpr std::string_view kEnd("PK\x05\x06", 4);
 constexpr std::size_t kLocalSize = 30;
+constexpr std::size_t kEndSize = 22;
 
 void Put16(std::string& bytes, std::size_t value) {
   bytes += static_cast<char>(value & 0xFF);
@@ -86,6 +87,16 @@ ZipMember NextMember(Header& directory, std::string_view archive) {
   return member;
 }
 
+// Where the record at the end starts: the first whose comment ends with the archive.
+std::optional<std::size_t> EndOf(std::string_view archive) {
+  for (std::size_t at = archive.find(kEnd); at != std::string_view::npos; at = archive.find(kEnd, at + 1)) {
+    if (archive.size() - at < kEndSize) break;
+    const std::size_t commentSize = Header(archive, at + kEndSize - 2).Word();
+    if (at + kEndSize + commentSize == archive.size()) return at;
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::string ZipFileOf(const std::vector<ZipMember>& members, std::string_view comment) {
@@ -116,10 +127,10 @@ std::string ZipFileOf(const std::vector<ZipMember>& members, std::string_view co
 }
 
 std::optional<std::vector<ZipMember>> MembersOf(std::string_view archive) {
-  const std::size_t found = archive.rfind(kEnd);
-  if (found == std::string_view::npos) return std::nullopt;
+  const auto found = EndOf(archive);
+  if (!found) return std::nullopt;
   try {
-    Header end(archive, found);
+    Header end(archive, *found);
     end.Text(kEnd.size() + 4);
     const std::uint16_t count = end.Word();
     end.Text(6);  // the count again, the size

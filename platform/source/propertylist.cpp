@@ -7,6 +7,7 @@
 #include <memory>
 #include <utility>
 
+#include "binaryplist.h"
 #include "cfstring.h"
 #include "propertyvalue.h"
 #include "stringsfile.h"
@@ -46,14 +47,23 @@ std::optional<Dictionary> DictionaryOf(plist_t root) {
   }
 }
 
-std::optional<Dictionary> ParseBinary(std::string_view bytes) {
-  plist_t root = nullptr;
-  plist_from_bin(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &root);
-  const Node owner(root);
-  return DictionaryOf(root);
+// Whether arrays and dictionaries are nested deeper than any list that is written. The reader of XML calls itself for
+// each: a file must not exhaust the stack. Tags in comments count too.
+bool IsNestedTooDeep(std::string_view xml) {
+  constexpr int kDeepest = 200;
+  int depth = 0;
+  for (std::size_t at = xml.find('<'); at != xml.npos && depth <= kDeepest; at = xml.find('<', at + 1)) {
+    const std::string_view tag = xml.substr(at + 1);
+    if (tag.starts_with("/array") || tag.starts_with("/dict")) --depth;
+    if (!tag.starts_with("array") && !tag.starts_with("dict")) continue;
+    const std::size_t afterName = tag.find_first_not_of("abcdefghijklmnopqrstuvwxyz \t\r\n");
+    if (afterName != tag.npos && tag[afterName] != '/') ++depth;
+  }
+  return depth > kDeepest;
 }
 
 std::optional<Dictionary> ParseXml(const std::string& utf8) {
+  if (IsNestedTooDeep(utf8)) return std::nullopt;
   plist_t root = nullptr;
   plist_from_xml(utf8.data(), static_cast<std::uint32_t>(utf8.size()), &root);
   const Node owner(root);
