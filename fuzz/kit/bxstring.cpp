@@ -19,7 +19,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-constexpr std::size_t kMemory = 8 * 4096;
+constexpr std::size_t kMemory = std::size_t{1} << 15;
 
 // Units to the end of the memory, less that many bytes.
 struct Place {

@@ -9,7 +9,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "fuzz/support/input.h"
 #include "fuzz/support/require.h"
@@ -85,8 +84,8 @@ void CheckWriting(Input& input, Octave middleC) {
   };
   const tDiaPitch low = {any(), any()};
   const tDiaPitch high = {any(), any()};
-  const auto size = static_cast<std::size_t>(std::abs(low.alteration) + std::abs(high.alteration) + 16);
-  std::vector<char> text(size);
+  std::string text(static_cast<std::size_t>(std::abs(low.alteration)), '\0');
+  text.resize(text.size() + static_cast<std::size_t>(std::abs(high.alteration)) + 16);
   BXUtilFormatRange({low, high}, text.data(), 0);
   Require(TextOf(low, middleC) + "/" + TextOf(high, middleC) == text.data(), "a range is its pitches");
   Require(BXUtilAbsTCDToChrom(low) == static_cast<std::int16_t>(ChromaticOf(low)), "a pitch has its semitones");

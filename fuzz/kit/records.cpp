@@ -100,8 +100,8 @@ struct Request {
 };
 
 std::vector<Address> AddressesOf(const std::vector<RecordCall>& calls) {
-  std::vector<Address> addresses;
-  for (const RecordCall& call : calls) addresses.push_back(call.address);
+  std::vector<Address> addresses(calls.size());
+  std::ranges::transform(calls, addresses.begin(), &RecordCall::address);
   return addresses;
 }
 

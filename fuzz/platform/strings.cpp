@@ -55,9 +55,8 @@ std::u16string Escaped(char16_t unit, Input& input) {
       break;
   }
   if (unit < 0x80 && input.Flag()) {
-    const std::u16string octal = {u'\\', static_cast<char16_t>(u'0' + (unit >> 6)),
-                                  static_cast<char16_t>(u'0' + (unit >> 3 & 7)),
-                                  static_cast<char16_t>(u'0' + (unit & 7))};
+    std::u16string octal = {u'\\', static_cast<char16_t>(u'0' + (unit >> 6)),
+                            static_cast<char16_t>(u'0' + (unit >> 3 & 7)), static_cast<char16_t>(u'0' + (unit & 7))};
     return octal;
   }
   return u"\\U" + Hex(unit);
