@@ -10,7 +10,7 @@
 
 class GuardedMemory {
  public:
-  // Room for that many bytes, or some more.
+  // At least that many bytes.
   explicit GuardedMemory(std::size_t size) : size_((size + page_ - 1) / page_ * page_) {
     void* const pages = mmap(nullptr, size_ + 2 * page_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (pages == MAP_FAILED) throw std::bad_alloc();

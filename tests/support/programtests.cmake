@@ -4,6 +4,12 @@
 # the last arguments may change, names what they work on.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
+if(BRV_SANITIZE)
+  set(sanitized ON)
+else()
+  set(sanitized OFF)
+endif()
+
 function(add_program_test name file label)
   add_test(NAME ${name} COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/${file})
   set(environment
@@ -11,7 +17,7 @@ function(add_program_test name file label)
       BRV_BUNDLE=${CMAKE_BINARY_DIR}/LegerLines.bundle
       BRV_FAULTY_BUNDLES=${CMAKE_BINARY_DIR}/tests/bundles
       BRV_SAMPLES=${PROJECT_SOURCE_DIR}/samples
-      BRV_SANITIZED=$<IF:$<BOOL:${BRV_SANITIZE}>,ON,OFF>
+      BRV_SANITIZED=${sanitized}
       BRV_SOURCE=${PROJECT_SOURCE_DIR}
       BRV_SHARE=${CMAKE_BINARY_DIR}/share
       BRV_BUILD=${CMAKE_BINARY_DIR}
