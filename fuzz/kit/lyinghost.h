@@ -57,8 +57,8 @@ class LyingHost {
     RecordCall heard = Heard(call, size == nullptr ? -1 : *size);
     auto* const data = call.Pointer<std::uint8_t>(2);
     if (data != nullptr) {
-      const auto room = static_cast<std::size_t>(std::max(heard.size, 0));
-      const std::size_t held = std::min(room, limit_);
+      const auto capacity = static_cast<std::size_t>(std::max(heard.size, 0));
+      const std::size_t held = std::min(capacity, limit_);
       std::ranges::copy(input_.Text(std::min<std::size_t>(held, input_.Byte() % 20)), data);
       heard.bytes.assign(data, data + held);
     }
