@@ -134,7 +134,7 @@ def report(root):
     ids = list(dict.fromkeys(part.get("id") for part in root.iter("part")))
     measures = scorereader.parts(root)
     parts = [Part(of_part) for of_part in measures]
-    entries, _ = scorereader.read(root)
+    reading = scorereader.Reading(root)
     count = max(map(len, measures))
     key_part = next((part for part in parts if part.states_key), None)
     meter_part = next((part for part in parts if part.states_meter), None)
@@ -145,15 +145,15 @@ def report(root):
     def meter_at(measure):
         return meter_part.meters[measure] if meter_part and measure < len(meter_part.meters) else None
 
-    sounding = {(entry.staff, entry.measure) for entry in entries if any(note.find("rest") is None for note in entry.notes)}
+    sounding = {(entry.staff, entry.measure) for entry in reading.entries if any(note.find("rest") is None for note in entry.notes)}
     staves = []
-    for part, of_part, part_id in zip(parts, measures, ids):
+    for part, count_of_staves, part_id in zip(parts, reading.staves, ids):
         element = listed.get(part_id)
         names = [" ".join((element.findtext(tag) or "").split()) for tag in ("part-name", "part-abbreviation")] \
             if element is not None else ["", ""]
         name = (names[0] or names[1]).replace("^", "\u02C6").replace("\u266D", "b")
         slots = len(element.findall("score-instrument")) if element is not None else 0
-        for staff in range(1, scorereader.read_part(of_part, 0)[1] + 1):
+        for staff in range(1, count_of_staves + 1):
             first_key = key_at(0)
             interval = part.interval(staff).respelt(0 if first_key is None else first_key[0])
             number_of_staff = len(staves) + 1

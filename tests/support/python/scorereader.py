@@ -1,6 +1,7 @@
 """An independent reader of MusicXML: what is where, from the XML alone, with exact fractions."""
 
 import fractions
+import functools
 import itertools
 import re
 import xml.etree.ElementTree as ElementTree
@@ -20,6 +21,8 @@ def document(path):
 
 
 class Entry:
+    __slots__ = "staff", "measure", "voice", "position", "notes"
+
     def __init__(self, staff, measure, voice, position):
         self.staff, self.measure, self.voice, self.position = staff, measure, voice, position
         self.notes = []
@@ -38,9 +41,18 @@ def has_no(note):
     return note.get("print-leger") == "no"
 
 
+# A score has few different values.
+exact = functools.lru_cache(maxsize=None)(fractions.Fraction)
+
+
 def number(element, name, otherwise):
     text = element.findtext(name)
-    return fractions.Fraction(text.strip()) if text else otherwise
+    return exact(text.strip()) if text else otherwise
+
+
+@functools.lru_cache(maxsize=None)
+def quarters(duration, divisions):
+    return duration / divisions
 
 
 def parts(root):
@@ -69,47 +81,36 @@ def read_part(measures, staves_before):
                 divisions = number(child, "divisions", divisions)
                 staves = max(staves, int(child.findtext("staves") or 1))
             elif child.tag in ("backup", "forward"):
-                duration = number(child, "duration", 0) / divisions
-                clock = max(clock + (duration if child.tag == "forward" else -duration), 0)
+                duration = quarters(number(child, "duration", 0), divisions)
+                clock = clock + duration if child.tag == "forward" else max(clock - duration, 0)
             elif child.tag == "note":
                 staff = int(child.findtext("staff") or 1)
                 staves = max(staves, staff)
                 if child.find("chord") is None:
                     chord = {}
                     root = (clock, (child.findtext("voice") or "1").strip())
-                    clock += number(child, "duration", 0) / divisions
+                    clock += quarters(number(child, "duration", 0), divisions)
                 entry = chord.get(staff)
                 if entry is None or len(entry.notes) == MAX_NOTES:
                     entry = chord[staff] = Entry(staves_before + staff, measure_number, root[1], root[0])
                     entries.append(entry)
                 entry.notes.append(child)
-            length = max(length, clock)
+            if clock > length:
+                length = clock
         lengths.append(length)
     return entries, staves, lengths
 
 
-def read(root):
-    """All entries of a score, and the number of its staves."""
-    entries = []
-    staves = 0
-    for measures in parts(root):
-        of_part, count, _ = read_part(measures, staves)
-        entries += of_part
-        staves += count
-    return entries, staves
+class Reading:
+    """All entries of a score, the number of staves of each part, and how far the clock of any part gets in each measure."""
 
-
-def measure_lengths(root):
-    """How far the clock of any part gets in each measure, in quarters."""
-    by_part = [read_part(measures, 0)[2] for measures in parts(root)]
-    return [max(lengths) for lengths in itertools.zip_longest(*by_part, fillvalue=fractions.Fraction(0))]
-
-
-def attributes_after_hiding(entries, is_selected):
-    """What each note's attribute has to be once the ledger lines of selected entries are hidden, by note."""
-    wanted = {}
-    for entry in entries:
-        changes = is_selected(entry) and not entry.is_hidden()
-        for note in entry.notes:
-            wanted[note] = "no" if changes else note.get("print-leger")
-    return wanted
+    def __init__(self, root):
+        self.entries = []
+        self.staves = []
+        lengths = []
+        for measures in parts(root):
+            entries, staves, of_part = read_part(measures, sum(self.staves))
+            self.entries += entries
+            self.staves.append(staves)
+            lengths.append(of_part)
+        self.lengths = list(map(max, itertools.zip_longest(*lengths, fillvalue=fractions.Fraction(0))))
