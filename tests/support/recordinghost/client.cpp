@@ -63,15 +63,24 @@ int RecordingHost::Count(const std::string& name) const {
       std::count_if(calls_.begin(), calls_.end(), [&](const HostCall& c) { return c.name == name; }));
 }
 
+std::uint64_t RecordingHost::Handle(const HostCall& call) const {
+  const auto handler = handlers_.find(call.name);
+  return handler == handlers_.end() ? 0 : handler->second(call);
+}
+
 std::uint64_t RecordingHost::Listen(void* context, const char* name, const std::uint64_t* arguments,
                                     std::size_t count) {
   auto& host = *static_cast<RecordingHost*>(context);
-  const HostCall call = {name, {arguments, arguments + count}};
+  HostCall call = {name, {arguments, arguments + count}};
+  std::size_t number = 0;
   {
     const std::lock_guard lock(host.logMutex_);
     host.calls_.push_back(call);
+    number = host.calls_.size();
   }
   // A handler may drive the kit, and with it the log.
-  const auto handler = host.handlers_.find(name);
-  return handler == host.handlers_.end() ? 0 : handler->second(call);
+  call.result = host.failing_.Has(number) ? 0 : host.Handle(call);
+  const std::lock_guard lock(host.logMutex_);
+  if (number <= host.calls_.size()) host.calls_[number - 1].result = call.result;
+  return call.result;
 }

@@ -21,6 +21,7 @@
 struct HostCall {
   std::string name;
   std::vector<std::uint64_t> arguments;  // with the version, the last
+  std::uint64_t result = 0;              // once the host has returned
 
   // The registers as the host reads them.
   int Int(std::size_t index) const { return static_cast<int>(arguments.at(index)); }
@@ -31,6 +32,14 @@ struct HostCall {
 
   // "BX_GetShowLayer(2)": integers as signed numbers, without the version. Pointers show as whether they are null.
   std::string Text() const;
+};
+
+// Calls that fail: one, counted from 1, and perhaps all that follow it.
+struct FailingCalls {
+  std::size_t first;
+  bool andAllAfter;
+
+  bool Has(std::size_t call) const { return call == first || (andAllAfter && call > first); }
 };
 
 class RecordingHost {
@@ -49,6 +58,9 @@ class RecordingHost {
     On(name, [result](const HostCall&) { return result; });
   }
 
+  // From the start of the log, these calls fail: no handler hears of them, and they return 0.
+  void Fail(FailingCalls calls) { failing_ = calls; }
+
   const std::vector<HostCall>& Calls() const { return calls_; }
   std::vector<std::string> Names() const;
   std::vector<std::string> Texts() const;
@@ -58,10 +70,14 @@ class RecordingHost {
  private:
   static std::uint64_t Listen(void* context, const char* name, const std::uint64_t* arguments, std::size_t count);
 
+  // The handler's answer to a call.
+  std::uint64_t Handle(const HostCall& call) const;
+
   // Extensions call from one thread; tests of the kit may call from several.
   std::mutex logMutex_;
   std::vector<HostCall> calls_;
   std::map<std::string, Handler> handlers_;
+  FailingCalls failing_ = {};  // none
 };
 
 // Makes the bundle of a host beside the test programs: "RecordingHost", or "EmptyHost", which has no
