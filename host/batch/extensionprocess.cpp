@@ -115,9 +115,8 @@ bool ExtensionProcess::Finish() {
 
 std::string ExtensionProcess::WaitForEnd(bool isExpected) {
   const Deadline deadline(settings_.secondsAScore);
-  const int interrupts = InterruptCount();
   bool hasEnded = false;
-  while (!hasEnded && !deadline.HasPassed() && InterruptCount() == interrupts) {
+  while (!hasEnded && !deadline.HasPassed() && InterruptCount() == interruptsPassedOn_) {
     hasEnded = process_->WaitForEnd(deadline.LeftMs(kMaxWaitMs));
     ShowOutput();
   }

@@ -12,6 +12,7 @@
 #include "host/batch/job.h"
 #include "host/batch/offer.h"
 #include "host/process/guardedchild.h"
+#include "host/process/interrupt.h"
 #include "host/process/terminal.h"
 #include "host/process/whereabouts.h"
 
@@ -29,8 +30,11 @@ class ExtensionProcess {
 
   // Starts a worker; the caller closes its ends.
   void Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output) const;
-  // Cancels the work of all workers.
-  void Interrupt() const { channel_.Send(InterruptMessage{}); }
+  // Cancels the work of all workers, on the interrupts so far.
+  void Interrupt() {
+    interruptsPassedOn_ = InterruptCount();
+    channel_.Send(InterruptMessage{});
+  }
   // A worker should have ended by now, or is killed. It is reported when it has.
   void End(std::uint64_t job, bool atOnce) const { channel_.Send(EndMessage{job, atOnce}); }
   void KillOrphans() const { process_->KillOrphans(); }
@@ -57,8 +61,8 @@ class ExtensionProcess {
   void Forget();
 
  private:
-  // Waits for the end of the process. Where it went wrong, which is always when the end is not expected, returns how
-  // and where, as a clause without its subject; else nothing.
+  // Waits for the end of the process, which an interrupt that was not passed on cuts short. Where it went wrong, which
+  // is always when the end is not expected, returns how and where, as a clause without its subject; else nothing.
   std::string WaitForEnd(bool isExpected);
   void ShowLine(std::string_view line) const;
 
@@ -71,6 +75,7 @@ class ExtensionProcess {
   Channel channel_;
   std::optional<GuardedChild> process_;
   bool isLost_ = false;
+  int interruptsPassedOn_ = 0;
 };
 
 }  // namespace brvhost
