@@ -8,38 +8,42 @@ import time
 import unittest
 
 from brvhost import Case, HIDDEN_NOTE, LEGER_LINES, NOTE, PROGRAM, SANITIZED, descendants, faulty, run, score
+from misbehaviour import MISBEHAVES, misbehaviour
 
 SCORES = 200 if SANITIZED else 1000
 KILLS = int(os.environ.get("BRV_KILLS", 10 if SANITIZED else 40))
 
-# Bundle, its part of the scores in percent, the end of its summary, and whether it hides the notes.
+FAILED = "0 changed, 0 unchanged, {} failed"
+INVOKED = "BrevixExtensionInvoke"
+
+# Bundle, its environment, its part of the scores in percent, the end of its summary, and whether it hides the notes.
 BUNDLES = [
-    (LEGER_LINES, 40, "{} changed, 0 unchanged, 0 failed", True),
-    (faulty("prints"), 5, "{} changed, 0 unchanged, 0 failed", True),
-    (faulty("without_fault" if SANITIZED else "changes_its_surroundings"), 5, "{} changed, 0 unchanged, 0 failed", True),
-    (faulty("frees_twice"), 5, "0 changed, {} unchanged, 0 failed", False),
-    (faulty("crashes_when_invoked"), 10, "0 changed, 0 unchanged, {} failed", False),
-    (faulty("exits_when_invoked"), 5, "0 changed, 0 unchanged, {} failed", False),
-    (faulty("throws_when_invoked"), 5, "0 changed, 0 unchanged, {} failed", False),
-    (faulty("closes_descriptors"), 5, "0 changed, 0 unchanged, {} failed", False),
-    (faulty("moves_entries"), 10, "0 changed, 0 unchanged, {} failed", False),
-    (faulty("crashes_in_a_host_call"), 10, "0 changed, 0 unchanged, {} failed", False),
+    (LEGER_LINES, {}, 40, "{} changed, 0 unchanged, 0 failed", True),
+    (faulty("prints"), {}, 5, "{} changed, 0 unchanged, 0 failed", True),
+    (faulty("without_fault" if SANITIZED else "changes_its_surroundings"), {}, 5, "{} changed, 0 unchanged, 0 failed", True),
+    (faulty("frees_twice"), {}, 5, "0 changed, {} unchanged, 0 failed", False),
+    (MISBEHAVES, misbehaviour(INVOKED, "abort"), 10, FAILED, False),
+    (MISBEHAVES, misbehaviour(INVOKED, "exit"), 5, FAILED, False),
+    (MISBEHAVES, misbehaviour(INVOKED, "throw"), 5, FAILED, False),
+    (MISBEHAVES, misbehaviour(INVOKED, "close descriptors"), 5, FAILED, False),
+    (faulty("moves_entries"), {}, 10, FAILED, False),
+    (MISBEHAVES, misbehaviour(call="BX_AlertMessage null 64 0 wild"), 10, FAILED, False),
 ]
 
 
 class Batches(Case):
     def test_of_many_scores_do_what_each_extension_can(self):
-        self.assertEqual(sum(share for _, share, _, _ in BUNDLES), 100)
+        self.assertEqual(sum(share for _, _, share, _, _ in BUNDLES), 100)
         content = {}
         for number in range(SCORES):
             # Every 50th cannot be read.
             text = score(NOTE * (1 + number % 5)) if number % 50 else "<score-partwise>"
             content[self.write(f"{number:04}.musicxml", text)] = text
         left = sorted(content)
-        for bundle, share, summary, hides in BUNDLES:
+        for bundle, environment, share, summary, hides in BUNDLES:
             scores, left = left[:SCORES * share // 100], left[SCORES * share // 100:]
             bad = [path for path in scores if not content[path].endswith("</score-partwise>")]
-            process = run(0, "--all", "--in-place", "--jobs", 3, *scores, bundle=bundle)
+            process = run(0, "--all", "--in-place", "--jobs", 3, *scores, bundle=bundle, environment=environment)
             good = len(scores) - len(bad)
             expected = f"{len(scores)} scores: " + summary.format(good)
             if bad:

@@ -8,6 +8,7 @@ import time
 import unittest
 
 from brvhost import Case, HIDDEN_NOTE, NOTE, PROGRAM, SANITIZED, brvhost, descendants, faulty, run, score
+from misbehaviour import MISBEHAVES, misbehaviour
 
 NOTHING = "; nothing was written\n"
 
@@ -50,56 +51,20 @@ class Misbehaviour(Case):
 
 
 class Crashes(Misbehaviour):
-    def refuses_bundle(self, process, bundle, message):
-        self.assertEqual((process.returncode, process.stderr), (3, f"brvhost: {faulty(bundle)}: {message}\n"))
-        self.check_untouched()
-
-    def test_while_the_code_is_loaded_are_reported(self):
-        for bundle, message in (
-                ("crashes_when_loaded", "while it was loaded, its code crashed in its constructors: signal 6 (Aborted)"),
-                ("exits_when_loaded", "while it was loaded, its code ended the process in its constructors, with status 0"),
-                ("closes_descriptors_when_loaded", "while it was loaded, its code closed the connection to brvhost"),
-                ("throws_when_initialised", "BrevixExtensionInit threw an exception: there is no licence")):
-            with self.subTest(bundle):
-                self.refuses_bundle(self.invoke(bundle), bundle, message)
-                self.refuses_bundle(brvhost("items", faulty(bundle)), bundle, message)
-
-    def test_that_never_end_while_the_code_is_loaded_are_reported(self):
-        bundle = "hangs_when_loaded"
-        self.refuses_bundle(self.invoke(bundle, "--timeout", 1), bundle, "is not loaded within 1 second")
-
-    def test_at_work_are_reported_with_the_entry_point_or_the_host_call(self):
+    def test_at_work_are_reported_for_a_score_alone(self):
         for bundle, message in (
                 ("crashes_when_invoked", "crashed in BrevixExtensionInvoke: signal 6 (Aborted)"),
-                ("exits_when_invoked", "ended the process in BrevixExtensionInvoke, with status 0"),
-                *([] if SANITIZED else [("crashes_in_a_host_call",
-                 "crashed in BX_AlertMessage, called in BrevixExtensionInvoke: signal 11 (Segmentation fault)")]),
-                ("throws_when_invoked", "failed: BrevixExtensionInvoke threw an exception: there is no [2J font"),
-                ("throws_what_is_no_exception",
-                 "failed: BrevixExtensionInvoke threw an exception: of type (anonymous namespace)::Odd"),
-                ("hangs_when_invoked", "did not end in BrevixExtensionInvoke within 3 seconds"),
-                ("stops_itself", "did not end in BrevixExtensionInvoke within 3 seconds")):
+                ("throws_when_invoked", "failed: BrevixExtensionInvoke threw an exception: there is no [2J font")):
             with self.subTest(bundle):
-                process = self.invoke(bundle, "--timeout", 3)
+                process = self.invoke(bundle)
                 self.assertEqual(process.stderr, f"brvhost: {self.score}: the extension {bundle} {message}{NOTHING}")
                 self.assertEqual(process.returncode, 1)
                 self.check_untouched()
 
-    def test_at_the_end_are_reported_when_the_score_is_done(self):
-        process = self.invoke("crashes_when_unloaded")
-        message = "when it was ended, the extension crashes_when_unloaded crashed in its destructors: signal 6 (Aborted)"
-        self.assertEqual((process.returncode, process.stderr), (1, f"brvhost: {message}\n"))
-        self.assertEqual(self.score.read_text(), score(HIDDEN_NOTE * 2))
-
-    def test_that_never_end_at_the_end_are_reported_when_the_score_is_done(self):
-        process = self.invoke("hangs_when_unloaded", "--timeout", 1)
-        message = "when it was ended, the extension hangs_when_unloaded hung in its destructors for 1 second"
-        self.assertEqual((process.returncode, process.stderr), (1, f"brvhost: {message}\n"))
-        self.assertEqual(self.score.read_text(), score(HIDDEN_NOTE * 2))
-
     def test_that_never_end_at_the_end_are_interrupted(self):
-        command = [PROGRAM, "run", faulty("hangs_when_unloaded"), "--item", "0", "--all", "--in-place", str(self.score)]
-        process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        command = [PROGRAM, "run", MISBEHAVES, "--item", "0", "--all", "--in-place", str(self.score)]
+        process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                                   env={**os.environ, **misbehaviour("destructors", "hang")})
         self.assertIn("2 of 2 entries changed", process.stdout.readline())
         process.send_signal(signal.SIGINT)
         process.communicate(timeout=20)
@@ -120,12 +85,6 @@ class Surroundings(Misbehaviour):
     def test_of_its_process_do_not_matter_to_the_result(self):
         self.check_done(run(0, "--all", "--in-place", os.path.relpath(self.score), bundle=faulty("changes_its_surroundings")))
 
-    def test_lose_the_result_where_it_closes_the_line(self):
-        process = self.invoke("closes_descriptors")
-        message = f"{self.score}: the extension closes_descriptors closed the connection to brvhost{NOTHING}"
-        self.assertEqual((process.returncode, process.stderr), (1, "brvhost: " + message))
-        self.check_untouched()
-
     def test_get_nothing_from_brvhost_where_it_replaces_the_line(self):
         log = self.folder.parent / (self.folder.name + ".log")
         self.addCleanup(log.unlink)
@@ -142,7 +101,6 @@ class Hostility(Misbehaviour):
     def test_of_one_that_never_stops_talking_ends_in_time(self):
         late = f"the extension {{}} did not end{{}} within 3 seconds{NOTHING}"
         for bundle, message in (
-                ("prints_for_ever", late.format("prints_for_ever", " in BrevixExtensionInvoke")),
                 ("asks_for_ever", late.format("asks_for_ever", " in BX_AlertMessage, called in BrevixExtensionInvoke")),
                 ("forges_questions", f"the extension forges_questions garbled its messages{NOTHING}")):
             with self.subTest(bundle):
@@ -150,16 +108,6 @@ class Hostility(Misbehaviour):
                 self.assertEqual(process.returncode, 1, process.stderr[-1000:])
                 self.assertTrue(process.stderr.endswith(f"brvhost: {self.score}: {message}"), process.stderr[-1000:])
                 self.check_untouched()
-
-    def test_against_the_loader_is_reported_with_the_scores_that_are_left(self):
-        others = [self.write(f"{number}.musicxml", score()) for number in range(3)]
-        process = run(0, "--all", "--in-place", *others, bundle=faulty("kills_its_parent"))
-        self.assertEqual(process.returncode, 1)
-        self.assertEqual(process.stdout, "3 scores: 0 changed, 0 unchanged, 1 failed, 2 not run\n")
-        self.assertEqual(sorted(process.stderr.splitlines()), sorted([
-            f"brvhost: {others[0]}: the process of the extension kills_its_parent is gone; nothing was written",
-            "brvhost: between the scores, the extension kills_its_parent crashed: signal 9 (Killed)"]))
-        self.assertEqual([path.read_text() for path in others], [score()] * 3)
 
     def test_against_the_guard_does_not_last(self):
         command = [PROGRAM, "run", faulty("stops_its_guard"), "--item", "0", "--all", "--in-place", str(self.score)]
@@ -278,11 +226,12 @@ class Remains(Misbehaviour):
         self.check_untouched()
 
     def test_nothing_after_a_second_interrupt(self):
-        for bundle in ("leaves_programs", "blocks_all_signals", "stops_itself"):
+        for bundle in ("leaves_programs", "blocks_all_signals", "misbehaves"):
             with self.subTest(bundle):
-                if bundle == "stops_itself":
-                    command = [PROGRAM, "run", faulty(bundle), "--item", "0", "--all", "--in-place", str(self.score)]
-                    process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+                if bundle == "misbehaves":
+                    command = [PROGRAM, "run", MISBEHAVES, "--item", "0", "--all", "--in-place", str(self.score)]
+                    process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                                               env={**os.environ, **misbehaviour("BrevixExtensionInvoke", "stop")})
                     self.addCleanup(process.communicate)
                     def is_stopped():
                         states = [pathlib.Path(f"/proc/{child}/stat").read_text() for child in descendants(process.pid)]

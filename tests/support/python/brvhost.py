@@ -19,15 +19,15 @@ def faulty(name):
     return str(BUNDLES / f"{name}.bundle")
 
 
-def brvhost(*arguments, **options):
+def brvhost(*arguments, environment=None, **options):
     """The finished process, its output as text; it has no terminal."""
     options.setdefault("stdin", subprocess.DEVNULL)
     return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=300,
-                          env={**os.environ, "LANGUAGE": "en"}, **options)
+                          env={**os.environ, "LANGUAGE": "en", **(environment or {})}, **options)
 
 
-def run(item, *arguments, bundle=LEGER_LINES):
-    return brvhost("run", bundle, "--item", item, *arguments)
+def run(item, *arguments, bundle=LEGER_LINES, environment=None):
+    return brvhost("run", bundle, "--item", item, *arguments, environment=environment)
 
 
 def descendants(process):

@@ -1,5 +1,0 @@
-#include <cstdlib>
-
-#include "extension.h"
-
-[[gnu::constructor]] static void Crash() { std::abort(); }

@@ -1,5 +1,0 @@
-#include <cstdlib>
-
-#include "extension.h"
-
-[[gnu::destructor]] static void Crash() { std::abort(); }

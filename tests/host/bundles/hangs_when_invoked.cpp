@@ -1,8 +1,0 @@
-#include <unistd.h>
-
-#include "extension.h"
-
-int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION*) {
-  if (index != 0 || region == nullptr) return 0;
-  for (;;) pause();
-}

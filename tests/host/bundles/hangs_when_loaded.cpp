@@ -1,7 +1,0 @@
-#include <unistd.h>
-
-#include "extension.h"
-
-[[gnu::constructor]] static void Hang() {
-  for (;;) pause();
-}

@@ -1,9 +1,0 @@
-#include <csignal>
-
-#include "extension.h"
-
-int BrevixExtensionInvoke(void*, int index, EREGION* region, EREGION*) {
-  if (index != 0 || region == nullptr) return 0;
-  std::raise(SIGSTOP);
-  return HideFirstFrame(*region);
-}
