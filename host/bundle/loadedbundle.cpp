@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <fmt/format.h>
 
+#include <climits>
 #include <filesystem>
 #include <system_error>
 
@@ -23,26 +24,42 @@ CFBundleRef BundleAt(const std::string& path) {
   return bundle;
 }
 
+// Empty where there is none.
+std::string ExecutableOf(CFBundleRef bundle) {
+  const Owned<CFURLRef> url(CFBundleCopyExecutableURL(bundle));
+  char path[PATH_MAX];
+  auto* const bytes = reinterpret_cast<UInt8*>(path);
+  return url && CFURLGetFileSystemRepresentation(url.Get(), true, bytes, sizeof(path)) ? path : "";
+}
+
+// dlopen, called as what it is: its declaration promises that it throws nothing, and compilers count on that, but the
+// constructors that it runs can throw.
+void* OpenCode(const std::string& executable) {
+  void* (*volatile const open)(const char*, int) = dlopen;
+  return open(executable.c_str(), RTLD_NOW | RTLD_LOCAL);
+}
+
 }  // namespace
 
 LoadedBundle::LoadedBundle(const std::string& path) : path_(path), bundle_(BundleAt(path)) {
-  dlerror();
-  const std::string thrown = LoadCode();
-  if (thrown.empty() && CFBundleIsExecutableLoaded(bundle_)) return;
-  const char* const reason = thrown.empty() ? dlerror() : thrown.c_str();
+  const std::string wrong = LoadCode();
+  if (wrong.empty()) return;
   CFRelease(bundle_);
-  throw BundleError(fmt::format("{}: its code does not load: {}", path,
-                                reason != nullptr ? reason : "there is none for this system"));
+  throw BundleError(fmt::format("{}: its code does not load: {}", path, wrong));
 }
 
+// The bundle loads its code itself when it is first asked for a function. It lets no exception pass, though: the code
+// is loaded before that, so that what its constructors throw is known.
 std::string LoadedBundle::LoadCode() const {
+  const std::string executable = ExecutableOf(bundle_);
+  if (executable.empty()) return "there is none for this system";
   const InExtension here("its constructors");
   try {
-    Find("main");
-    return "";
+    if (OpenCode(executable) == nullptr) return dlerror();
   } catch (...) {
     return "its constructors threw an exception: " + ThrownText();
   }
+  return "";
 }
 
 LoadedBundle::~LoadedBundle() { CFRelease(bundle_); }

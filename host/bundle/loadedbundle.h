@@ -30,7 +30,7 @@ class LoadedBundle {
   void* Find(const char* name) const;
 
  private:
-  // Returns what its constructors threw, or nothing.
+  // Returns why it does not load, or nothing.
   std::string LoadCode() const;
 
   std::string path_;

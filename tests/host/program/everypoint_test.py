@@ -50,7 +50,7 @@ def while_loaded(point, way):
     if way in CLAUSES:
         return f"while it was loaded, its code {CLAUSES[way].format(where)}"
     thrown = f"{where} threw an exception: {THROWS[way][0]}"
-    return thrown if point != "constructors" else "its code does not load: there is none for this system"
+    return thrown if point != "constructors" else f"its code does not load: {thrown}"
 
 
 def at_work(point, way):
