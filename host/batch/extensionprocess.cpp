@@ -61,8 +61,10 @@ std::optional<Offer> ExtensionProcess::WaitForOffer() {
   for (;;) {
     if (InterruptCount() > 0) return std::nullopt;
     if (deadline.HasPassed()) {
-      throw BundleError(
-          fmt::format("{}: is not loaded within {}", settings_.bundle, SecondsText(*settings_.secondsAScore)));
+      const std::string where = WhereaboutsOf(ownPlace_);
+      throw BundleError(fmt::format("{}: is not loaded within {}{}{}", settings_.bundle,
+                                    SecondsText(*settings_.secondsAScore), where.empty() ? "" : ", as it hangs",
+                                    where));
     }
     pollfd waiting[] = {{channel_.Get(), POLLIN, 0}, {output_.Get(), POLLIN, 0}};
     if (poll(waiting, std::size(waiting), deadline.LeftMs(kMaxWaitMs)) <= 0) continue;
@@ -126,7 +128,7 @@ std::string ExtensionProcess::WaitForEnd(bool isExpected) {
   const std::string where = WhereaboutsOf(ownPlace_);
   if (!hasEnded && deadline.HasPassed())
     return fmt::format("hung{} for {}", where, SecondsText(*settings_.secondsAScore));
-  if (!status) return "lost its guard, and was killed";
+  if (!status) return fmt::format("lost its guard{}, and was killed", where);
   return *status == 0 && isExpected ? "" : EndingOfExtension(*status, where);
 }
 

@@ -44,9 +44,9 @@ GOOD_AT_THE_END = {"exit", "close descriptors"}
 def while_loaded(point, way):
     where = POINTS[point]
     if way in WAITS:
-        return f"is not loaded within {SECONDS} seconds"
+        return f"is not loaded within {SECONDS} seconds, as it hangs in {where}"
     if way == KILLS:
-        return "while it was loaded, its code lost its guard, and was killed"
+        return f"while it was loaded, its code lost its guard in {where}, and was killed"
     if way in CLAUSES:
         return f"while it was loaded, its code {CLAUSES[way].format(where)}"
     thrown = f"{where} threw an exception: {THROWS[way][0]}"
@@ -72,7 +72,7 @@ def at_the_end(point, way):
     if way in WAITS:
         clause = f"hung in {where} for {SECONDS} seconds"
     elif way == KILLS:
-        clause = "lost its guard, and was killed"
+        clause = f"lost its guard in {where}, and was killed"
     elif way in CLAUSES:
         clause = CLAUSES[way].format(where)
     elif point in ENDING:
