@@ -100,7 +100,7 @@ void ExtensionProcess::Lose() {
   isLost_ = true;
   const std::string how = WaitForEnd(false);
   if (InterruptCount() > 0) return;
-  terminal_.PrintError(fmt::format("between the scores, the extension {} {}", name_, how));
+  terminal_.PrintError(fmt::format("the process that loaded the extension {} {}", name_, how));
 }
 
 bool ExtensionProcess::Finish() {

@@ -92,7 +92,7 @@ def outcome(point, way, scores):
         return (1 if lines else 0), "2 scores: 2 changed, 0 unchanged, 0 failed\n", lines, True
     if way == KILLS:
         return (1, "2 scores: 0 changed, 0 unchanged, 1 failed, 1 not run\n", [
-            "brvhost: between the scores, the extension misbehaves crashed: signal 9 (Killed)",
+            "brvhost: the process that loaded the extension misbehaves crashed: signal 9 (Killed)",
             f"brvhost: {scores[0]}: {at_work(point, way)}; nothing was written"], False)
     lines = [f"brvhost: {path}: {at_work(point, way)}; nothing was written" for path in scores]
     lines += at_the_end(point, way) if point in ENDED else []
