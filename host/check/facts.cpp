@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "host/bundle/entrypoints.h"
 #include "host/bundle/loadedbundle.h"
 #include "host/check/emptyhost.h"
 #include "host/check/entryfacts.h"
@@ -19,6 +20,8 @@ std::vector<Fact> FactsAbout(const std::string& path) {
       } catch (const BundleError& error) {
         const std::string message = error.what();
         return message.starts_with(path + ": ") ? message.substr(path.size() + 2) : message;
+      } catch (const ThrownByExtension& exception) {
+        return exception.what();
       }
     };
     return Fact{name, explain, othersNeedIt};

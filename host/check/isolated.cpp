@@ -62,9 +62,10 @@ bool EndsBefore(const Deadline& deadline, const GuardedChild& child) {
   return false;
 }
 
-std::string Ending(int status, const Whereabouts& whereabouts) {
-  const char* const verb = WIFSIGNALED(status) ? "crashes" : "ends the process";
-  return fmt::format("{}{}: {}", verb, Describe(whereabouts), EndingOf(status));
+std::string Ending(int status, const std::string& where) {
+  // Outside of the extension the work comes to its end, and what it returned is lost.
+  if (status == 0 && where.empty()) return "closes the connection to brvhost";
+  return fmt::format("{}{}: {}", WIFSIGNALED(status) ? "crashes" : "ends the process", where, EndingOf(status));
 }
 
 }  // namespace
@@ -84,7 +85,7 @@ std::string RunIsolated(const std::function<std::string()>& work, int seconds) {
   if (!hasEnded) return fmt::format("does not return{} within {}", where, SecondsText(seconds));
   const std::string text = TextIn(from.Get());
   if (text.ends_with(mark)) return text.substr(0, text.size() - mark.size());
-  return status ? Ending(*status, whereabouts[0]) : "its process was killed";
+  return status ? Ending(*status, where) : fmt::format("loses its guard{}, and is killed", where);
 }
 
 }  // namespace brvhost

@@ -1,8 +1,12 @@
 """brvhost check: each fault is found, and found by the fact that is about it."""
 
+import concurrent.futures
+import itertools
+import os
 import unittest
 
 from brvhost import Case, LEGER_LINES, brvhost, faulty
+from misbehaviour import MISBEHAVES, misbehaviour
 
 # Fault, the first fact that fails, and words of the message.
 FAULTS = [
@@ -32,6 +36,34 @@ FAULTS = [
     ("crashes_at_the_end", "works in a host without functions", "Aborted"),
 ]
 
+# The first fact that fails where an extension misbehaves at each point.
+POINTS = {
+    "constructors": "loads, and exports the entry points",
+    "main": "binds to its host",
+    "BrevixExtensionVersion": "is for this version of the host",
+    "BrevixExtensionInit": "initialises, and clears the word",
+    "BrevixExtensionEnumerate_UTF16": "offers items, and ends their list",
+    "BrevixExtensionGetMenuStatus": "has a menu status",
+    "BrevixExtensionInvoke": "refuses an item that it does not have",
+    "BrevixExtensionTerminate": "works in a host without functions",
+}
+# What is reported of each way, with the point.
+WAYS = {
+    "crash": "crashes in {}: signal 11 (Segmentation fault)",
+    "abort": "crashes in {}: signal 6 (Aborted)",
+    "exit": "ends the process in {}: status 0",
+    "_exit": "ends the process in {}: status 7",
+    "throw": "{} threw an exception: there is no font",
+    "throw a number": "{} threw an exception: of type int",
+    "kill the parent": "loses its guard in {}, and is killed",
+    "close descriptors": "closes the connection to brvhost",
+}
+
+
+def message(point, way):
+    text = WAYS[way].format("its constructors" if point == "constructors" else point)
+    return f"its code does not load: {text}" if point == "constructors" and "threw" in text else text
+
 
 class Check(Case):
     def test_finds_no_fault_where_there_is_none(self):
@@ -49,6 +81,16 @@ class Check(Case):
                 failed = [line for line in process.stdout.splitlines() if line.startswith("FAILED  ")]
                 self.assertTrue(failed[0].startswith(f"FAILED  {fact}: "), process.stdout)
                 self.assertIn(words, failed[0])
+
+    def test_names_each_way_to_misbehave_and_the_point(self):
+        cells = list(itertools.product(POINTS, WAYS))
+        with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as executor:
+            processes = executor.map(lambda cell: brvhost("check", MISBEHAVES, environment=misbehaviour(*cell)), cells)
+            for (point, way), process in zip(cells, processes):
+                with self.subTest(f"{way} at {point}"):
+                    failed = [line for line in process.stdout.splitlines() if line.startswith("FAILED  ")]
+                    self.assertEqual((failed[:1], process.stderr, process.returncode),
+                                     ([f"FAILED  {POINTS[point]}: {message(point, way)}"], "", 1))
 
     def test_needs_a_bundle(self):
         self.fails(brvhost("check", self.folder / "none.bundle"), 3, "there is no such bundle")
