@@ -72,10 +72,10 @@ void SafeFile::Flush() {
 std::vector<std::string> SafeFile::Commit() {
   Flush();
   if (fsync(file_.Get()) != 0) target_.Fail("write");
-  TakeName();
-  // The new name is on the disk when its folder is.
+  // Opened before the name is taken, after which nothing should fail any more.
   const Descriptor folder(open(target_.Folder().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (folder) fsync(folder.Get());
+  TakeName();
+  if (folder) fsync(folder.Get());  // the new name is on the disk when its folder is
   return std::move(warnings_);
 }
 

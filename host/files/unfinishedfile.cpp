@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 #include "host/files/filelock.h"
 #include "host/files/temporaryname.h"
@@ -15,9 +16,9 @@ namespace brvhost {
 UnfinishedFile::UnfinishedFile(const std::string& folder, mode_t mode)
     : folder_(folder), file_(OpenUnnamedFile(folder, mode)) {
   if (!file_) {
-    const std::string name = folder_ + "/" + TemporaryName();
+    std::string name = folder_ + "/" + TemporaryName();
     file_ = Descriptor(open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-    if (file_) temporaryName_ = name;
+    if (file_) temporaryName_ = std::move(name);
   }
   // Nobody else has it yet; what cannot be locked is told apart by its name.
   if (file_) static_cast<void>(TryToLock(file_.Get()));
@@ -29,9 +30,9 @@ UnfinishedFile::~UnfinishedFile() {
 
 bool UnfinishedFile::TakeTemporaryName() {
   if (!temporaryName_.empty()) return true;
-  const std::string name = folder_ + "/" + TemporaryName();
+  std::string name = folder_ + "/" + TemporaryName();
   if (!NameFile(file_.Get(), name)) return false;
-  temporaryName_ = name;
+  temporaryName_ = std::move(name);  // without memory, for lack of which the file would stay
   return true;
 }
 
