@@ -2,7 +2,6 @@
 
 #include <zip.h>
 
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -26,9 +25,11 @@ using Member = std::unique_ptr<zip_file_t, Discard>;
 
 [[noreturn]] void ThrowBroken(const std::string& reason) { throw InputError("not a readable .mxl archive: " + reason); }
 
-// What the library reports as text. That it has no memory is the same as for everybody else.
+// What the library reports as text. That it has no memory, which it sometimes reports as no error, is the same as for
+// everybody else.
 std::string ReasonOf(zip_error_t* error) {
-  if (zip_error_code_zip(error) == ZIP_ER_MEMORY) throw std::bad_alloc();
+  const int code = zip_error_code_zip(error);
+  if (code == ZIP_ER_MEMORY || code == ZIP_ER_OK) throw std::bad_alloc();
   return zip_error_strerror(error);
 }
 
@@ -39,17 +40,12 @@ std::string ReasonOf(zip_error_t* error) {
 [[noreturn]] void ThrowLarger(const std::string& name) { ThrowBroken(name + " is larger than the archive states"); }
 [[noreturn]] void ThrowSmaller(const std::string& name) { ThrowBroken(name + " is smaller than the archive states"); }
 
-// Owns the memory that an archive is read from and written to: a copy, because the library frees what it replaces.
+// The memory that an archive is read from, and the library's own that it is written to. The bytes outlive it and stay
+// as they are.
 class Source {
  public:
-  explicit Source(std::string_view bytes) {
-    void* const copy = std::malloc(bytes.size());
-    if (copy == nullptr) throw std::bad_alloc();
-    std::memcpy(copy, bytes.data(), bytes.size());
-    source_ = zip_source_buffer_create(copy, bytes.size(), 1, nullptr);
-    if (source_ != nullptr) return;  // NOLINT(clang-analyzer-unix.Malloc): the source frees the copy
-    std::free(copy);
-    throw std::bad_alloc();
+  explicit Source(std::string_view bytes) : source_(zip_source_buffer_create(bytes.data(), bytes.size(), 0, nullptr)) {
+    if (source_ == nullptr) throw std::bad_alloc();
   }
   ~Source() { zip_source_free(source_); }
   Source(const Source&) = delete;
@@ -79,7 +75,7 @@ class Source {
   }
 
  private:
-  zip_source_t* source_ = nullptr;
+  zip_source_t* source_;
 };
 
 // Fills the content from a member. Refuses a member of another length.
