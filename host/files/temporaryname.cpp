@@ -1,5 +1,6 @@
 #include "host/files/temporaryname.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>
@@ -9,10 +10,9 @@
 #include <csignal>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
+#include <memory>
 #include <optional>
 #include <string_view>
-#include <system_error>
 
 #include "host/files/filelock.h"
 #include "host/process/descriptor.h"
@@ -21,7 +21,9 @@
 namespace brvhost {
 namespace {
 
-namespace fs = std::filesystem;
+struct Close {
+  void operator()(DIR* folder) const { closedir(folder); }
+};
 
 struct Owner {
   std::string machine;
@@ -87,10 +89,13 @@ std::string TemporaryName() {
 
 void RemoveAbandonedFiles(const std::string& folder) {
   const Owner self = ThisProcess();
-  std::error_code error;
-  for (fs::directory_iterator file(folder, error), end; !error && file != end; file.increment(error)) {
-    const auto owner = OwnerOf(file->path().filename().string());
-    if (owner && IsDead(*owner, self)) RemoveUnlessLocked(file->path().string());
+  // The C++ library's directory iterators end the program when memory runs out.
+  const std::unique_ptr<DIR, Close> files(opendir(folder.c_str()));
+  if (files == nullptr) return;
+  while (const dirent* const file = readdir(files.get())) {
+    const std::string name = file->d_name;
+    const auto owner = OwnerOf(name);
+    if (owner && IsDead(*owner, self)) RemoveUnlessLocked(folder + "/" + name);
   }
 }
 
