@@ -8,7 +8,7 @@ namespace brvhost {
 // The bundle's files exist as long as this object.
 class EmptyHost {
  public:
-  // Throws std::runtime_error where there is no space for temporary files.
+  // Throws std::runtime_error where there is no space for temporary files, and std::bad_alloc.
   EmptyHost();
   ~EmptyHost();
   EmptyHost(const EmptyHost&) = delete;
@@ -18,7 +18,14 @@ class EmptyHost {
   void Open() const;
 
  private:
+  // Needs no memory.
+  void Remove() const;
+
+  // From the outermost on.
   std::string folder_;
+  std::string bundle_;
+  std::string contents_;
+  std::string info_;
 };
 
 }  // namespace brvhost
