@@ -18,6 +18,7 @@
 #include "host/process/exitstatus.h"
 #include "host/process/streams.h"
 #include "host/text/printable.h"
+#include "host/text/reason.h"
 
 namespace {
 
@@ -49,7 +50,12 @@ int Finished(int status) {
   return Explain(status == kDone ? kFailed : status, "the standard output cannot be written");
 }
 
-int Main(int argc, char** argv) {
+// Needs no memory.
+void Report(const char* reason) {
+  for (const char* const text : {"brvhost: ", reason, "\n"}) std::fputs(text, stderr);
+}
+
+int PerformOrExplain(int argc, char** argv) {
   Options options;
   const auto app = DescribeCommandLine(options);
   try {
@@ -65,7 +71,16 @@ int Main(int argc, char** argv) {
   } catch (const BundleError& error) {
     return Explain(kBadBundle, error.what());
   } catch (const std::exception& error) {
-    return Explain(kFailed, error.what());
+    return Explain(kFailed, ReasonOf(error));
+  }
+}
+
+int Main(int argc, char** argv) {
+  try {
+    return PerformOrExplain(argc, argv);
+  } catch (const std::exception& error) {  // there was not even the memory to explain it
+    Report(ReasonOf(error));
+    return kFailed;
   }
 }
 
@@ -78,9 +93,20 @@ void OpenStandardStreams() {
   if (descriptor >= 0) close(descriptor);
 }
 
+// The parser of the command line makes objects before main, where nothing catches what they throw.
+[[noreturn]] void FailBeforeMain() {
+  Report(kNoMemory);
+  std::_Exit(kFailed);
+}
+
+std::terminate_handler usualHandler = nullptr;
+
+[[gnu::constructor(101)]] void CatchBeforeMain() { usualHandler = std::set_terminate(FailBeforeMain); }
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::set_terminate(usualHandler);
   OpenStandardStreams();
   // What cannot be written is reported like any other failure.
   std::signal(SIGPIPE, SIG_IGN);

@@ -126,7 +126,7 @@ bool Channel::HasMore() const {
 Descriptor Channel::TakeDescriptor() {
   if (descriptors_.empty()) return {};
   Descriptor first = std::move(descriptors_.front());
-  descriptors_.pop_front();
+  descriptors_.erase(descriptors_.begin());
   return first;
 }
 

@@ -4,12 +4,12 @@
 #include <sys/types.h>
 
 #include <cstddef>
-#include <deque>
 #include <initializer_list>
 #include <optional>
 #include <span>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "host/batch/message.h"
 #include "host/process/descriptor.h"
@@ -50,9 +50,9 @@ class Channel {
   Descriptor socket_;
   ino_t identity_ = 0;
   std::string arrived_;
-  std::size_t taken_ = 0;  // of what has arrived
-  std::deque<Descriptor> descriptors_;
-  std::optional<std::size_t> maxSize_;  // of messages from a process that is not trusted
+  std::size_t taken_ = 0;                // of what has arrived
+  std::vector<Descriptor> descriptors_;  // none needs no memory
+  std::optional<std::size_t> maxSize_;   // of messages from a process that is not trusted
 };
 
 // The two ends. Throws std::system_error.

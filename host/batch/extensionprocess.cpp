@@ -19,12 +19,15 @@
 #include "host/process/closeothers.h"
 #include "host/process/deadline.h"
 #include "host/process/interrupt.h"
+#include "host/text/reason.h"
 
 namespace brvhost {
 namespace {
 
 // More than the texts of as many items as an extension may offer.
 constexpr std::size_t kMaxMessage = std::size_t{1} << 22;
+
+constexpr const char* kHadNoMemory = "had not enough memory";
 
 // Nobody is there to type, and what is printed is shown as the extension's.
 void RedirectStreams(const Descriptor& output) {
@@ -79,6 +82,9 @@ std::optional<Offer> ExtensionProcess::WaitForOffer() {
         throw BundleError(bad->text);
       }
       if (const auto* const failure = std::get_if<FailureMessage>(&*message)) throw std::runtime_error(failure->text);
+      if (std::holds_alternative<NoMemoryMessage>(*message)) {
+        throw std::runtime_error(fmt::format("{}: {} to load it", settings_.bundle, kNoMemory));
+      }
     }
   }
 }
@@ -96,9 +102,10 @@ void ExtensionProcess::ShowLine(std::string_view line) const {
   terminal_.PrintForeign(fmt::format("{}: {}", name_, line));
 }
 
-void ExtensionProcess::Lose() {
+void ExtensionProcess::Lose(bool hasMemory) {
   isLost_ = true;
-  const std::string how = WaitForEnd(false);
+  std::string how = WaitForEnd(false);
+  if (!hasMemory) how = kHadNoMemory;
   if (InterruptCount() > 0) return;
   terminal_.PrintError(fmt::format("the process that loaded the extension {} {}", name_, how));
 }
@@ -109,6 +116,7 @@ bool ExtensionProcess::Finish() {
   std::string wrong = WaitForEnd(true);
   while (const auto message = channel_.Next()) {
     if (const auto* const failure = std::get_if<FailureMessage>(&*message)) wrong = "failed: " + failure->text;
+    if (std::holds_alternative<NoMemoryMessage>(*message)) wrong = kHadNoMemory;
   }
   if (InterruptCount() > 0 || wrong.empty()) return true;
   terminal_.PrintError(fmt::format("when it was ended, the extension {} {}", name_, wrong));

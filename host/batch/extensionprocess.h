@@ -50,8 +50,9 @@ class ExtensionProcess {
   // " in BrevixExtensionInvoke", or nothing.
   std::string WhereaboutsOf(std::size_t slot) const { return Describe(whereabouts_[slot]); }
 
-  // The process has ended by itself: kills what is left, and reports how it ended. No worker can be started any more.
-  void Lose();
+  // The process has ended by itself, or has no memory to go on: kills what is left, and reports how it ended. No worker
+  // can be started any more.
+  void Lose(bool hasMemory);
   bool IsLost() const { return isLost_; }
 
   // Ends the extension, and reports it if that goes wrong. Returns whether all went well.

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <exception>
 #include <iterator>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
@@ -21,6 +22,7 @@
 #include "host/process/memorylimit.h"
 #include "host/services/documentimage.h"
 #include "host/text/inputerror.h"
+#include "host/text/reason.h"
 
 namespace brvhost {
 namespace {
@@ -70,7 +72,7 @@ class Keeper {
     } catch (const OutputError& error) {
       return FailureMessage{error.what()};
     } catch (const std::exception& error) {
-      return FailureMessage{job_.score + ": " + error.what()};
+      return FailureMessage{job_.score + ": " + ReasonOf(error)};
     }
   }
 
@@ -138,6 +140,9 @@ class Keeper {
       if (auto* const failure = std::get_if<FailureMessage>(&*message)) {
         return FailureMessage{OfExtension(failure->text)};
       }
+      if (std::holds_alternative<NoMemoryMessage>(*message)) {
+        return FailureMessage{OfExtension(fmt::format("failed: {}; nothing was written", kNoMemory))};
+      }
       if (!PassOn(*message)) return FailureMessage{OfExtension("garbled its messages; nothing was written")};
     }
     return std::nullopt;
@@ -187,15 +192,23 @@ class Keeper {
   bool isAsking_ = false;  // the user is to answer a question
 };
 
-}  // namespace
-
-void RunKeeper(const std::vector<Job>& jobs, const JobSettings& settings, Channel& supervisor) {
+void DoJobs(const std::vector<Job>& jobs, const JobSettings& settings, Channel& supervisor) {
   while (const auto message = supervisor.Receive()) {
     const auto* const next = std::get_if<JobMessage>(&*message);
     if (next == nullptr) continue;  // too late for the last job
     Channel worker(supervisor.TakeDescriptor());
     const Message end = Keeper(jobs[next->job], settings, supervisor, std::move(worker)).Run();
     supervisor.Send(end);
+  }
+}
+
+}  // namespace
+
+void RunKeeper(const std::vector<Job>& jobs, const JobSettings& settings, Channel& supervisor) {
+  try {
+    DoJobs(jobs, settings, supervisor);
+  } catch (const std::bad_alloc&) {
+    supervisor.Send(NoMemoryMessage{});
   }
 }
 

@@ -12,6 +12,7 @@
 #include <exception>
 #include <initializer_list>
 #include <memory>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -26,6 +27,8 @@
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
 #include "host/process/kinship.h"
+#include "host/process/memoryshortage.h"
+#include "host/text/reason.h"
 
 namespace brvhost {
 namespace {
@@ -123,9 +126,12 @@ class Loader {
 // Null where there is nothing to serve, or the extension has closed the line.
 std::unique_ptr<Extension> Load(const std::string& path, const Channel& supervisor) {
   try {
-    auto extension = std::make_unique<Extension>(path);
-    const Offer offer{extension->Items(), extension->MenuStatus() != 0};
-    if (supervisor.Send(OfferMessage{EncodeOffer(offer)})) return extension;
+    auto [extension, offer] = WithEnoughMemory([&path] {
+      auto loaded = std::make_unique<Extension>(path);
+      const Offer offered{loaded->Items(), loaded->MenuStatus() != 0};
+      return std::pair(std::move(loaded), EncodeOffer(offered));
+    });
+    if (supervisor.Send(OfferMessage{std::move(offer)})) return std::move(extension);
   } catch (const BundleError& error) {
     supervisor.Send(BadBundleMessage{error.what()});
   } catch (const ThrownByExtension& exception) {
@@ -145,21 +151,30 @@ std::unique_ptr<Extension> Load(const std::string& path, const Channel& supervis
   std::exit(kDone);
 }
 
-}  // namespace
-
-int RunLoader(const JobSettings& settings, Channel supervisor, const SharedWhereabouts& whereabouts,
-              std::size_t ownPlace) {
-  ReportWhereaboutsTo(whereabouts[ownPlace]);
+int LoadAndServe(const JobSettings& settings, Channel& supervisor, const SharedWhereabouts& whereabouts) {
   try {
     if (settings.confine) Confine();
   } catch (const std::exception& error) {
-    supervisor.Send(FailureMessage{error.what()});
+    supervisor.Send(FailureMessage{ReasonOf(error)});
     return kFailed;
   }
   const auto extension = Load(settings.bundle, supervisor);
   if (extension == nullptr) return kBadBundle;
   Loader(*extension, settings, supervisor, whereabouts).Serve();
   End(*extension, supervisor);
+}
+
+}  // namespace
+
+int RunLoader(const JobSettings& settings, Channel supervisor, const SharedWhereabouts& whereabouts,
+              std::size_t ownPlace) {
+  ReportWhereaboutsTo(whereabouts[ownPlace]);
+  try {
+    return LoadAndServe(settings, supervisor, whereabouts);
+  } catch (const std::bad_alloc&) {
+    supervisor.Send(NoMemoryMessage{});
+    return kFailed;
+  }
 }
 
 }  // namespace brvhost

@@ -67,6 +67,9 @@ struct DoneMessage {
 };
 struct LostMessage {};
 
+// From a keeper, a worker or the loader: it has no memory to go on, not even for another message.
+struct NoMemoryMessage {};
+
 // From the supervisor to a keeper: the number of its next job, with the worker's end of the line; that the worker's
 // process has ended.
 struct JobMessage {
@@ -105,9 +108,9 @@ using Message =
     std::variant<AlertMessage, QuestionMessage, ProgressMessage, ProgressEndMessage, AnswerMessage, DocumentMessage,
                  ResultMessage, WarningMessage, BadInputMessage, FailureMessage, DoneMessage, LostMessage, JobMessage,
                  WorkerEndedMessage, HandedOutMessage, HandedBackMessage, OfferMessage, BadBundleMessage, EndedMessage,
-                 StartMessage, InterruptMessage, EndMessage>;
+                 StartMessage, InterruptMessage, EndMessage, NoMemoryMessage>;
 
-// The bytes of a message, for a process on the same machine.
+// The bytes of a message, for a process on the same machine. A message without content needs no memory.
 std::string Encode(const Message& message);
 
 // The number of bytes of the first message in `bytes`, as far as it is known yet.

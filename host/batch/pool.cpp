@@ -21,6 +21,7 @@
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
 #include "host/process/kinship.h"
+#include "host/text/reason.h"
 
 namespace brvhost {
 namespace {
@@ -169,8 +170,9 @@ void Pool::HearKeeper(std::size_t slot) {
 }
 
 void Pool::HearExtension() {
-  if (!extension_.Messages().Fill()) return LoseExtension();
+  if (!extension_.Messages().Fill()) return LoseExtension(true);
   while (const auto message = extension_.Messages().Next()) {
+    if (std::holds_alternative<NoMemoryMessage>(*message)) return LoseExtension(false);
     const auto* const ended = std::get_if<EndedMessage>(&*message);
     if (ended == nullptr) continue;
     if (Busy() <= 1) extension_.KillOrphans();  // they may be helpers of the other workers'
@@ -188,8 +190,8 @@ void Pool::HearExtension() {
 }
 
 // The workers end with their loader, and no other can be started.
-void Pool::LoseExtension() {
-  extension_.Lose();
+void Pool::LoseExtension(bool hasMemory) {
+  extension_.Lose(hasMemory);
   for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
     auto& work = slots_[slot].work;
     if (!work) continue;
@@ -271,6 +273,12 @@ void Pool::Handle(std::size_t slot, const FailureMessage& message) {
   ShowOutput(slot);
   results_.ReportFailure(message.text);
   Refuse(slot);
+}
+
+void Pool::Handle(std::size_t slot, const NoMemoryMessage&) {
+  extension_.End(slots_[slot].work->job, false);
+  KillKeeper(slot);
+  Fail(slot, fmt::format("{}; the score is as it was, or done", kNoMemory));
 }
 
 void Pool::Refuse(std::size_t slot) {

@@ -47,7 +47,7 @@ class Pool {
   void Hear(const std::vector<pollfd>& waiting);
   void HearKeeper(std::size_t slot);
   void HearExtension();
-  void LoseExtension();
+  void LoseExtension(bool hasMemory);
   void LookAtTime();
   void PassInterruptsOn();
   void KillKeeper(std::size_t slot);
@@ -65,6 +65,7 @@ class Pool {
   void Handle(std::size_t slot, const FailureMessage& message);
   void Handle(std::size_t slot, const DoneMessage& message);
   void Handle(std::size_t slot, const LostMessage& message);
+  void Handle(std::size_t slot, const NoMemoryMessage& message);
 
   // Ends the work of a worker that may still wait, or go on.
   void Refuse(std::size_t slot);

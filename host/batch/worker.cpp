@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <new>
 #include <optional>
 #include <variant>
 
@@ -12,9 +13,11 @@
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
 #include "host/process/memorylimit.h"
+#include "host/process/memoryshortage.h"
 #include "host/services/document.h"
 #include "host/services/documentimage.h"
 #include "host/services/session.h"
+#include "host/text/reason.h"
 
 namespace brvhost {
 namespace {
@@ -57,22 +60,31 @@ Message Run(std::string_view document, const JobSettings& settings, const Extens
     const MemoryLimit limit(settings.maxMemory.value_or(DefaultMemory(document.size())), 1);
     return limit.During([&] {
       DocumentImage image = ReadImage(document);
-      return RunToTheEnd(image, settings, extension, channel);
+      return WithEnoughMemory([&] { return RunToTheEnd(image, settings, extension, channel); });
     });
   } catch (const std::exception& error) {
-    return FailureMessage{fmt::format("failed: {}; nothing was written", error.what())};
+    return FailureMessage{fmt::format("failed: {}; nothing was written", ReasonOf(error))};
   }
+}
+
+int Work(const Extension& extension, const JobSettings& settings, Channel& channel) {
+  const auto first = channel.Receive();
+  if (!first || !std::holds_alternative<DocumentMessage>(*first)) return kFailed;  // the score cannot be used
+  const Message result = Run(std::get<DocumentMessage>(*first).text, settings, extension, channel);
+  std::fflush(nullptr);  // what the extension printed is there before the result
+  return channel.Send(result) ? kDone : kFailed;
 }
 
 }  // namespace
 
 int RunWorker(const Extension& extension, const JobSettings& settings, Channel channel) {
   PressCancelKeysOnInterrupt();
-  const auto first = channel.Receive();
-  if (!first || !std::holds_alternative<DocumentMessage>(*first)) return kFailed;  // the score cannot be used
-  const Message result = Run(std::get<DocumentMessage>(*first).text, settings, extension, channel);
-  std::fflush(nullptr);  // what the extension printed is there before the result
-  return channel.Send(result) ? kDone : kFailed;
+  try {
+    return Work(extension, settings, channel);
+  } catch (const std::bad_alloc&) {
+    channel.Send(NoMemoryMessage{});
+    return kFailed;
+  }
 }
 
 }  // namespace brvhost

@@ -7,7 +7,9 @@
 
 #include <cerrno>
 #include <cstddef>
+#include <new>
 #include <random>
+#include <string_view>
 #include <system_error>
 
 #include "host/process/child.h"
@@ -15,7 +17,9 @@
 #include "host/process/descriptor.h"
 #include "host/process/guardedchild.h"
 #include "host/process/interrupt.h"
+#include "host/process/memoryshortage.h"
 #include "host/process/whereabouts.h"
+#include "host/text/reason.h"
 
 namespace brvhost {
 namespace {
@@ -32,15 +36,24 @@ void Silence() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nowhere.Get(), stream);
 }
 
+void WriteAll(int descriptor, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t count = write(descriptor, text.data(), text.size());
+    if (count < 0) return;
+    text.remove_prefix(static_cast<std::size_t>(count));
+  }
+}
+
 int Work(const std::function<std::string()>& work, int descriptor, const std::string& mark, Whereabouts& whereabouts) {
   Silence();
   ReportWhereaboutsTo(whereabouts);
-  const std::string text = work().substr(0, kMaxText) + mark;
-  for (std::size_t written = 0; written < text.size();) {
-    const ssize_t count = write(descriptor, text.data() + written, text.size() - written);
-    if (count < 0) break;
-    written += static_cast<std::size_t>(count);
+  try {
+    const std::string text = WithEnoughMemory(work);
+    WriteAll(descriptor, std::string_view(text).substr(0, kMaxText));
+  } catch (const std::bad_alloc&) {
+    WriteAll(descriptor, kNoMemory);
   }
+  WriteAll(descriptor, mark);
   return 0;
 }
 

@@ -12,6 +12,7 @@
 #include "host/process/exitstatus.h"
 #include "host/process/streams.h"
 #include "host/text/printable.h"
+#include "host/text/reason.h"
 
 namespace brvhost {
 namespace {
@@ -22,7 +23,7 @@ std::string TryConfinement() {
     Confine();
     return "";
   } catch (const std::exception& error) {
-    return error.what();
+    return ReasonOf(error);
   }
 }
 

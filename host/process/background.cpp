@@ -1,6 +1,7 @@
 #include "host/process/background.h"
 
 #include <atomic>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -18,6 +19,9 @@ void RunInBackground(std::function<void()> work) {
       work();
       --running;
     }).detach();
+  } catch (const std::system_error& error) {
+    --running;
+    throw std::system_error(error.code(), "thread");
   } catch (...) {
     --running;
     throw;

@@ -7,7 +7,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <initializer_list>
@@ -95,16 +94,16 @@ class Guard {
   }
 
   void KillOrphans() const {
-    for (const pid_t orphan : Children()) {
+    ForEachChild([this](pid_t orphan) {
       if (orphan != child_) kill(orphan, SIGKILL);
-    }
+    });
   }
 
   // Whatever a killed process leaves becomes a child, until there is none.
   void KillAll() const {
     kill(-child_, SIGKILL);
     do {
-      for (const pid_t child : Children()) kill(child, SIGKILL);
+      ForEachChild([](pid_t child) { kill(child, SIGKILL); });
     } while (waitpid(-1, nullptr, 0) > 0 || errno == EINTR);
   }
 
@@ -116,14 +115,16 @@ class Guard {
 
 // Kills what a lost guard has left to this process. All of it is in other sessions than this process's own children.
 void KillAdopted() {
-  const auto isForeign = [](pid_t child) { return getsid(child) != getsid(0); };
-  for (auto children = Children(); std::ranges::any_of(children, isForeign); children = Children()) {
-    for (const pid_t child : children) {
-      if (!isForeign(child)) continue;
+  bool areLeft;
+  do {
+    areLeft = false;
+    ForEachChild([&areLeft](pid_t child) {
+      if (getsid(child) == getsid(0)) return;
+      areLeft = true;  // what it leaves, for the next time
       kill(child, SIGKILL);
       WaitForChild(child);
-    }
-  }
+    });
+  } while (areLeft);
 }
 
 }  // namespace

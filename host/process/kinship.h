@@ -3,7 +3,7 @@
 
 #include <sys/types.h>
 
-#include <vector>
+#include <functional>
 
 namespace brvhost {
 
@@ -15,7 +15,8 @@ void DieWithParent(pid_t parent);
 // that.
 void AdoptOrphans();
 
-// The children of this thread, adopted ones included, where the system can list them.
-std::vector<pid_t> Children();
+// Does the work for each child of this thread, adopted ones included, where the system can list them. One may be passed
+// over while others end. Needs no memory.
+void ForEachChild(const std::function<void(pid_t)>& work);
 
 }  // namespace brvhost

@@ -1,11 +1,15 @@
 #include "host/process/kinship.h"
 
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <unistd.h>
 
 #include <csignal>
-#include <fstream>
+#include <cstddef>
+#include <string_view>
+#include <utility>
 
+#include "host/process/descriptor.h"
 #include "host/process/exitstatus.h"
 
 namespace brvhost {
@@ -17,11 +21,19 @@ void DieWithParent(pid_t parent) {
 
 void AdoptOrphans() { prctl(PR_SET_CHILD_SUBREAPER, 1); }
 
-std::vector<pid_t> Children() {
-  std::ifstream list("/proc/thread-self/children");
-  std::vector<pid_t> children;
-  for (pid_t child; list >> child;) children.push_back(child);
-  return children;
+void ForEachChild(const std::function<void(pid_t)>& work) {
+  const Descriptor list(open("/proc/thread-self/children", O_RDONLY | O_CLOEXEC));
+  char buffer[512];
+  pid_t child = 0;
+  for (ssize_t count; (count = read(list.Get(), buffer, sizeof(buffer))) > 0;) {
+    for (const char digit : std::string_view(buffer, static_cast<std::size_t>(count))) {
+      if (digit != ' ') {
+        child = child * 10 + (digit - '0');
+      } else {  // it follows each number
+        work(std::exchange(child, 0));
+      }
+    }
+  }
 }
 
 }  // namespace brvhost

@@ -8,6 +8,6 @@ void DieWithParent(pid_t) {}
 
 void AdoptOrphans() {}
 
-std::vector<pid_t> Children() { return {}; }
+void ForEachChild(const std::function<void(pid_t)>&) {}
 
 }  // namespace brvhost

@@ -75,7 +75,7 @@ void Terminal::SetBar(std::int64_t done, std::int64_t total) {
 
 void Terminal::ClearBar() {
   if (bar_.empty()) return;
-  Print(stderr, "\r{}\r", std::string(bar_.size(), ' '));
+  std::fprintf(stderr, "\r%*s\r", static_cast<int>(bar_.size()), "");  // which needs no memory
   bar_.clear();
 }
 

@@ -51,6 +51,7 @@ struct Describe {
   std::string operator()(const EndMessage& message) const {
     return "end " + std::to_string(message.job) + (message.atOnce != 0 ? " at once" : "");
   }
+  std::string operator()(const NoMemoryMessage&) const { return "no memory"; }
 };
 
 // One of each kind, in their order.
@@ -76,7 +77,8 @@ std::vector<Message> AllMessages() {
           EndedMessage{3, -1},
           StartMessage{4, 2},
           InterruptMessage{},
-          EndMessage{5, 1}};
+          EndMessage{5, 1},
+          NoMemoryMessage{}};
 }
 
 const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger lines\n", 24),
@@ -100,7 +102,8 @@ const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger 
                                                 "ended 3 with -1",
                                                 "start 4 in 2",
                                                 "interrupt",
-                                                "end 5 at once"};
+                                                "end 5 at once",
+                                                "no memory"};
 
 TEST(Messages, AreAllOfTheseKinds) {
   const auto messages = AllMessages();
