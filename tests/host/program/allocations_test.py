@@ -1,0 +1,149 @@
+"""What is left of a run, and what it reports, when one of its allocations fails, or all from one on."""
+
+import os
+import re
+import struct
+import subprocess
+import unittest
+import zipfile
+
+from brvhost import Case, HIDDEN_NOTE, HIDE, LEGER_LINES, PROGRAM, SANITIZED, score
+
+ALLOCATIONS = os.environ["BRV_FAILING_ALLOCATIONS"]
+# Each allocation of all processes takes minutes; otherwise some of those are left out of which there are many.
+ALL = os.environ.get("BRV_ALL_FAULTS") == "1"
+
+FOREVER = 1 << 60
+SUPERVISOR, KEEPER, GUARD, LOADER, WORKER = "0", "0t", "0.1", "0.1.1", "0.1.1.1"
+KEEPER_PROCESS = "0.2"  # of several scores
+
+NO_MEMORY = r"brvhost: (.*: )?(there is not enough memory|needs more than 1 GB of memory; --max-memory allows more)"
+# The library that opens archives takes some lacks of memory for a broken archive.
+BROKEN_ARCHIVE = r"|brvhost: .*mxl: not a readable \.mxl archive: Not a zip archive"
+REPORTS = {
+    SUPERVISOR: NO_MEMORY + r"|brvhost: (thread: Resource temporarily unavailable|.*: Cannot allocate memory)" +
+                BROKEN_ARCHIVE,
+    KEEPER: NO_MEMORY + "(; the score is as it was, or done)?" + BROKEN_ARCHIVE,
+    KEEPER_PROCESS: NO_MEMORY + "(; the score is as it was, or done)?",
+    GUARD: "brvhost: .*: while it was loaded, its code lost its guard, and was killed",
+    # The library that reads property lists, and the extension itself, end the process.
+    LOADER: NO_MEMORY + r" to load it|brvhost: between the scores, the extension LegerLines had not enough memory"
+            r"|brvhost: .*: (while it was loaded, its code crashed|its code does not load|.* is gone; nothing was written)"
+            r".*|LegerLines: .*",
+    WORKER: r"brvhost: .*: the extension LegerLines failed: " + NO_MEMORY.removeprefix("brvhost: ") + "; nothing was written",
+}
+
+
+@unittest.skipIf(SANITIZED, "the sanitizer has its own memory, and ends the program when it runs out")
+class Allocations(Case):
+    def setUp(self):
+        super().setUp()
+        self.score = self.write("score.musicxml", score())
+        self.hidden = score(HIDDEN_NOTE).encode()
+        counter = self.write("counter", bytes(8))
+        self.counter = open(counter, "rb", buffering=0)
+        self.addCleanup(self.counter.close)
+        counter.unlink()
+        self.environment = {**os.environ, "LANGUAGE": "en", "LD_PRELOAD": ALLOCATIONS,
+                            "COUNTED_IN": f"/proc/{os.getpid()}/fd/{self.counter.fileno()}"}
+
+    def run_failing(self, command, thread, first, last):
+        """The finished process, and how many allocations that thread asked for."""
+        variables = {"FAILING_THREAD": thread, "FAILING_FROM": str(first), "FAILING_TO": str(last)}
+        process = subprocess.run([PROGRAM, *map(str, command)], stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                                 timeout=60, env={**self.environment, **variables})
+        return process, struct.unpack("q", os.pread(self.counter.fileno(), 8, 0))[0]
+
+    def files(self):
+        return {path.name: path.read_bytes() for path in self.folder.rglob("*") if path.is_file()}
+
+    def restore(self, files):
+        for path in self.folder.rglob("*"):
+            if path.is_file() and path.name not in files:
+                path.unlink()
+        for name, content in files.items():
+            if (self.folder / name).read_bytes() != content:
+                (self.folder / name).write_bytes(content)
+
+    def survives(self, thread, *command, stride=1):
+        """Lets allocations of the thread fail, alone and with all that follow."""
+        before = self.files()
+        good, count = self.run_failing(command, thread, 0, 0)
+        self.succeeds(good)
+        after = self.files()
+        self.assertGreater(count, 0, "there is no such thread")
+        for first in range(1, count + 1, 1 if ALL else stride):
+            for last in (first, FOREVER):
+                self.restore(before)
+                with self.subTest(thread=thread, first=first, last=last, command=command):
+                    process, _ = self.run_failing(command, thread, first, last)
+                    if process.returncode == 0:
+                        self.assertEqual((process.stdout, process.stderr), (good.stdout, good.stderr))
+                        self.assertEqual(self.files(), after)
+                    else:
+                        self.fails_well(process, thread)
+                        self.are_whole(self.files(), before, after)
+        self.restore(before)
+
+    def fails_well(self, process, thread):
+        self.assertIn(process.returncode, (1, 2, 3))
+        lines = process.stderr.splitlines()
+        for line in lines:
+            self.assertIsNotNone(re.fullmatch(REPORTS[thread], line), line)
+        self.assertIn(len(lines), (1, 2) if thread == LOADER else (1,), process.stderr)
+
+    def are_whole(self, files, before, after):
+        self.assertLessEqual(set(files), set(after))
+        for name, content in files.items():
+            self.assertIn(content, (before.get(name), after[name]), name)
+
+    def hide(self, *arguments):
+        return "run", LEGER_LINES, "--item", HIDE, "--all", *arguments
+
+    def test_of_each_process_leave_a_new_result_whole(self):
+        command = self.hide(self.score, "-o", self.folder / "out.musicxml")
+        for thread, stride in ((SUPERVISOR, 31), (KEEPER, 1), (GUARD, 1), (LOADER, 5), (WORKER, 1)):
+            self.survives(thread, *command, stride=stride)
+
+    def test_leave_the_result_that_was_there_whole(self):
+        out = self.write("out.musicxml", "old")
+        self.survives(KEEPER, *self.hide(self.score, "-o", out))
+
+    def test_leave_the_score_itself_whole(self):
+        self.survives(KEEPER, *self.hide("--in-place", self.score))
+
+    def archive(self):
+        path = self.folder / "score.mxl"
+        with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
+            archive.writestr("META-INF/container.xml",
+                             '<container><rootfiles><rootfile full-path="x.xml"/></rootfiles></container>')
+            archive.writestr("x.xml", score())
+        return path
+
+    def test_leave_an_archive_whole(self):
+        self.survives(KEEPER, *self.hide("--in-place", self.archive()))
+
+    def test_leave_no_temporary_folder_of_a_check(self):
+        self.environment["TMPDIR"] = str(self.folder)
+        before = sorted(self.folder.iterdir())
+        _, count = self.run_failing(("check", LEGER_LINES), SUPERVISOR, 0, 0)
+        for first in range(count - 700, count + 1, 1 if ALL else 31):
+            with self.subTest(first=first):
+                self.run_failing(("check", LEGER_LINES), SUPERVISOR, first, FOREVER)
+                self.assertEqual(sorted(self.folder.iterdir()), before)
+
+    def test_leave_each_of_several_results_whole(self):
+        other = self.write("other.musicxml", score())
+        command = self.hide("--jobs", 1, self.score, other, "--out-dir", self.folder / "out")
+        self.survives(KEEPER_PROCESS, *command, stride=3)
+
+    def test_of_other_commands_are_reported(self):
+        for command, stride in ((("info", self.score), 37), (("info", self.archive()), 37), (("items", LEGER_LINES), 97)):
+            self.survives(SUPERVISOR, *command, stride=stride)
+
+    def test_of_a_check_are_reported(self):
+        self.survives(SUPERVISOR, "check", LEGER_LINES, stride=199)
+
+
+if __name__ == "__main__":
+    unittest.main()
