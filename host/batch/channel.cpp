@@ -8,6 +8,7 @@
 #include <cstring>
 #include <span>
 #include <string_view>
+#include <system_error>
 
 #include "host/process/socketpair.h"
 
@@ -49,16 +50,27 @@ ssize_t SendSome(int socket, std::string_view bytes, std::span<const int> descri
 
 }  // namespace
 
-Channel::Channel(Descriptor socket) : socket_(std::move(socket)), identity_(IdentityOf(socket_.Get())) {}
+Channel::Channel(Descriptor socket) : socket_(std::move(socket)), identity_(IdentityOf(socket_.Get())) {
+  if (identity_ == 0) socket_ = {};
+}
+
+// The other process may wait for what does not come: it finds the end instead, and ends itself.
+void Channel::GiveUp() const { shutdown(socket_.Get(), SHUT_WR); }
 
 bool Channel::Send(const Message& message, std::initializer_list<int> descriptors) const {
-  if (IdentityOf(socket_.Get()) != identity_) return false;
+  if (const ino_t identity = IdentityOf(socket_.Get()); identity != identity_) {
+    if (identity == 0) GiveUp();
+    return false;
+  }
   const std::string encoded = Encode(message);
   std::span<const int> unsent(descriptors.begin(), descriptors.size());
   for (std::string_view rest = encoded; !rest.empty();) {
     const ssize_t count = SendSome(socket_.Get(), rest, unsent);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return false;
+    if (count < 0) {
+      GiveUp();
+      return false;
+    }
     rest.remove_prefix(static_cast<std::size_t>(count));
     unsent = {};
   }
@@ -95,6 +107,7 @@ bool Channel::Fill() {
   const std::size_t before = arrived_.size();
   arrived_.resize(before + kReadSize);
   const ssize_t count = ReadSome(std::span(arrived_).subspan(before));
+  if (count < 0) GiveUp();
   arrived_.resize(before + static_cast<std::size_t>(count > 0 ? count : 0));
   if (!maxSize_) return count > 0;
   descriptors_.clear();
@@ -134,6 +147,7 @@ std::pair<Channel, Channel> ConnectedChannels() {
   std::pair<Descriptor, Descriptor> ends = SocketPair();
   Channel here(std::move(ends.first));
   Channel there(std::move(ends.second));
+  if (here.Get() < 0 || there.Get() < 0) throw std::system_error(errno, std::generic_category(), "fstat");
   return {std::move(here), std::move(there)};
 }
 

@@ -24,7 +24,8 @@ class Channel {
   int Get() const { return socket_.Get(); }
 
   // Sends a message, and with it descriptors, which the caller may close then. False when it did not get through: the
-  // other process is gone, or the descriptor is no longer this line, because an extension closed or replaced it.
+  // other process is gone or finds the end of the line now, or the descriptor is no longer this line, because an
+  // extension closed or replaced it.
   bool Send(const Message& message, std::initializer_list<int> descriptors = {}) const;
 
   // For a line to a process that runs foreign code: descriptors that it sends are closed, and a message of more than
@@ -46,6 +47,7 @@ class Channel {
 
  private:
   ssize_t ReadSome(std::span<char> buffer);
+  void GiveUp() const;
 
   Descriptor socket_;
   ino_t identity_ = 0;

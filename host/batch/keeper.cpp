@@ -121,7 +121,7 @@ class Keeper {
     const std::string image = ImageOf(score, RegionOf(settings_.region, score));
     worker_.Distrust(score.entries.size() + kMaxText);
     supervisor_.Send(HandedOutMessage{});
-    if (!worker_.Send(DocumentMessage{image})) return LostMessage{};
+    worker_.Send(DocumentMessage{image});  // a worker that is gone may have left a message
     for (;;) {
       pollfd waiting[] = {{worker_.Get(), POLLIN, 0}, {supervisor_.Get(), POLLIN, 0}};
       if (poll(waiting, std::size(waiting), -1) <= 0) continue;

@@ -159,10 +159,11 @@ void Pool::Hear(const std::vector<pollfd>& waiting) {
 void Pool::HearKeeper(std::size_t slot) {
   KeeperProcess& keeper = slots_[slot];
   if (!keeper.channel.Fill()) {
-    const int status = WaitForChild(std::exchange(keeper.process, 0));
     keeper.channel = {};
+    const pid_t process = std::exchange(keeper.process, 0);
+    const std::string how = process == 0 ? "closed the connection" : "crashed: " + EndingOf(WaitForChild(process));
     if (keeper.work->isLate) return FinishLost(slot);
-    return Fail(slot, "brvhost's own process crashed: " + EndingOf(status) + "; the score is as it was, or done");
+    return Fail(slot, "brvhost's own process " + how + "; the score is as it was, or done");
   }
   while (const auto message = keeper.work ? keeper.channel.Next() : std::nullopt) {
     std::visit([this, slot](const auto& body) { Handle(slot, body); }, *message);

@@ -5,15 +5,17 @@
 
 #include <cstddef>
 #include <fstream>
-#include <iterator>
 #include <sstream>
+#include <utility>
 
 namespace brvhost {
 namespace {
 
 std::string ContentOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(file), {});
+  const std::ifstream file(path, std::ios::binary);
+  std::ostringstream content;
+  content << file.rdbuf();  // which takes a file that cannot be read for an empty one
+  return std::move(content).str();
 }
 
 }  // namespace
