@@ -1,0 +1,161 @@
+"""What is left of a run, and what it reports, when one of its calls of the system fails, or one of its processes is killed
+before or after such a call. Calls that are made before main, by the dynamic loader, are left out."""
+
+import errno
+import os
+import re
+import subprocess
+import tempfile
+import unittest
+import zipfile
+
+from brvhost import Case, HIDDEN_NOTE, HIDE, LEGER_LINES, PROGRAM, SANITIZED, score
+
+FAILING_CALL = os.environ["BRV_FAILING_CALL"]
+# Every call takes minutes; otherwise only the first ones of a process that have the same name are taken, and the last.
+ALL = os.environ.get("BRV_ALL_FAULTS") == "1"
+FIRST = 2
+
+NOT_PERMITTED = 125
+KILLED = 128 + 9
+SUPERVISOR, KEEPER, LOADER = "0", "0t", "0.1.1"
+
+# What each call can fail with. One that is not here cannot fail where brvhost makes it.
+ERRORS = {
+    "access": "EACCES", "clone": "EAGAIN ENOMEM", "clone3": "EAGAIN", "close": "EIO", "close_range": "ENOSYS",
+    "dup2": "EINTR", "fchmod": "EPERM", "fgetxattr": "EIO ENOTSUP", "flistxattr": "EIO ENOTSUP",
+    "flock": "ENOLCK EINTR EWOULDBLOCK", "fremovexattr": "EPERM", "fsync": "EIO ENOSPC", "getcwd": "ENOENT",
+    "getdents64": "EIO", "getrandom": "ENOSYS", "kill": "EPERM", "linkat": "EPERM ENOSPC EEXIST ENOENT", "madvise": "EINVAL",
+    "mmap": "ENOMEM", "mprotect": "ENOMEM", "munmap": "ENOMEM", "newfstatat": "EIO EACCES", "openat": "EMFILE EACCES EIO",
+    "pipe2": "EMFILE", "poll": "EINTR ENOMEM", "prctl": "EINVAL", "prlimit64": "EPERM", "pselect6": "EINTR ENOMEM",
+    "read": "EIO EINTR", "readlink": "EACCES", "recvmsg": "EINTR ENOMEM", "rename": "EACCES EIO",
+    "sendmsg": "EPIPE ENOBUFS EINTR", "sendto": "EPIPE ENOBUFS", "setsid": "EPERM", "socketpair": "EMFILE",
+    "sync_file_range": "EIO", "write": "ENOSPC EIO EINTR"}
+
+# Beside brvhost's own message, the kit's, whose assertion ends an extension that cannot read its own bundle; and one for
+# the score where the whole run ends with its extension.
+BESIDE = (r"LegerLines: .*Assertion `bundleRef != NULL' failed\.|brvhost: between the scores, the extension LegerLines .*"
+          r"|brvhost: when it was ended, the extension LegerLines .*")
+
+
+def can_trace():
+    command = [FAILING_CALL, os.devnull, "0", "none", "0", "0", PROGRAM, "--version"]
+    return subprocess.run(command, capture_output=True).returncode != NOT_PERMITTED
+
+
+@unittest.skipIf(SANITIZED, "what looks for leaks cannot be traced")
+@unittest.skipUnless(can_trace(), "the system does not let one process trace another")
+class SystemCalls(Case):
+    def setUp(self):
+        super().setUp()
+        self.score = self.write("score.musicxml", score())
+        self.out = self.folder / "out.musicxml"
+        self.calls = tempfile.NamedTemporaryFile("r")
+        self.addCleanup(self.calls.close)
+
+    def trace(self, command, process="0", call="none", number=0, action=0):
+        """The finished process, and the calls of the run: their process, their name and their number."""
+        finished = subprocess.run([FAILING_CALL, self.calls.name, process, call, str(number), str(action), PROGRAM,
+                                   *map(str, command)], stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                                  timeout=30, env={**os.environ, "LANGUAGE": "en"})
+        self.calls.seek(0)
+        return finished, [line.split() for line in self.calls]
+
+    def files(self):
+        return {path.name: path.read_bytes() for path in self.folder.iterdir()}
+
+    def restore(self, files):
+        for path in self.folder.iterdir():
+            path.unlink()
+        for name, content in files.items():
+            (self.folder / name).write_bytes(content)
+
+    def chosen(self, calls):
+        """All calls, or those that stand for the others."""
+        last = {(process, call): int(number) for process, call, number in calls}
+        return [(process, call, int(number)) for process, call, number in calls
+                if ALL or int(number) <= FIRST or int(number) == last[process, call]]
+
+    def survives(self, processes, *command):
+        before = self.files()
+        good, calls = self.trace(command)
+        self.succeeds(good)
+        after = self.files()
+        for process, call, number in self.chosen(calls):
+            if process not in processes:
+                continue
+            for name in ERRORS.get(call, "").split():
+                with self.subTest(process=process, call=call, number=number, error=name):
+                    self.restore(before)
+                    run, _ = self.trace(command, process, call, number, getattr(errno, name))
+                    self.is_right(run, good, before, after)
+        self.restore(before)
+
+    def is_right(self, run, good, before, after):
+        files = self.files()
+        if run.returncode == 0:
+            self.assertEqual((run.stdout, run.stderr, files), (good.stdout, good.stderr, after))
+            return
+        self.assertIn(run.returncode, (1, 2, 3))
+        messages = [line for line in run.stderr.splitlines() if not re.fullmatch(BESIDE, line)]
+        self.assertLessEqual(len(messages), 1, run.stderr)
+        self.assertRegex(run.stderr, "(^|\n)brvhost: [^\n]+\n$")
+        self.assertNotRegex(run.stderr, r"std::|basic_|terminate")
+        self.assertIn(files, (before, after))
+
+    def is_killed_well(self, processes, *command):
+        before = self.files()
+        good, calls = self.trace(command)
+        self.succeeds(good)
+        after = self.files()
+        for process, call, number in self.chosen(calls):
+            if process not in processes:
+                continue
+            for moment in ("before", "after"):
+                with self.subTest(process=process, call=call, number=number, moment=moment):
+                    self.restore(before)
+                    run, _ = self.trace(command, process, call, number, moment)
+                    self.assertIn(run.returncode, (0, 1, 3, KILLED))
+                    files = self.files()
+                    for name, content in after.items():
+                        self.assertIn(files.get(name), (before.get(name), content))
+                    self.succeeds(subprocess.run([PROGRAM, *map(str, command)], capture_output=True, text=True, timeout=60))
+                    self.assertEqual(self.files(), after)
+        self.restore(before)
+
+    def hide(self, *arguments):
+        return "run", LEGER_LINES, "--item", HIDE, "--all", *arguments
+
+    def archive(self):
+        path = self.folder / "score.mxl"
+        with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
+            archive.writestr("META-INF/container.xml",
+                             '<container><rootfiles><rootfile full-path="x.xml"/></rootfiles></container>')
+            archive.writestr("x.xml", score())
+        return path
+
+    def test_that_fail_leave_a_new_result_whole(self):
+        self.survives((SUPERVISOR, KEEPER, "0.1", LOADER, "0.1.1.1"), *self.hide(self.score, "-o", self.out))
+
+    def test_that_fail_leave_the_score_itself_whole(self):
+        self.survives((KEEPER,), *self.hide("--in-place", self.score))
+
+    def test_that_fail_leave_an_archive_whole(self):
+        self.survives((KEEPER,), *self.hide("--in-place", self.archive()))
+
+    def test_that_fail_leave_the_result_that_was_there_whole(self):
+        self.out.write_text("old")
+        self.survives((KEEPER,), *self.hide(self.score, "-o", self.out))
+
+    def test_that_fail_are_reported_by_other_commands(self):
+        self.survives((SUPERVISOR,), "info", self.score)
+
+    def test_at_which_it_is_killed_leave_the_score_whole(self):
+        self.is_killed_well((SUPERVISOR, KEEPER, "0.1", LOADER, "0.1.1.1"), *self.hide("--in-place", self.score))
+
+    def test_at_which_it_is_killed_leave_a_new_result_whole(self):
+        self.is_killed_well((KEEPER,), *self.hide(self.score, "-o", self.out))
+
+
+if __name__ == "__main__":
+    unittest.main()
