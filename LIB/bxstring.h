@@ -53,7 +53,8 @@ BRV_EXPORT void bx_strcat(UniChar* dst, std::size_t dstSize, const UniChar* src)
 // dstSize - 1 units, even between the halves of a surrogate pair. Never pass 0: then nothing is cut. A format that the
 // platform cannot use is the caller's error.
 //
-// Returns the number of units written, without the final 0 unit: after a cut, fewer than the whole result has.
+// Returns the number of units written, without the final 0 unit: after a cut, fewer than the whole result has. Where
+// memory runs out, the text is empty.
 //
 // Example:
 //   UniChar text[64];
