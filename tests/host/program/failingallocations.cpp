@@ -88,6 +88,8 @@ bool Fails() {
 
 #define EXPORTED __attribute__((visibility("default")))
 
+// The system's own declarations name the parameters with underscores.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 EXPORTED void* malloc(std::size_t size) { return Fails() ? nullptr : __libc_malloc(size); }
@@ -107,3 +109,4 @@ EXPORTED int posix_memalign(void** memory, std::size_t alignment, std::size_t si
 }
 
 }  // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
