@@ -27,7 +27,7 @@ REPORTS = {
     KEEPER_PROCESS: NO_MEMORY + "(; the score is as it was, or done)?",
     GUARD: "brvhost: .*: while it was loaded, its code lost its guard, and was killed",
     # The library that reads property lists, and the extension itself, end the process.
-    LOADER: NO_MEMORY + r" to load it|brvhost: between the scores, the extension LegerLines had not enough memory"
+    LOADER: NO_MEMORY + r" to load it|brvhost: the process that loaded the extension LegerLines had not enough memory"
             r"|brvhost: .*: (while it was loaded, its code crashed|its code does not load|.* is gone; nothing was written)"
             r".*|LegerLines: .*",
     WORKER: r"brvhost: .*: the extension LegerLines failed: " + NO_MEMORY.removeprefix("brvhost: ") + "; nothing was written",

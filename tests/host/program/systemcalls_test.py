@@ -34,7 +34,7 @@ ERRORS = {
 
 # Beside brvhost's own message, the kit's, whose assertion ends an extension that cannot read its own bundle; and one for
 # the score where the whole run ends with its extension.
-BESIDE = (r"LegerLines: .*Assertion `bundleRef != NULL' failed\.|brvhost: between the scores, the extension LegerLines .*"
+BESIDE = (r"LegerLines: .*Assertion `bundleRef != NULL' failed\.|brvhost: the process that loaded the extension LegerLines .*"
           r"|brvhost: when it was ended, the extension LegerLines .*")
 
 
