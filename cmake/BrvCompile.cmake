@@ -17,6 +17,13 @@ option(BRV_FUZZ "Build the fuzz targets, with the tests: with clang for libFuzze
 if(BRV_FUZZ AND CMAKE_CXX_COMPILER_ID STREQUAL Clang)
   set(BRV_LIBFUZZER ON)
 endif()
+option(BRV_COVERAGE "Compile so that what is run counts itself, for scripts/coverage.sh" OFF)
+# Instrumented code has symbols and needs that what users get has not: some tests leave it out.
+if(BRV_SANITIZE OR BRV_COVERAGE)
+  set(BRV_INSTRUMENTED ON)
+else()
+  set(BRV_INSTRUMENTED OFF)
+endif()
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -30,7 +37,7 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 
-# brv_compile(<target>...): the warnings, and the sanitizers where they are asked for. Each target of ours is given it; an
+# brv_compile(<target>...): the warnings, and the sanitizers or the counting where they are asked for. Each target of ours is given it; an
 # author's extension, which the installed kit builds, is not.
 function(brv_compile)
   foreach(target IN LISTS ARGN)
@@ -49,6 +56,16 @@ function(brv_compile)
     endif()
     if(BRV_LIBFUZZER)
       target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
+    if(BRV_COVERAGE)
+      # Threads count at the same time.
+      target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic)
+      target_link_options(${target} PRIVATE --coverage)
+      get_target_property(type ${target} TYPE)
+      if(NOT type STREQUAL STATIC_LIBRARY)
+        target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/countedends.cpp)
+        target_link_options(${target} PRIVATE -Wl,--wrap=_exit -Wl,--wrap=__assert_fail)
+      endif()
     endif()
   endforeach()
 endfunction()

@@ -15,8 +15,9 @@ SOURCE = pathlib.Path(os.environ["BRV_SOURCE"])
 BUILD = pathlib.Path(os.environ["BRV_BUILD"])
 WARNINGS = {"-Wall", "-Wextra", "-Wpedantic", "-Wshadow"}
 SANITIZERS = "-fsanitize=address,undefined"
+COUNTING = {"--coverage", "-fprofile-update=atomic"}
 # Presets for those who change the sources, and for those who only build them.
-CHECKING, LENIENT = {"release", "asan", "tsan", "fuzz", "clang"}, {"macos", "macos-cross"}
+CHECKING, LENIENT = {"release", "asan", "tsan", "fuzz", "coverage", "clang"}, {"macos", "macos-cross"}
 
 
 def run(*command):
@@ -34,7 +35,7 @@ class OurOptions(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.plain = cls.configured()
-        cls.asked = cls.configured("-DBRV_WERROR=ON", "-DBRV_SANITIZE=address,undefined")
+        cls.asked = cls.configured("-DBRV_WERROR=ON", "-DBRV_SANITIZE=address,undefined", "-DBRV_COVERAGE=ON")
 
     @classmethod
     def configured(cls, *options):
@@ -60,6 +61,11 @@ class OurOptions(unittest.TestCase):
     def test_sources_are_sanitized_only_where_asked_for(self):
         self.assert_each_has(SANITIZERS, self.asked)
         self.assertEqual([file for file, words in self.plain if SANITIZERS in words], [])
+
+    def test_sources_count_what_is_run_only_where_asked_for(self):
+        for option in COUNTING:
+            self.assert_each_has(option, self.asked)
+            self.assertEqual([file for file, words in self.plain if option in words], [])
 
     def test_developers_presets_ask_for_errors_and_no_others_do(self):
         presets = json.loads((SOURCE / "CMakePresets.json").read_text())["configurePresets"]

@@ -10,6 +10,7 @@ PROGRAM = os.environ["BRVHOST"]
 LEGER_LINES = os.environ["BRV_BUNDLE"]
 BUNDLES = pathlib.Path(os.environ["BRV_FAULTY_BUNDLES"])
 SANITIZED = os.environ["BRV_SANITIZED"] == "ON"
+COUNTED = os.environ["BRV_COUNTED"] == "ON"
 SAMPLES = pathlib.Path(os.environ["BRV_SAMPLES"])
 
 HIDE, SHOW = 0, 1
