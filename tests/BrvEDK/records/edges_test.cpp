@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "legacyhost.h"
+#include "recordtag.h"
 #include "tests/support/assertions.h"
 
 namespace {
@@ -15,6 +17,11 @@ using testing::IsEmpty;
 constexpr std::uint32_t kFretInstrument = 0x4F156649;
 const Address kArticulation{Tag("ot12"), 0xFFFE, 0};  // its word 5 is the byte at offset 28 of "pfSS"
 const Address kTruth{Tag("ot36"), 0xFFFE, 0};         // its word 1, inverted, is the field at offset 12 of "pfMS"
+
+TEST(RecordTag, HasItsFirstCharacterInTheMostSignificantByte) {
+  char text[] = "pfDP";
+  EXPECT_EQ(RecordTag(text), 0x70664450u);
+}
 
 class Records : public testing::Test {
  protected:
@@ -46,6 +53,14 @@ TEST_F(Records, OfPageFormatsGoByTheirNumber) {
   EXPECT_EQ(size, 48);
   key.recordNumber = 2;
   EXPECT_EQ(BX_LoadEData(Tag("pfPF"), &key, bytes.data(), &size, kBrvVersion), 0);
+}
+
+TEST_F(Records, OfWhichThereIsOneNeedNoKey) {
+  EXPECT_EQ(BX_LoadEData(Tag("pfDP"), &key, bytes.data(), &size, kBrvVersion), 1);
+  const auto withKey = std::exchange(bytes, {});
+  EXPECT_EQ(BX_LoadEData(Tag("pfDP"), nullptr, bytes.data(), &size, kBrvVersion), 1);
+  EXPECT_EQ(bytes, withKey);
+  EXPECT_NE(bytes[0], 0);
 }
 
 TEST_F(Records, OfDistancesAreSavedFromSeventyTwoBytes) {

@@ -10,6 +10,7 @@
 
 #include "portable.h"
 #include "recordinghost.h"
+#include "tests/support/assertions.h"
 #include "tests/support/failingmemory.h"
 
 namespace {
@@ -72,6 +73,18 @@ void ExpectWholeKeyOrNothing() {
   EXPECT_GT(successes, 1) << "it needs no memory";
   delivery.Ask();
   EXPECT_EQ(delivery.Text(), whole);
+}
+
+// Before the bundle is found.
+TEST(OwnBundleDeathTest, WithoutMemoryToReadItFailsTheAssertion) {
+  for (const long successes : {0, 1, 2, 3}) {
+    EXPECT_DEATH(
+        {
+          const FailingMemory memory(successes);
+          CopyPlugInStringResource(kHide);
+        },
+        testing::StrEq(AssertionMessage("CopyPlugInStringResource", "LIB/portable:176", "bundleRef != NULL")));
+  }
 }
 
 TEST_F(TextsWithoutMemory, AreUnitsOrNone) { ExpectWholeKeyOrNothing<UniChar>(); }

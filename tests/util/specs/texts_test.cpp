@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 #include <rapidcheck/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <csignal>
 #include <cstdlib>
+#include <limits>
 
 #include "documentspecs.h"
 #include "recordstore.h"
@@ -139,6 +141,23 @@ TEST_F(RawText, IsNullForASizeThatIsNone) {
     return 1u;
   });
   EXPECT_EQ(BXUtilLoadRawTextUTF16(6), nullptr);
+}
+
+TEST_F(RawText, IsNullWhereThereIsNoMemoryForIt) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the sanitizer ends the program when memory runs out";
+#endif
+  store.host.On("BX_LoadEData", [](const HostCall& call) {
+    *call.Pointer<std::int32_t>(3) = std::numeric_limits<std::int32_t>::max();
+    return 1u;
+  });
+  rlimit before = {};
+  ASSERT_EQ(getrlimit(RLIMIT_AS, &before), 0);
+  const rlimit less = {std::numeric_limits<std::int32_t>::max(), before.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_AS, &less), 0);
+  EXPECT_EQ(BXUtilLoadRawTextUTF16(6), nullptr);
+  EXPECT_EQ(setrlimit(RLIMIT_AS, &before), 0);
+  EXPECT_EQ(store.host.Count("BX_LoadEData"), 1);
 }
 
 class StaffName : public RawText {
