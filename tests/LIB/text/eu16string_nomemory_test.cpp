@@ -9,7 +9,7 @@
 
 namespace {
 
-TEST(Eu16StringWithoutMemory, IsTheDefaultAsANumber) {
+TEST(Eu16StringWithoutMemoryOfTheSystem, IsTheDefaultAsANumber) {
   eu16string text = FromUtf8("12");
   const FailingMemory memory(0);
   EXPECT_EQ(StrToIntDef(std::move(text), 7), 7);
@@ -17,7 +17,7 @@ TEST(Eu16StringWithoutMemory, IsTheDefaultAsANumber) {
   EXPECT_EQ(StrToIntDef(FromUtf8("12"), 7), 12);
 }
 
-TEST(Eu16StringWithoutMemory, IsEmptyAsAStandardString) {
+TEST(Eu16StringWithoutMemoryOfTheSystem, IsEmptyAsAStandardString) {
   const eu16string text = FromUtf8("new");
   std::string copy = "old";
   {
