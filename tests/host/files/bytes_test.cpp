@@ -24,6 +24,21 @@ TEST(Bytes, GrowAfterWhatIsThere) {
   EXPECT_EQ(bytes.View().substr(0, 3), "abc");
 }
 
+TEST(Bytes, GrowFromNone) {
+  Bytes bytes(0);
+  EXPECT_TRUE(bytes.IsEmpty());
+  bytes.Grow(2);
+  EXPECT_EQ(bytes.Size(), 2u);
+}
+
+TEST(Bytes, AreCutButNotLengthened) {
+  Bytes bytes(3);
+  bytes.Truncate(4);
+  EXPECT_EQ(bytes.Size(), 3u);
+  bytes.Truncate(1);
+  EXPECT_EQ(bytes.Size(), 1u);
+}
+
 TEST(Bytes, AreNoneOnceTheyAreMovedAway) {
   Bytes bytes(3);
   const Bytes taken = std::move(bytes);

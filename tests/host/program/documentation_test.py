@@ -13,6 +13,7 @@ SHARE = pathlib.Path(os.environ["BRV_SHARE"])
 MANUAL = SHARE / "man/man1/brvhost.1"
 BASH = SHARE / "bash-completion/completions/brvhost"
 ZSH = SHARE / "zsh/site-functions/_brvhost"
+DOCUMENTS = pathlib.Path(os.environ["BRV_BUILD"]) / "bin" / "brvhost-docs"
 COMMANDS = ["items", "info", "run", "check"]
 
 
@@ -32,6 +33,20 @@ class Help(Case):
 
     def test_names_the_version(self):
         self.assertRegex(self.succeeds(brvhost("--version")).stdout, r"^brvhost \d+\.\d+\.\d+\n$")
+
+
+class Documents(Case):
+    def print(self, *names):
+        process = subprocess.run([DOCUMENTS, *names], capture_output=True, text=True)
+        return process.returncode, process.stdout, process.stderr
+
+    def test_are_printed_each_by_its_name(self):
+        for name, file in (("man", MANUAL), ("bash", BASH), ("zsh", ZSH)):
+            self.assertEqual(self.print(name), (0, file.read_text(), ""))
+
+    def test_need_one_name_that_is_known(self):
+        for names in ((), ("fish",), ("man", "bash")):
+            self.assertEqual(self.print(*names), (2, "", "usage: brvhost-docs man|bash|zsh\n"))
 
 
 class Manual(Case):

@@ -280,6 +280,16 @@ TEST(ReadMusicXml, KnowsRests) {
   EXPECT_FALSE(score.entries[1].isRest);
 }
 
+TEST(ReadMusicXml, TakesAKeyThatIsNoWholeNumberOfMusicForNone) {
+  for (const char* const fifths : {"x", "", "1.5", "1001", "-1001"}) {
+    const Score score = ScoreOf("<attributes><key><fifths>" + std::string(fifths) + "</fifths></key></attributes>");
+    EXPECT_EQ(score.parts[0].details.measures.at(0).key.sharps, 0) << fifths;
+    EXPECT_TRUE(score.parts[0].details.statesKey);
+  }
+  const Score score = ScoreOf("<attributes><key><fifths>-1000</fifths></key></attributes>");
+  EXPECT_EQ(score.parts[0].details.measures.at(0).key.sharps, -1000);
+}
+
 TEST(ReadMusicXml, WarnsOfABackupBeforeTheBarlineAndGoesToIt) {
   const Score score = ScoreOf(Note() + "\n<backup><duration>5</duration></backup>" + Note("<voice>2</voice>"));
   EXPECT_EQ(EntriesOf(score), (Entries{{1, 1, 0, 0, 1}, {1, 1, 1, 0, 1}}));
