@@ -2,6 +2,7 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <gtest/gtest.h>
 
+#include "ownbundle.h"
 #include "vectors.h"
 
 namespace {
@@ -148,6 +149,40 @@ TEST(LoneSurrogates, AreUnitsLikeOthersInUtf16) {
 TEST(LoneSurrogates, GiveTheLossByteInBytes) {
   EXPECT_EQ(Bytes({u'a', 0xD834, u'b'}, kCFStringEncodingMacRoman), (Converted{3, 3, "a?b"}));
   EXPECT_EQ(Bytes({u'a', 0xDD1E, u'b'}, kCFStringEncodingASCII), (Converted{3, 3, "a?b"}));
+}
+
+TEST(Bytes, NeedNoPlaceForTheirNumber) {
+  char bytes[4] = "";
+  EXPECT_EQ(CFStringGetBytes(CFSTR("abc"), CFRangeMake(0, 3), kCFStringEncodingUTF8, '?', false,
+                             reinterpret_cast<UInt8*>(bytes), 3, nullptr),
+            3);
+  EXPECT_STREQ(bytes, "abc");
+}
+
+TEST(CStrings, AreWholeOrNone) {
+  char bytes[8] = "old";
+  EXPECT_FALSE(CFStringGetCString(CFSTR("abc"), bytes, 0, kCFStringEncodingUTF8));
+  EXPECT_FALSE(CFStringGetCString(CFSTR("abc"), bytes, 3, kCFStringEncodingUTF8));
+  EXPECT_TRUE(CFStringGetCString(CFSTR("abc"), bytes, 4, kCFStringEncodingUTF8));
+  EXPECT_STREQ(bytes, "abc");
+}
+
+TEST(Format, TakesALongDoubleInItsPlace) {
+  const CFStringRef text =
+      CFStringCreateWithFormat(kCFAllocatorDefault, nullptr, CFSTR("%d %.3Lf %.1f %Le %d"), 1, 2.5L, 3.5, 4.0L, 5);
+  EXPECT_TRUE(CFEqual(text, CFSTR("1 2.500 3.5 4.000000e+00 5")));
+  CFRelease(text);
+}
+
+TEST(Equality, IsThatOfTheUnitsOrOfThePath) {
+  const CFURLRef url = MakeURL("/a");
+  const CFURLRef same = MakeURL("/a");
+  const CFURLRef other = MakeURL("/b");
+  EXPECT_TRUE(CFEqual(url, same));
+  EXPECT_FALSE(CFEqual(url, other));
+  EXPECT_FALSE(CFEqual(url, CFSTR("/a")));
+  EXPECT_FALSE(CFEqual(CFSTR("/a"), url));
+  for (const CFURLRef each : {url, same, other}) CFRelease(each);
 }
 
 }  // namespace
