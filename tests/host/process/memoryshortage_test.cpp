@@ -26,9 +26,16 @@ TEST(WithEnoughMemory, PassesOnWhatTheWorkThrows) {
   EXPECT_THROW(WithEnoughMemory([]() -> int { throw std::runtime_error("for another reason"); }), std::runtime_error);
 }
 
-#ifndef __SANITIZE_ADDRESS__  // whose operator new has no handler
+class Shortages : public testing::Test {
+ protected:
+  void SetUp() override {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer's operator new has no handler";
+#endif
+  }
+};
 
-TEST(WithEnoughMemory, DoesNotTakeTheResultOfWorkThatMadeDoWithout) {
+TEST_F(Shortages, SpoilTheResultOfWorkThatMadeDoWithout) {
   const auto makesDo = [] {
     try {
       Take(kTooMuch);
@@ -41,7 +48,7 @@ TEST(WithEnoughMemory, DoesNotTakeTheResultOfWorkThatMadeDoWithout) {
   EXPECT_TRUE(HasMemoryRunOut());
 }
 
-TEST(WithEnoughMemory, ReportsTheLackOfItInsteadOfWhatItLedTo) {
+TEST_F(Shortages, AreReportedInsteadOfWhatTheyLedTo) {
   const auto complains = []() -> int {
     try {
       Take(kTooMuch);
@@ -53,7 +60,7 @@ TEST(WithEnoughMemory, ReportsTheLackOfItInsteadOfWhatItLedTo) {
   EXPECT_THROW(WithEnoughMemory(complains), std::bad_alloc);
 }
 
-TEST(WithEnoughMemory, ForgetsWhatWasBefore) {
+TEST_F(Shortages, AreForgottenWhenTheNextWorkBegins) {
   EXPECT_THROW(WithEnoughMemory([] {
                  Take(kTooMuch);
                  return 0;
@@ -61,8 +68,6 @@ TEST(WithEnoughMemory, ForgetsWhatWasBefore) {
                std::bad_alloc);
   EXPECT_EQ(WithEnoughMemory([] { return 7; }), 7);
 }
-
-#endif
 
 }  // namespace
 }  // namespace brvhost
