@@ -7,7 +7,8 @@ import subprocess
 import time
 import unittest
 
-from brvhost import Case, HIDDEN_NOTE, LEGER_LINES, NOTE, PROGRAM, SANITIZED, descendants, faulty, run, score
+from brvhost import (Case, HIDDEN_NOTE, LEGER_LINES, NOTE, PROGRAM, SANITIZED, descendants, faulty, is_running, run,
+                     score)
 from misbehaviour import MISBEHAVES, misbehaviour
 
 SCORES = 200 if SANITIZED else 1000
@@ -100,7 +101,7 @@ class Kills(Case):
 
     def wait_for_end(self, processes):
         end = time.monotonic() + 20
-        while any(os.path.exists(f"/proc/{process}") for process in processes):
+        while any(map(is_running, processes)):
             self.assertLess(time.monotonic(), end, processes)
             time.sleep(0.001)
 

@@ -7,7 +7,8 @@ import subprocess
 import time
 import unittest
 
-from brvhost import COUNTED, Case, HIDDEN_NOTE, NOTE, PROGRAM, SANITIZED, brvhost, descendants, faulty, run, score
+from brvhost import (COUNTED, Case, HIDDEN_NOTE, NOTE, PROGRAM, SANITIZED, brvhost, descendants, faulty, is_running, run,
+                     score)
 from misbehaviour import MISBEHAVES, misbehaviour
 
 NOTHING = "; nothing was written\n"
@@ -119,7 +120,7 @@ class Hostility(Misbehaviour):
             process.send_signal(signal.SIGINT)
             time.sleep(0.3)  # since two at once count as one
         self.assertEqual(process.wait(timeout=20), 130)
-        self.assertTrue(wait_until(lambda: not any(pathlib.Path(f"/proc/{child}").exists() for child in below)), below)
+        self.assertTrue(wait_until(lambda: not any(map(is_running, below))), below)
 
 
 class Output(Misbehaviour):
@@ -206,7 +207,7 @@ class Remains(Misbehaviour):
 
     def check_gone(self, processes):
         def are_gone():
-            return not any(pathlib.Path(f"/proc/{process}").exists() for process in processes)
+            return not any(map(is_running, processes))
         self.assertTrue(wait_until(are_gone), processes)
         self.assertEqual(descendants_named("sleep", self.seconds), [])
 

@@ -46,6 +46,15 @@ def descendants(process):
     return found
 
 
+def is_running(process):
+    """Whether a process is at work: one that has ended keeps its number until somebody takes its status."""
+    try:
+        status = pathlib.Path(f"/proc/{process}/stat").read_text()
+    except OSError:
+        return False
+    return status.rpartition(")")[2].split()[0] not in "ZX"
+
+
 class Case(unittest.TestCase):
     """A test with a folder of its own."""
 
