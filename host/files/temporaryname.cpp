@@ -95,7 +95,7 @@ void RemoveAbandonedFiles(const std::string& folder) {
   while (const dirent* const file = readdir(files.get())) {
     const std::string name = file->d_name;
     const auto owner = OwnerOf(name);
-    if (owner && IsDead(*owner, self)) RemoveUnlessLocked(folder + "/" + name);
+    if (owner && IsDead(*owner, self)) RemoveUnlessLocked(fmt::format("{}/{}", folder, name));
   }
 }
 
