@@ -15,6 +15,7 @@ case $seconds in
 esac
 
 scripts/install-dependencies.sh
+scripts/install-dependencies.sh "libclang-rt-$(clang -dumpversion | cut -d . -f 1)-dev"  # libFuzzer
 cmake --preset fuzz -DBRV_BUILD_TESTS=ON >/dev/null
 cmake --build --preset fuzz -j "$(nproc)" --target fuzz-targets
 
