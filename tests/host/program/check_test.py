@@ -92,6 +92,13 @@ class Check(Case):
                     self.assertEqual((failed[:1], process.stderr, process.returncode),
                                      ([f"FAILED  {POINTS[point]}: {message(point, way)}"], "", 1))
 
+    def test_takes_no_time_that_is_none(self):
+        for seconds in ("0", "-1", "1000001", "ten"):
+            with self.subTest(seconds):
+                process = brvhost("check", f"--timeout={seconds}", LEGER_LINES)
+                self.assertEqual((process.returncode, process.stdout), (2, ""))
+                self.assertRegex(process.stderr, "^brvhost: .*--timeout.*\n$")
+
     def test_needs_a_bundle(self):
         self.fails(brvhost("check", self.folder / "none.bundle"), 3, "there is no such bundle")
 
