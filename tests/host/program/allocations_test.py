@@ -5,9 +5,8 @@ import re
 import struct
 import subprocess
 import unittest
-import zipfile
 
-from brvhost import COUNTED, Case, HIDDEN_NOTE, HIDE, LEGER_LINES, PROGRAM, SANITIZED, score
+from brvhost import COUNTED, Case, HIDDEN_NOTE, LEGER_LINES, PROGRAM, SANITIZED, hiding, score
 
 ALLOCATIONS = os.environ["BRV_FAILING_ALLOCATIONS"]
 # Each allocation of all processes takes minutes; otherwise some of those are left out of which there are many.
@@ -98,31 +97,20 @@ class Allocations(Case):
         for name, content in files.items():
             self.assertIn(content, (before.get(name), after[name]), name)
 
-    def hide(self, *arguments):
-        return "run", LEGER_LINES, "--item", HIDE, "--all", *arguments
-
     def test_of_each_process_leave_a_new_result_whole(self):
-        command = self.hide(self.score, "-o", self.folder / "out.musicxml")
+        command = hiding(self.score, "-o", self.folder / "out.musicxml")
         for thread, stride in ((SUPERVISOR, 31), (KEEPER, 1), (GUARD, 1), (LOADER, 5), (WORKER, 1)):
             self.survives(thread, *command, stride=stride)
 
     def test_leave_the_result_that_was_there_whole(self):
         out = self.write("out.musicxml", "old")
-        self.survives(KEEPER, *self.hide(self.score, "-o", out))
+        self.survives(KEEPER, *hiding(self.score, "-o", out))
 
     def test_leave_the_score_itself_whole(self):
-        self.survives(KEEPER, *self.hide("--in-place", self.score))
-
-    def archive(self):
-        path = self.folder / "score.mxl"
-        with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
-            archive.writestr("META-INF/container.xml",
-                             '<container><rootfiles><rootfile full-path="x.xml"/></rootfiles></container>')
-            archive.writestr("x.xml", score())
-        return path
+        self.survives(KEEPER, *hiding("--in-place", self.score))
 
     def test_leave_an_archive_whole(self):
-        self.survives(KEEPER, *self.hide("--in-place", self.archive()))
+        self.survives(KEEPER, *hiding("--in-place", self.compressed_score()))
 
     def test_leave_no_temporary_folder_of_a_check(self):
         self.environment["TMPDIR"] = str(self.folder)
@@ -135,11 +123,11 @@ class Allocations(Case):
 
     def test_leave_each_of_several_results_whole(self):
         other = self.write("other.musicxml", score())
-        command = self.hide("--jobs", 1, self.score, other, "--out-dir", self.folder / "out")
+        command = hiding("--jobs", 1, self.score, other, "--out-dir", self.folder / "out")
         self.survives(KEEPER_PROCESS, *command, stride=3)
 
     def test_of_other_commands_are_reported(self):
-        for command, stride in ((("info", self.score), 37), (("info", self.archive()), 37), (("items", LEGER_LINES), 97)):
+        for command, stride in ((("info", self.score), 37), (("info", self.compressed_score()), 37), (("items", LEGER_LINES), 97)):
             self.survives(SUPERVISOR, *command, stride=stride)
 
     def test_of_a_check_are_reported(self):

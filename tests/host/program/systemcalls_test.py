@@ -7,9 +7,8 @@ import re
 import subprocess
 import tempfile
 import unittest
-import zipfile
 
-from brvhost import COUNTED, Case, HIDDEN_NOTE, HIDE, LEGER_LINES, PROGRAM, SANITIZED, score
+from brvhost import COUNTED, Case, HIDDEN_NOTE, LEGER_LINES, PROGRAM, SANITIZED, hiding, score
 
 FAILING_CALL = os.environ["BRV_FAILING_CALL"]
 # Every call takes minutes; otherwise only the first ones of a process that have the same name are taken, and the last.
@@ -77,7 +76,9 @@ class SystemCalls(Case):
         return [(process, call, int(number)) for process, call, number in calls
                 if ALL or int(number) <= FIRST or int(number) == last[process, call]]
 
-    def survives(self, processes, *command):
+    def check_each_fault(self, processes, command, faults_of, check):
+        """Runs the command with each fault, a name and an action, of each chosen call, and checks what comes of it. The check
+        is given that, the good run, and the files before and after that, which are put back at the end."""
         before = self.files()
         good, calls = self.trace(command)
         self.succeeds(good)
@@ -85,12 +86,17 @@ class SystemCalls(Case):
         for process, call, number in self.chosen(calls):
             if process not in processes:
                 continue
-            for name in ERRORS.get(call, "").split():
-                with self.subTest(process=process, call=call, number=number, error=name):
+            for name, action in faults_of(call):
+                with self.subTest(process=process, call=call, number=number, fault=name):
                     self.restore(before)
-                    run, _ = self.trace(command, process, call, number, getattr(errno, name))
-                    self.is_right(run, good, before, after)
+                    run, _ = self.trace(command, process, call, number, action)
+                    check(run, good, before, after)
         self.restore(before)
+
+    def survives(self, processes, *command):
+        def errors_of(call):
+            return [(name, getattr(errno, name)) for name in ERRORS.get(call, "").split()]
+        self.check_each_fault(processes, command, errors_of, self.is_right)
 
     def is_right(self, run, good, before, after):
         files = self.files()
@@ -105,57 +111,36 @@ class SystemCalls(Case):
         self.assertIn(files, (before, after))
 
     def is_killed_well(self, processes, *command):
-        before = self.files()
-        good, calls = self.trace(command)
-        self.succeeds(good)
-        after = self.files()
-        for process, call, number in self.chosen(calls):
-            if process not in processes:
-                continue
-            for moment in ("before", "after"):
-                with self.subTest(process=process, call=call, number=number, moment=moment):
-                    self.restore(before)
-                    run, _ = self.trace(command, process, call, number, moment)
-                    self.assertIn(run.returncode, (0, 1, 3, KILLED))
-                    files = self.files()
-                    for name, content in after.items():
-                        self.assertIn(files.get(name), (before.get(name), content))
-                    self.succeeds(subprocess.run([PROGRAM, *map(str, command)], capture_output=True, text=True, timeout=60))
-                    self.assertEqual(self.files(), after)
-        self.restore(before)
-
-    def hide(self, *arguments):
-        return "run", LEGER_LINES, "--item", HIDE, "--all", *arguments
-
-    def archive(self):
-        path = self.folder / "score.mxl"
-        with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
-            archive.writestr("META-INF/container.xml",
-                             '<container><rootfiles><rootfile full-path="x.xml"/></rootfiles></container>')
-            archive.writestr("x.xml", score())
-        return path
+        def check(run, _good, before, after):
+            self.assertIn(run.returncode, (0, 1, 3, KILLED))
+            files = self.files()
+            for name, content in after.items():
+                self.assertIn(files.get(name), (before.get(name), content))
+            self.succeeds(subprocess.run([PROGRAM, *map(str, command)], capture_output=True, text=True, timeout=60))
+            self.assertEqual(self.files(), after)
+        self.check_each_fault(processes, command, lambda _: [(moment, moment) for moment in ("before", "after")], check)
 
     def test_that_fail_leave_a_new_result_whole(self):
-        self.survives((SUPERVISOR, KEEPER, "0.1", LOADER, "0.1.1.1"), *self.hide(self.score, "-o", self.out))
+        self.survives((SUPERVISOR, KEEPER, "0.1", LOADER, "0.1.1.1"), *hiding(self.score, "-o", self.out))
 
     def test_that_fail_leave_the_score_itself_whole(self):
-        self.survives((KEEPER,), *self.hide("--in-place", self.score))
+        self.survives((KEEPER,), *hiding("--in-place", self.score))
 
     def test_that_fail_leave_an_archive_whole(self):
-        self.survives((KEEPER,), *self.hide("--in-place", self.archive()))
+        self.survives((KEEPER,), *hiding("--in-place", self.compressed_score()))
 
     def test_that_fail_leave_the_result_that_was_there_whole(self):
         self.out.write_text("old")
-        self.survives((KEEPER,), *self.hide(self.score, "-o", self.out))
+        self.survives((KEEPER,), *hiding(self.score, "-o", self.out))
 
     def test_that_fail_are_reported_by_other_commands(self):
         self.survives((SUPERVISOR,), "info", self.score)
 
     def test_at_which_it_is_killed_leave_the_score_whole(self):
-        self.is_killed_well((SUPERVISOR, KEEPER, "0.1", LOADER, "0.1.1.1"), *self.hide("--in-place", self.score))
+        self.is_killed_well((SUPERVISOR, KEEPER, "0.1", LOADER, "0.1.1.1"), *hiding("--in-place", self.score))
 
     def test_at_which_it_is_killed_leave_a_new_result_whole(self):
-        self.is_killed_well((KEEPER,), *self.hide(self.score, "-o", self.out))
+        self.is_killed_well((KEEPER,), *hiding(self.score, "-o", self.out))
 
 
 if __name__ == "__main__":

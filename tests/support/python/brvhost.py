@@ -5,6 +5,7 @@ import pathlib
 import subprocess
 import tempfile
 import unittest
+import zipfile
 
 PROGRAM = os.environ["BRVHOST"]
 LEGER_LINES = os.environ["BRV_BUNDLE"]
@@ -29,6 +30,11 @@ def brvhost(*arguments, environment=None, **options):
 
 def run(item, *arguments, bundle=LEGER_LINES, environment=None):
     return brvhost("run", bundle, "--item", item, *arguments, environment=environment)
+
+
+def hiding(*arguments):
+    """The arguments of a run that hides the ledger lines of whole scores."""
+    return "run", LEGER_LINES, "--item", HIDE, "--all", *arguments
 
 
 def descendants(process):
@@ -66,6 +72,14 @@ class Case(unittest.TestCase):
     def write(self, name, content):
         path = self.folder / name
         path.write_bytes(content if isinstance(content, bytes) else content.encode())
+        return path
+
+    def compressed_score(self):
+        path = self.folder / "score.mxl"
+        with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
+            archive.writestr("META-INF/container.xml",
+                             '<container><rootfiles><rootfile full-path="x.xml"/></rootfiles></container>')
+            archive.writestr("x.xml", score())
         return path
 
     def succeeds(self, process):
