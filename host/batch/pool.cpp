@@ -100,7 +100,7 @@ void Pool::Start(std::size_t slot) {
 void Pool::StartKeeper(std::size_t slot) {
   auto [here, there] = ConnectedChannels();
   if (results_.IsOfOneJob()) {
-    LayMemoryBy();  // the limit of the score's memory is one of the whole process
+    ReserveMemory();  // the limit of the score's memory is one of the whole process
     const auto channel = std::make_shared<Channel>(std::move(there));
     RunInBackground([jobs = jobs_, settings = settings_, channel] { RunKeeper(jobs, settings, *channel); });
     slots_[slot].channel = std::move(here);

@@ -21,7 +21,7 @@ void OnShortage() {
 
 }  // namespace
 
-void LayMemoryBy() {
+void ReserveMemory() {
   reserve.reset(new char[kReserve]);
   owner = std::this_thread::get_id();
   std::set_new_handler(OnShortage);

@@ -3,8 +3,8 @@
 
 namespace brvhost {
 
-// From now on, when the calling thread finds no memory, it takes what was laid by for it; another thread's operator new
+// From now on, the calling thread has a reserve that it takes when it finds no memory; another thread's operator new
 // throws std::bad_alloc as ever. Called once in a process. Throws std::bad_alloc.
-void LayMemoryBy();
+void ReserveMemory();
 
 }  // namespace brvhost

@@ -29,11 +29,11 @@ Pieces TakeAll() {
   return pieces;
 }
 
-TEST(MemoryReserve, IsForTheThreadThatLaidItBy) {
+TEST(MemoryReserve, IsForTheThreadThatMadeIt) {
 #ifdef __SANITIZE_ADDRESS__
   GTEST_SKIP() << "the sanitizer ends the program when memory runs out";
 #endif
-  LayMemoryBy();
+  ReserveMemory();
   const MemoryLimit limit(8 * kMegabyte, 1);
   const auto takeApart = [] { return std::async(std::launch::async, TakeAll).get(); };
   const Pieces taken = takeApart();
