@@ -7,16 +7,16 @@ cd "$(dirname "$0")/.."
 
 scripts/install-dependencies.sh
 
-# The thread sanitizer of older compilers does not start where the system puts memory in places too far apart.
-in_fixed_places=(setarch "$(uname -m)" --addr-no-randomize)
-"${in_fixed_places[@]}" true 2>/dev/null || in_fixed_places=()
+# The thread sanitizer of older compilers does not start where the system spreads its random addresses too far.
+with_fixed_addresses=(setarch "$(uname -m)" --addr-no-randomize)
+"${with_fixed_addresses[@]}" true 2>/dev/null || with_fixed_addresses=()
 
 # The commands of one preset; $1 is its name, the rest are arguments of the build.
 build_and_test() {
   local preset=$1
   shift
   local run=()
-  [ "$preset" != tsan ] || run=("${in_fixed_places[@]}")
+  [ "$preset" != tsan ] || run=("${with_fixed_addresses[@]}")
   echo "== $preset"
   cmake --preset "$preset" -DBRV_BUILD_TESTS=ON >/dev/null
   "${run[@]}" cmake --build --preset "$preset" -j "$(nproc)" "$@"

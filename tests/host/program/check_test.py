@@ -92,7 +92,7 @@ class Check(Case):
                     self.assertEqual((failed[:1], process.stderr, process.returncode),
                                      ([f"FAILED  {POINTS[point]}: {message(point, way)}"], "", 1))
 
-    def test_takes_no_time_that_is_none(self):
+    def test_refuses_a_time_limit_that_is_out_of_range(self):
         for seconds in ("0", "-1", "1000001", "ten"):
             with self.subTest(seconds):
                 process = brvhost("check", f"--timeout={seconds}", LEGER_LINES)
