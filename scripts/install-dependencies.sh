@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what building and testing need and what is not there yet, from the distribution's packages; with arguments, the
-# packages that they name instead.
+# packages that they name instead. A package of another architecture is named with it, as in libicu-dev:arm64.
 # For Debian 12; as root, or with sudo.
 set -euo pipefail
 
@@ -27,6 +27,9 @@ if [ "$(id -u)" -ne 0 ]; then
   as_root=(sudo)
 fi
 echo "Installing: ${missing[*]}"
+for package in "${missing[@]}"; do
+  [[ "$package" != *:* ]] || "${as_root[@]}" dpkg --add-architecture "${package#*:}"
+done
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 export DEBIAN_FRONTEND=noninteractive
