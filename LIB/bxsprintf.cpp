@@ -5,7 +5,7 @@
 #include <cstddef>
 
 #include "bxstring.h"
-#include "unitblocks.h"
+#include "singleunits.h"
 
 namespace {
 

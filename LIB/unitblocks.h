@@ -1,89 +1,37 @@
-// Blocks of eight UTF-16 units that are processed at once, with instructions that every x86-64 processor has.
+// Blocks of UTF-16 units that are processed at once. Each processor has a form of them in a header of its own, which
+// this one chooses while compiling: one source is compiled for each processor that a universal executable has.
+//
+// Every form has the type UnitBlock, the number kBlockUnits, and the same functions:
+//   LoadBlock, StoreBlock     from and to any address, odd ones included
+//   StoreFirstUnits           the first units of a block, up to all of them
+//   Filled                    a block of one unit
+//   MarkEqual, MarkZero       where two blocks are equal; where a block is 0
+//   MarkPair                  where a unit is followed by another or may be: what follows the block is not known
+//   Either, Both, OnlyFirst   marks in a or b, in a and b, in a and not in b
+//   AnyMarked, AllMarked
+//   MarkedUnits               one bit for each unit; that of the first unit is the lowest
+//   FirstMarked               the index of the first marked unit, or kBlockUnits if none is marked
+//   FirstUnmarked             the same for units that are not marked
 #pragma once
 
-#include <emmintrin.h>
-
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 
-#include "hostrecords.h"
-
-typedef __m128i UnitBlock;
-inline constexpr std::size_t kBlockUnits = sizeof(UnitBlock) / sizeof(UniChar);
+// The tests choose the plain form for any processor.
+#if defined(BRV_PLAIN_UNIT_BLOCKS)
+#include "unitblocks_plain.h"
+#elif defined(__SSE2__)
+#include "unitblocks_sse2.h"
+#elif defined(__aarch64__) && defined(__ARM_NEON) && !defined(__ARM_BIG_ENDIAN)
+#include "unitblocks_neon.h"
+#else
+#include "unitblocks_plain.h"
+#endif
 
 // The number of whole blocks between units and the end of its page. A page is readable as a whole or not at all, so if
-// the first byte of units can be read, all of them can be loaded, wherever the text ends.
+// the first byte of units can be read, all of them can be loaded, wherever the text ends. Where pages are larger, 16 or
+// 64 KB, this still holds: their size is a multiple of the least.
 inline std::size_t BlocksInPage(const UniChar* units) {
   constexpr std::uintptr_t kMinPageSize = 4096;
   return (kMinPageSize - reinterpret_cast<std::uintptr_t>(units) % kMinPageSize) / sizeof(UnitBlock);
-}
-
-// Not checked by the address sanitizer: it would report the units after the end of the text, which are loaded but never
-// used.
-__attribute__((no_sanitize("address"))) inline UnitBlock LoadBlock(const UniChar* units) {
-  return _mm_loadu_si128(reinterpret_cast<const __m128i_u*>(units));
-}
-
-inline void StoreBlock(UniChar* units, UnitBlock block) {
-  _mm_storeu_si128(reinterpret_cast<__m128i_u*>(units), block);
-}
-
-// Single units go through memcpy because they may be at an odd address.
-inline UniChar LoadUnit(const UniChar* units) {
-  UniChar unit;
-  std::memcpy(&unit, units, sizeof(unit));
-  return unit;
-}
-
-inline void StoreUnit(UniChar* units, UniChar unit) { std::memcpy(units, &unit, sizeof(unit)); }
-
-// Stores the first count units of the block, which may be all of it.
-inline void StoreFirstUnits(UniChar* units, UnitBlock block, std::size_t count) {
-  if (count == kBlockUnits) return StoreBlock(units, block);
-  if (count & 4) {
-    _mm_storel_epi64(reinterpret_cast<__m128i_u*>(units), block);
-    block = _mm_srli_si128(block, 8);
-    units += 4;
-  }
-  if (count & 2) {
-    const int pair = _mm_cvtsi128_si32(block);
-    std::memcpy(units, &pair, sizeof(pair));
-    block = _mm_srli_si128(block, 4);
-    units += 2;
-  }
-  if (count & 1) StoreUnit(units, static_cast<UniChar>(_mm_cvtsi128_si32(block)));
-}
-
-inline UnitBlock Filled(UniChar unit) { return _mm_set1_epi16(static_cast<short>(unit)); }
-
-// The marks below are all ones at each unit that is marked, and 0 elsewhere.
-inline UnitBlock MarkEqual(UnitBlock a, UnitBlock b) { return _mm_cmpeq_epi16(a, b); }
-inline UnitBlock MarkZero(UnitBlock block) { return _mm_cmpeq_epi16(block, _mm_setzero_si128()); }
-// Marks first where second follows it or may follow it: the unit after the block is not known.
-inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
-  const UnitBlock last = _mm_slli_si128(_mm_set1_epi8(-1), sizeof(UnitBlock) - sizeof(UniChar));
-  const UnitBlock followed = MarkEqual(_mm_srli_si128(block, sizeof(UniChar)), Filled(second));
-  return _mm_and_si128(MarkEqual(block, Filled(first)), _mm_or_si128(followed, last));
-}
-inline UnitBlock Either(UnitBlock a, UnitBlock b) { return _mm_or_si128(a, b); }
-inline UnitBlock Both(UnitBlock a, UnitBlock b) { return _mm_and_si128(a, b); }
-// Marked in a, and not in b.
-inline UnitBlock OnlyFirst(UnitBlock a, UnitBlock b) { return _mm_andnot_si128(b, a); }
-
-inline bool AnyMarked(UnitBlock marks) { return _mm_movemask_epi8(marks) != 0; }
-inline bool AllMarked(UnitBlock marks) { return _mm_movemask_epi8(marks) == 0xFFFF; }
-// One bit for each unit; that of the first unit is the lowest.
-inline unsigned MarkedUnits(UnitBlock marks) {
-  return static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(marks, _mm_setzero_si128())));
-}
-// The index of the first marked unit, or kBlockUnits if none is marked.
-inline std::size_t FirstMarked(UnitBlock marks) {
-  const unsigned bytes = static_cast<unsigned>(_mm_movemask_epi8(marks)) | 0x10000u;
-  return static_cast<std::size_t>(std::countr_zero(bytes)) / sizeof(UniChar);
-}
-inline std::size_t FirstUnmarked(UnitBlock marks) {
-  const unsigned bytes = ~static_cast<unsigned>(_mm_movemask_epi8(marks));
-  return static_cast<std::size_t>(std::countr_zero(bytes)) / sizeof(UniChar);
 }

@@ -1,7 +1,8 @@
-# brv_add_test(NAME <name> SOURCES <file>... [LIBRARIES <target>...] [LABELS <label>...] [WHOLE])
+# brv_add_test(NAME <name> SOURCES <file>... [LIBRARIES <target>...] [LABELS <label>...] [PREFIX <prefix>] [WHOLE])
 #
-# A GoogleTest program whose every TEST is a test of CTest under its own name. With WHOLE the program is one
-# test: its tests share what a process keeps for life, and follow one another.
+# A GoogleTest program whose every TEST is a test of CTest under its own name, or with a prefix before it, where its
+# sources are those of another program as well. With WHOLE the program is one test: its tests share what a process keeps
+# for life, and follow one another.
 #
 # A program that links ImageUnderTest runs a second time on the image for macOS, where BRV_MACHO_FOLDER has its casing: the
 # loader of the system finds the casing there before it comes to the Linux executable.
@@ -9,7 +10,7 @@ find_package(GTest)
 include(GoogleTest)
 
 function(brv_add_test)
-  cmake_parse_arguments(PARSE_ARGV 0 ARG "WHOLE" "NAME" "SOURCES;LIBRARIES;LABELS")
+  cmake_parse_arguments(PARSE_ARGV 0 ARG "WHOLE" "NAME;PREFIX" "SOURCES;LIBRARIES;LABELS")
   add_executable(${ARG_NAME} ${ARG_SOURCES})
   brv_compile(${ARG_NAME})
   target_include_directories(${ARG_NAME} PRIVATE ${PROJECT_SOURCE_DIR})
@@ -19,7 +20,7 @@ function(brv_add_test)
   target_compile_definitions(${ARG_NAME} PRIVATE BRV_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                                  BRV_BINARY_DIR="${CMAKE_BINARY_DIR}")
   set_target_properties(${ARG_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
-  _brv_register_test(${ARG_NAME} "${ARG_WHOLE}" "" "${ARG_LABELS}")
+  _brv_register_test(${ARG_NAME} "${ARG_WHOLE}" "${ARG_PREFIX}" "${ARG_LABELS}")
   if(BRV_MACHO_FOLDER AND ImageUnderTest IN_LIST ARG_LIBRARIES)
     _brv_register_test(${ARG_NAME} "${ARG_WHOLE}" "macho." macho ENVIRONMENT LD_LIBRARY_PATH=${BRV_MACHO_FOLDER})
   endif()
