@@ -4,6 +4,7 @@
 # Makes the bundle of an extension, <build>/<name>.bundle, with the whole kit inside: its executable, its Info.plist
 # from the template (one that will do for most stands beside this file), and its localized texts. What the source marks
 # with BRV_EXPORT is exported, and nothing else.
+include(${CMAKE_CURRENT_LIST_DIR}/BrvExecutableFolder.cmake)
 set(_brv_info_plist ${CMAKE_CURRENT_LIST_DIR}/Info.plist.in)
 # The linker's part: what the C++ library would export besides stays inside.
 set(_brv_runtime_map ${CMAKE_CURRENT_LIST_DIR}/exports/runtime.map)
@@ -28,7 +29,6 @@ function(brv_add_extension)
     target_link_options(${ARG_NAME} PRIVATE LINKER:-unexported_symbols_list,${runtime_symbols}
                         LINKER:-force_load,$<TARGET_FILE:BrvEDK::BrvEDK>)
     target_link_libraries(${ARG_NAME} PRIVATE BrvEDK::BrvEDK)
-    set(executable_folder MacOS)
     set(suffix "")
   else()
     add_library(${ARG_NAME} SHARED ${ARG_SOURCES})
@@ -36,12 +36,11 @@ function(brv_add_extension)
     # -Bsymbolic: host and kit have functions of the same names, and each must find its own.
     target_link_options(${ARG_NAME} PRIVATE -Wl,-Bsymbolic -Wl,--version-script=${runtime_symbols})
     target_link_libraries(${ARG_NAME} PRIVATE -Wl,--whole-archive BrvEDK::BrvEDK -Wl,--no-whole-archive)
-    set(executable_folder Linux-x86-64)
     set(suffix .so)
   endif()
   set_target_properties(${ARG_NAME} PROPERTIES C_VISIBILITY_PRESET hidden CXX_VISIBILITY_PRESET hidden
                         VISIBILITY_INLINES_HIDDEN ON PREFIX "" SUFFIX "${suffix}"
-                        LIBRARY_OUTPUT_DIRECTORY ${contents}/${executable_folder}
+                        LIBRARY_OUTPUT_DIRECTORY ${contents}/${BRV_EXECUTABLE_FOLDER}
                         LINK_DEPENDS "${runtime_symbols};${BRV_LINK_STUBS}")
 
   foreach(localization IN LISTS ARG_LOCALIZATIONS)

@@ -13,7 +13,7 @@ configure_package_config_file(cmake/package/BrvEDKConfig.cmake.in ${CMAKE_BINARY
                               INSTALL_DESTINATION ${package_folder})
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/package/BrvEDKConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${CMAKE_BINARY_DIR}/package/BrvEDKConfig.cmake ${CMAKE_BINARY_DIR}/package/BrvEDKConfigVersion.cmake
-              cmake/BrvExtension.cmake cmake/Info.plist.in
+              cmake/BrvExtension.cmake cmake/BrvExecutableFolder.cmake cmake/Info.plist.in
         DESTINATION ${package_folder})
 install(DIRECTORY cmake/exports DESTINATION ${package_folder})
 file(RELATIVE_PATH prefix_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "host/bundle/createbundle.h"
+#include "host/bundle/missingexecutable.h"
 #include "host/bundle/thrown.h"
 #include "host/process/whereabouts.h"
 #include "host/text/cfowner.h"
@@ -45,19 +46,19 @@ LoadedBundle::LoadedBundle(const std::string& path) : path_(path), bundle_(Bundl
   const std::string wrong = LoadCode();
   if (wrong.empty()) return;
   CFRelease(bundle_);
-  throw BundleError(fmt::format("{}: its code does not load: {}", path, wrong));
+  throw BundleError(fmt::format("{}: {}", path, wrong));
 }
 
 // The bundle loads its code itself when it is first asked for a function. It lets no exception pass, though: the code
 // is loaded before that, so that what its constructors throw is known.
 std::string LoadedBundle::LoadCode() const {
   const std::string executable = ExecutableOf(bundle_);
-  if (executable.empty()) return "there is none for this system";
+  if (executable.empty()) return MissingExecutable(path_);
   const InExtension here("its constructors");
   try {
-    if (OpenCode(executable) == nullptr) return dlerror();
+    if (OpenCode(executable) == nullptr) return fmt::format("its code does not load: {}", dlerror());
   } catch (...) {
-    return "its constructors threw an exception: " + ThrownText();
+    return "its code does not load: its constructors threw an exception: " + ThrownText();
   }
   return "";
 }

@@ -40,7 +40,7 @@ BundleFolder BundleFolder::At(const std::string& top) {
 }
 
 std::string BundleFolder::Executable(const std::string& name) const {
-  return Inside(Inside(contents, "Linux-x86-64"), name + ".so");
+  return Inside(Inside(contents, BRV_EXECUTABLE_FOLDER), name + ".so");
 }
 
 std::vector<std::string> BundleFolder::Localizations() const {

@@ -213,8 +213,8 @@ class Bundles : public OwnBundle {
   void Fill() {
     Open(OldStyle(), "\"a key that is long enough\" = \"a text that is long enough\"; k = v;");
     std::filesystem::create_directories(Contents() / "Resources/fr-CA.lproj");
-    std::filesystem::create_directories(Contents() / "Linux-x86-64");
-    std::ofstream(Contents() / "Linux-x86-64/Executable.so") << "nothing to load";
+    std::filesystem::create_directories(Contents() / BRV_EXECUTABLE_FOLDER);
+    std::ofstream(Contents() / BRV_EXECUTABLE_FOLDER "/Executable.so") << "nothing to load";
   }
 
   void ExpectToOpen(const std::string& infoPlist) {

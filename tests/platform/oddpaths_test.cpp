@@ -47,11 +47,11 @@ TEST_F(NotUtf8, AURLIsDescribedWithAMarkForEachByteThatIsNoText) {
 
 TEST_F(NotUtf8, ABundleServesItsTextsAndFiles) {
   Open("{ CFBundleIdentifier = \"org.example.odd\"; CFBundleExecutable = odd; }", "k = v;");
-  fs::create_directories(Contents() / "Linux-x86-64");
-  std::ofstream(Contents() / "Linux-x86-64/odd.so") << "nothing";
+  fs::create_directories(Contents() / BRV_EXECUTABLE_FOLDER);
+  std::ofstream(Contents() / BRV_EXECUTABLE_FOLDER "/odd.so") << "nothing";
   EXPECT_EQ(Text(CFSTR("k")), "v");
   EXPECT_EQ(Resource("Localizable", CFSTR("strings")), "Contents/Resources/en.lproj/Localizable.strings");
-  EXPECT_EQ(TakePath(CFBundleCopyExecutableURL(bundle_)), Contents() / "Linux-x86-64/odd.so");
+  EXPECT_EQ(TakePath(CFBundleCopyExecutableURL(bundle_)), Contents() / BRV_EXECUTABLE_FOLDER "/odd.so");
   EXPECT_EQ(CFBundleGetBundleWithIdentifier(CFSTR("org.example.odd")), bundle_);
   EXPECT_EQ(CFBundleGetFunctionPointerForName(bundle_, CFSTR("main")), nullptr);
 }
@@ -79,8 +79,8 @@ class NamesOfNoFile : public OwnBundle {
 
 TEST_F(NamesOfNoFile, ALoneSurrogateStandsForNoOtherCharacter) {
   Open("{ CFBundleExecutable = \"\\Ud800\"; }");
-  fs::create_directories(Contents() / "Linux-x86-64");
-  std::ofstream(Contents() / "Linux-x86-64/?.so") << "nothing";
+  fs::create_directories(Contents() / BRV_EXECUTABLE_FOLDER);
+  std::ofstream(Contents() / BRV_EXECUTABLE_FOLDER "/?.so") << "nothing";
   std::ofstream(Contents() / "Resources/?") << "another";
   EXPECT_EQ(ResourceOf({0xD800}), nullptr);
   EXPECT_EQ(CFBundleCopyExecutableURL(bundle_), nullptr);

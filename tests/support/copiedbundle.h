@@ -32,7 +32,9 @@ class CopiedBundle : public testing::Test {
     return image == nullptr ? nullptr : dlsym(image, function);
   }
 
-  void* LoadCopy(const char* function) const { return Load(Contents() / "Linux-x86-64/LegerLines.so", function); }
+  void* LoadCopy(const char* function) const {
+    return Load(Contents() / BRV_EXECUTABLE_FOLDER "/LegerLines.so", function);
+  }
 
   void BindCopy() const { ASSERT_EQ(reinterpret_cast<int (*)()>(LoadCopy("InitializeGlobals"))(), 0); }
 

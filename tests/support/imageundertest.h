@@ -15,7 +15,7 @@ inline std::filesystem::path ExecutableUnderTest() {
   return std::filesystem::canonical(image.dli_fname);
 }
 
-// The folder of its bundle, in which it lies at Contents/Linux-x86-64.
+// The folder of its bundle, in which it lies at Contents/BRV_EXECUTABLE_FOLDER.
 inline std::filesystem::path BundleUnderTest() {
   return ExecutableUnderTest().parent_path().parent_path().parent_path();
 }

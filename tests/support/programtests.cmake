@@ -15,6 +15,7 @@ function(add_program_test name file label)
   set(environment
       BRVHOST=$<TARGET_FILE:brvhost>
       BRV_BUNDLE=${CMAKE_BINARY_DIR}/LegerLines.bundle
+      BRV_EXECUTABLE_FOLDER=${BRV_EXECUTABLE_FOLDER}
       BRV_FAULTY_BUNDLES=${CMAKE_BINARY_DIR}/tests/bundles
       BRV_SAMPLES=${PROJECT_SOURCE_DIR}/samples
       BRV_SANITIZED=${sanitized}

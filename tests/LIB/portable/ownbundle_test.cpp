@@ -92,11 +92,14 @@ TEST_F(OwnBundle, CutsBetweenTheHalvesOfASurrogatePair) {
 }
 
 TEST_F(OwnBundle, IsFoundByClimbingFromTheExecutable) {
-  fs::create_directories(Contents() / "Linux-x86-64/deeper/still");
-  fs::copy(Contents() / "Linux-x86-64/LegerLines.so", Contents() / "Linux-x86-64/deeper/still/LegerLines.so");
-  std::ofstream(Contents() / "Linux-x86-64/deeper/Info.plist") << "{ CFBundleIdentifier = \"org.example.passed\"; }";
+  fs::create_directories(Contents() / BRV_EXECUTABLE_FOLDER "/deeper/still");
+  fs::copy(Contents() / BRV_EXECUTABLE_FOLDER "/LegerLines.so",
+           Contents() / BRV_EXECUTABLE_FOLDER "/deeper/still/LegerLines.so");
+  std::ofstream(Contents() / BRV_EXECUTABLE_FOLDER "/deeper/Info.plist")
+      << "{ CFBundleIdentifier = \"org.example.passed\"; }";
   RecordingHost host;
-  const auto get = reinterpret_cast<GetUnits>(Load(Contents() / "Linux-x86-64/deeper/still/LegerLines.so", kGetUnits));
+  const auto get =
+      reinterpret_cast<GetUnits>(Load(Contents() / BRV_EXECUTABLE_FOLDER "/deeper/still/LegerLines.so", kGetUnits));
   UniChar buffer[128];
   get(0x4E200001, buffer, 128);
   EXPECT_EQ(TextOf(buffer), u"Hide Ledger Lines");
@@ -112,7 +115,7 @@ class OwnBundleDeathTest : public OwnBundle {
 };
 
 TEST_F(OwnBundleDeathTest, AnExecutableOutsideOfAnyBundleOnAnAbsolutePathIsSearchedForEver) {
-  fs::copy(Contents() / "Linux-x86-64/LegerLines.so", folder_ / "Alone.so");
+  fs::copy(Contents() / BRV_EXECUTABLE_FOLDER "/LegerLines.so", folder_ / "Alone.so");
   EXPECT_EXIT(
       {
         alarm(1);
@@ -123,7 +126,7 @@ TEST_F(OwnBundleDeathTest, AnExecutableOutsideOfAnyBundleOnAnAbsolutePathIsSearc
 }
 
 TEST_F(OwnBundleDeathTest, AnExecutableOutsideOfAnyBundleOnARelativePathFailsTheAssertion) {
-  fs::copy(Contents() / "Linux-x86-64/LegerLines.so", folder_ / "Alone.so");
+  fs::copy(Contents() / BRV_EXECUTABLE_FOLDER "/LegerLines.so", folder_ / "Alone.so");
   const auto ask = [&] {
     fs::current_path(folder_);
     AskAlone("./Alone.so");

@@ -6,7 +6,7 @@ import shutil
 import subprocess
 import unittest
 
-from brvhost import Case, SAMPLES
+from brvhost import Case, EXECUTABLE_FOLDER, SAMPLES
 from installed import BUILD, SOURCE, install
 
 TUTORIAL = SOURCE / "docs" / "write-an-extension.md"
@@ -85,7 +85,7 @@ class Installed(Case):
                                          "brv_add_extension(NAME Odd IDENTIFIER org.example.Odd SOURCES odd.cpp)\n")
         self.write("Odd/odd.cpp", ODD_EXTENSION)
         self.sh("cmake -G Ninja -S Odd -B Odd/build && cmake --build Odd/build", CMAKE_PREFIX_PATH=self.prefix)
-        image = self.folder / "Odd/build/Odd.bundle/Contents/Linux-x86-64/Odd.so"
+        image = self.folder / "Odd/build/Odd.bundle/Contents" / EXECUTABLE_FOLDER / "Odd.so"
         symbols = {line.split()[-1] for line in self.sh(f"nm -D --defined-only {image}").splitlines()}
         listed = (SOURCE / "tests/extension/exports.txt").read_text().splitlines()
         of_every_extension = {line for line in listed if not line.startswith(("#", "_Z", "NewFF", "DisposeFF"))}

@@ -4,7 +4,7 @@ import os
 import subprocess
 import unittest
 
-from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SANITIZED, SHOW, brvhost, faulty, run, score)
+from brvhost import (Case, EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SANITIZED, SHOW, brvhost, faulty, run, score)
 
 
 class Items(Case):
@@ -18,6 +18,20 @@ class Items(Case):
 
     def test_need_a_bundle_that_loads(self):
         self.fails(brvhost("items", faulty("needs_missing_library")), 3, "does not load", "DefinedNowhere")
+
+    def test_need_an_executable_for_this_system(self):
+        contents = self.folder / "Mine.bundle" / "Contents"
+        contents.mkdir(parents=True)
+        mine, system = contents.parent, EXECUTABLE_FOLDER.replace("-", " on ", 1)
+        self.assertEqual(brvhost("items", mine).stderr, f"brvhost: {mine}: has no executable for {system}\n")
+        for folder in ("Linux-m68k", "MacOS", "Resources", EXECUTABLE_FOLDER):
+            (contents / folder).mkdir()
+            (contents / folder / "Other").touch()
+        (contents / "Linux-empty").mkdir()
+        missing = f"has no executable for {system}; it has one for macOS and one for Linux on m68k\n"
+        self.fails(brvhost("items", mine), 3, f"{mine}: {missing}")
+        self.fails(run(HIDE, "--all", "--dry-run", SAMPLES / "piano.musicxml", bundle=mine), 3, f"{mine}: {missing}")
+        self.assertIn(f"exports the entry points: {missing}", brvhost("check", mine).stdout)
 
     def test_need_entry_points(self):
         self.fails(brvhost("items", faulty("lacks_entry_points")), 3, "has no BrevixExtensionVersion")

@@ -9,6 +9,7 @@ import zipfile
 
 PROGRAM = os.environ["BRVHOST"]
 LEGER_LINES = os.environ["BRV_BUNDLE"]
+EXECUTABLE_FOLDER = os.environ["BRV_EXECUTABLE_FOLDER"]
 BUNDLES = pathlib.Path(os.environ["BRV_FAULTY_BUNDLES"])
 SANITIZED = os.environ["BRV_SANITIZED"] == "ON"
 COUNTED = os.environ["BRV_COUNTED"] == "ON"
