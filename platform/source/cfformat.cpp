@@ -36,7 +36,10 @@ class Arguments {
       Expect(piece.spec->precision);
       Expect(piece.spec->argument, piece.spec->type);
     }
-    for (const ArgumentType type : types_) values_.push_back(Read(type, list));
+    va_list rest;
+    va_copy(rest, list);
+    for (const ArgumentType type : types_) values_.push_back(Read(type, &rest));
+    va_end(rest);
   }
 
   const Argument& operator[](int index) const {
@@ -60,27 +63,29 @@ class Arguments {
     types_[at] = type;
   }
 
-  static Argument Read(ArgumentType type, va_list list) {
+  // Through a pointer: a list itself is an array on some processors and a struct on others, and a function that is given a
+  // struct reads from a copy.
+  static Argument Read(ArgumentType type, va_list* list) {
     Argument argument{};
     switch (type) {
       case ArgumentType::kNone:
       case ArgumentType::kInt:
-        argument.asInt = va_arg(list, int);
+        argument.asInt = va_arg(*list, int);
         break;
       case ArgumentType::kLong:
-        argument.asLong = va_arg(list, long);
+        argument.asLong = va_arg(*list, long);
         break;
       case ArgumentType::kDouble:
-        argument.asDouble = va_arg(list, double);
+        argument.asDouble = va_arg(*list, double);
         break;
       case ArgumentType::kLongDouble:
-        argument.asLongDouble = va_arg(list, long double);
+        argument.asLongDouble = va_arg(*list, long double);
         break;
       case ArgumentType::kCString:
       case ArgumentType::kUnits:
       case ArgumentType::kObject:
       case ArgumentType::kPointer:
-        argument.asPointer = va_arg(list, const void*);
+        argument.asPointer = va_arg(*list, const void*);
         break;
     }
     return argument;

@@ -13,13 +13,11 @@
 #include <seccomp.h>
 #include <sys/ptrace.h>
 #include <sys/types.h>
-#include <sys/user.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
-#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -29,6 +27,8 @@
 #include <set>
 #include <string>
 #include <utility>
+
+#include "callregisters.h"
 
 namespace {
 
@@ -113,7 +113,7 @@ class Tracer {
     Tracee& tracee = tracees_[process];
     if (info.op == PTRACE_SYSCALL_INFO_ENTRY) return Enter(process, tracee, info);
     if (tracee.isToBeKilled) kill(process, SIGKILL);
-    if (const int error = std::exchange(tracee.error, 0)) SetRegister(process, offsetof(user_regs_struct, rax), -error);
+    if (const int error = std::exchange(tracee.error, 0)) SetResult(process, -error);
   }
 
   void Enter(pid_t process, Tracee& tracee, const __ptrace_syscall_info& info) {
@@ -129,7 +129,7 @@ class Tracer {
       tracee.isToBeKilled = true;
     } else {
       tracee.error = std::atoi(target_.action.c_str());
-      SetRegister(process, offsetof(user_regs_struct, orig_rax), -1);  // no call
+      SkipCall(process);
     }
   }
 
@@ -143,10 +143,6 @@ class Tracer {
     const std::unique_ptr<char, decltype(&std::free)> name(seccomp_syscall_resolve_num_arch(SCMP_ARCH_NATIVE, call),
                                                            std::free);
     return name == nullptr ? std::to_string(call) : name.get();
-  }
-
-  static void SetRegister(pid_t process, std::size_t offset, long value) {
-    ptrace(PTRACE_POKEUSER, process, offset, value);
   }
 
   const pid_t program_;
