@@ -1,6 +1,6 @@
 """Hides and shows the ledger lines of every sample with either image: both must write the same bytes.
 
-    samebytes.py BRVHOST BUNDLE OTHER_BUNDLE SOURCES
+    samebytes.py BRVHOST BUNDLE OTHER_BRVHOST OTHER_BUNDLE SOURCES
 
 The samples are those of the sources, and the shared scores ($BRV_SHARED_DIR, else beside the sources) where there are any.
 """
@@ -38,13 +38,14 @@ def samples(sources):
     return sorted(path for folder in folders for path in folder.rglob("*") if path.suffix in KINDS)
 
 
-def main(program, bundle, other, sources):
+def main(program, bundle, other_program, other_bundle, sources):
     scores = samples(pathlib.Path(sources))
     written = different = 0
     with tempfile.TemporaryDirectory() as name:
         for score in scores:
             for item in (0, 1):
-                first, second = (result(program, b, item, score, pathlib.Path(name)) for b in (bundle, other))
+                first, second = (result(*runner, item, score, pathlib.Path(name))
+                                 for runner in ((program, bundle), (other_program, other_bundle)))
                 written += first[1] is not None
                 if first != second:
                     different += 1

@@ -10,10 +10,22 @@ else()
   set(sanitized OFF)
 endif()
 
+# The path of a program of the build, or of what runs it under the emulator.
+function(program_to_start variable program)
+  if(CMAKE_CROSSCOMPILING_EMULATOR)
+    set(${variable} ${CMAKE_BINARY_DIR}/tests/emulated/${program} PARENT_SCOPE)
+  else()
+    set(${variable} $<TARGET_FILE:${program}> PARENT_SCOPE)
+  endif()
+endfunction()
+program_to_start(brvhost brvhost)
+program_to_start(brvhost_docs brvhost-docs)
+
 function(add_program_test name file label)
-  add_test(NAME ${name} COMMAND Python3::Interpreter ${CMAKE_CURRENT_SOURCE_DIR}/${file})
+  add_test(NAME ${name} COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/${file})
   set(environment
-      BRVHOST=$<TARGET_FILE:brvhost>
+      BRVHOST=${brvhost}
+      BRVHOST_DOCS=${brvhost_docs}
       BRV_BUNDLE=${CMAKE_BINARY_DIR}/LegerLines.bundle
       BRV_EXECUTABLE_FOLDER=${BRV_EXECUTABLE_FOLDER}
       BRV_FAULTY_BUNDLES=${CMAKE_BINARY_DIR}/tests/bundles
@@ -26,5 +38,9 @@ function(add_program_test name file label)
       PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/support/python
       PYTHONDONTWRITEBYTECODE=1
       ${ARGN})
+  # What is built with the installed kit is for the same processor.
+  if(CMAKE_TOOLCHAIN_FILE)
+    list(APPEND environment CMAKE_TOOLCHAIN_FILE=${CMAKE_TOOLCHAIN_FILE})
+  endif()
   set_tests_properties(${name} PROPERTIES LABELS ${label} ENVIRONMENT "${environment}")
 endfunction()

@@ -13,7 +13,7 @@ SHARE = pathlib.Path(os.environ["BRV_SHARE"])
 MANUAL = SHARE / "man/man1/brvhost.1"
 BASH = SHARE / "bash-completion/completions/brvhost"
 ZSH = SHARE / "zsh/site-functions/_brvhost"
-DOCUMENTS = pathlib.Path(os.environ["BRV_BUILD"]) / "bin" / "brvhost-docs"
+DOCUMENTS = os.environ["BRVHOST_DOCS"]
 COMMANDS = ["items", "info", "run", "check"]
 
 

@@ -1,0 +1,57 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds everything for Linux on arm64, and runs it under the emulator: every test but those that
+# scripts/arm64/not-run.txt lists, and brvhost's main jobs beside a brvhost for this machine, which must write the same bytes.
+#
+#   scripts/test-arm64.sh --quick   builds and runs only those tests that look at what differs between processors
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+case "${1-}" in
+  "" | --quick) ;;
+  *) echo "usage: scripts/test-arm64.sh [--quick]" >&2; exit 2 ;;
+esac
+quick=${1-}
+list=scripts/arm64/not-run.txt
+# Blocks of units, arguments of any number, bytes with their highest bit, and calls between host and extension.
+quick_tests=(unitblocks-tests bxstring-tests portable-tests platform-tests bridge-calls)
+
+scripts/install-dependencies.sh
+scripts/install-arm64.sh
+
+# The names in the list: those of whole tests, or those after a colon.
+whole_tests() { sed -nE 's/^([^#: ]+) .*/\1/p' "$list"; }
+parts_of_tests() { sed -nE 's/^[^#: ]+:([^ ]+) .*/\1/p' "$list"; }
+
+# A name in the list that is no test's any more would go unnoticed.
+check_list() {
+  local known name
+  known=$(ctest --preset arm64 -N)
+  for name in $(whole_tests); do
+    grep -q ": $name\$" <<<"$known" || { echo "$list: there is no test $name" >&2; return 1; }
+  done
+  for name in $(parts_of_tests); do
+    grep -rqw "${name##*.}" tests/host/program tests/examples --include='*_test.py' ||
+      { echo "$list: there is no test $name" >&2; return 1; }
+  done
+}
+
+echo "== arm64"
+cmake --preset arm64 -DBRV_BUILD_TESTS=ON >/dev/null
+if [ "$quick" ]; then
+  cmake --build --preset arm64 -j "$(nproc)" --target "${quick_tests[@]}" LegerLines emulated-brvhost
+  for name in "${quick_tests[@]}"; do
+    qemu-aarch64-static "build/arm64/tests/$name" --gtest_brief=1
+  done
+  export BRV_SHARED_DIR=/nowhere  # the samples alone
+else
+  cmake --build --preset arm64 -j "$(nproc)"
+  check_list
+  BRV_NOT_RUN=$(parts_of_tests) ctest --preset arm64 -j "$(nproc)" -E "^($(whole_tests | sed 's/\./\\./g' | paste -sd '|'))\$"
+fi
+
+echo "== arm64 beside $(uname -m)"
+cmake --preset release -DBRV_BUILD_TESTS=ON >/dev/null
+cmake --build --preset release -j "$(nproc)" --target brvhost LegerLines
+scripts/arm64/same-results.sh build/release build/arm64
+
+[ "$quick" ] || { echo "Not run here:" && sed -nE 's/^([^#])/  \1/p' "$list"; }
