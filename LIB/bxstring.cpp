@@ -14,13 +14,23 @@ constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
 // So many blocks are checked one by one before four at a time pay off: most texts are names of a few units.
 constexpr std::size_t kShortTextBlocks = 4;
 
+FourBlocks LoadFour(const UniChar* units) {
+  return {{LoadBlock(units), LoadBlock(units + kBlockUnits), LoadBlock(units + 2 * kBlockUnits),
+           LoadBlock(units + 3 * kBlockUnits)}};
+}
+
 struct IsEnd {
   UnitBlock operator()(UnitBlock block) const { return MarkZero(block); }
+  UnitBlock InAny(const FourBlocks& four) const { return MarkZeroInAny(four); }
   bool operator()(UniChar unit) const { return unit == 0; }
 };
 
 struct IsUnitOrEnd {
   UnitBlock operator()(UnitBlock block) const { return Either(MarkEqual(block, Filled(wanted)), MarkZero(block)); }
+  UnitBlock InAny(const FourBlocks& four) const {
+    const IsUnitOrEnd& stopsAt = *this;
+    return Either(Either(stopsAt(four.at[0]), stopsAt(four.at[1])), Either(stopsAt(four.at[2]), stopsAt(four.at[3])));
+  }
   bool operator()(UniChar unit) const { return unit == wanted || unit == 0; }
 
   UniChar wanted;
@@ -44,10 +54,7 @@ const UniChar* Scan(const UniChar* units, StopsAt stopsAt) {
     const std::size_t shortText = std::min(blocks, kShortTextBlocks);
     if (nextStop(shortText)) return units;
     for (blocks -= shortText; blocks >= 4; blocks -= 4, units += 4 * kBlockUnits) {
-      const UnitBlock first = Either(stopsAt(LoadBlock(units)), stopsAt(LoadBlock(units + kBlockUnits)));
-      const UnitBlock second =
-          Either(stopsAt(LoadBlock(units + 2 * kBlockUnits)), stopsAt(LoadBlock(units + 3 * kBlockUnits)));
-      if (AnyMarked(Either(first, second))) break;
+      if (AnyMarked(stopsAt.InAny(LoadFour(units)))) break;
     }
     if (nextStop(blocks)) return units;
     for (; BlocksInPage(units) == 0; ++units) {
@@ -105,12 +112,9 @@ int Compare(const UniChar* a, const UniChar* b, std::size_t limit) {
   std::size_t copied = 0;
   for (; blocks - copied >= 4; copied += 4) {
     const UniChar* const from = src + copied * kBlockUnits;
-    const UnitBlock four[] = {LoadBlock(from), LoadBlock(from + kBlockUnits), LoadBlock(from + 2 * kBlockUnits),
-                              LoadBlock(from + 3 * kBlockUnits)};
-    const UnitBlock first = Either(MarkZero(four[0]), MarkZero(four[1]));
-    const UnitBlock second = Either(MarkZero(four[2]), MarkZero(four[3]));
-    if (AnyMarked(Either(first, second))) break;
-    for (std::size_t i = 0; i < 4; ++i) StoreBlock(dst + (copied + i) * kBlockUnits, four[i]);
+    const FourBlocks four = LoadFour(from);
+    if (AnyMarked(MarkZeroInAny(four))) break;
+    for (std::size_t i = 0; i < 4; ++i) StoreBlock(dst + (copied + i) * kBlockUnits, four.at[i]);
   }
   return copied;
 }

@@ -1,11 +1,12 @@
 // Blocks of UTF-16 units that are processed at once. Each processor has a form of them in a header of its own, which
 // this one chooses while compiling: one source is compiled for each processor that a universal executable has.
 //
-// Every form has the type UnitBlock, the number kBlockUnits, and the same functions:
+// Every form has the types UnitBlock and FourBlocks, the number kBlockUnits, and the same functions:
 //   LoadBlock, StoreBlock     from and to any address, odd ones included
 //   StoreFirstUnits           the first units of a block, up to all of them
 //   Filled                    a block of one unit
 //   MarkEqual, MarkZero       where two blocks are equal; where a block is 0
+//   MarkZeroInAny             where any of four blocks is 0
 //   MarkPair                  where a unit is followed by another or may be: what follows the block is not known
 //   Either, Both, OnlyFirst   marks in a or b, in a and b, in a and not in b
 //   AnyMarked, AllMarked

@@ -11,6 +11,9 @@
 #include "singleunits.h"
 
 typedef uint16x8_t UnitBlock;
+struct FourBlocks {
+  UnitBlock at[4];
+};
 inline constexpr std::size_t kBlockUnits = sizeof(UnitBlock) / sizeof(UniChar);
 
 // Not checked by the address sanitizer: it would report the units after the end of the text, which are loaded but never
@@ -53,6 +56,10 @@ inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
 }
 inline UnitBlock Either(UnitBlock a, UnitBlock b) { return vorrq_u16(a, b); }
 inline UnitBlock Both(UnitBlock a, UnitBlock b) { return vandq_u16(a, b); }
+// The least of four units is 0 if any of them is.
+inline UnitBlock MarkZeroInAny(const FourBlocks& four) {
+  return MarkZero(vminq_u16(vminq_u16(four.at[0], four.at[1]), vminq_u16(four.at[2], four.at[3])));
+}
 // Marked in a, and not in b.
 inline UnitBlock OnlyFirst(UnitBlock a, UnitBlock b) { return vbicq_u16(a, b); }
 

@@ -9,6 +9,9 @@
 #include "singleunits.h"
 
 typedef std::uint64_t UnitBlock;
+struct FourBlocks {
+  UnitBlock at[4];
+};
 inline constexpr std::size_t kBlockUnits = sizeof(UnitBlock) / sizeof(UniChar);
 static_assert(std::endian::native == std::endian::little, "the first unit of a block is its lowest");
 
@@ -44,6 +47,9 @@ inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
 }
 inline UnitBlock Either(UnitBlock a, UnitBlock b) { return a | b; }
 inline UnitBlock Both(UnitBlock a, UnitBlock b) { return a & b; }
+inline UnitBlock MarkZeroInAny(const FourBlocks& four) {
+  return Either(Either(MarkZero(four.at[0]), MarkZero(four.at[1])), Either(MarkZero(four.at[2]), MarkZero(four.at[3])));
+}
 // Marked in a, and not in b.
 inline UnitBlock OnlyFirst(UnitBlock a, UnitBlock b) { return a & ~b; }
 

@@ -10,6 +10,9 @@
 #include "singleunits.h"
 
 typedef __m128i UnitBlock;
+struct FourBlocks {
+  UnitBlock at[4];
+};
 inline constexpr std::size_t kBlockUnits = sizeof(UnitBlock) / sizeof(UniChar);
 
 // Not checked by the address sanitizer: it would report the units after the end of the text, which are loaded but never
@@ -52,6 +55,9 @@ inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
 }
 inline UnitBlock Either(UnitBlock a, UnitBlock b) { return _mm_or_si128(a, b); }
 inline UnitBlock Both(UnitBlock a, UnitBlock b) { return _mm_and_si128(a, b); }
+inline UnitBlock MarkZeroInAny(const FourBlocks& four) {
+  return Either(Either(MarkZero(four.at[0]), MarkZero(four.at[1])), Either(MarkZero(four.at[2]), MarkZero(four.at[3])));
+}
 // Marked in a, and not in b.
 inline UnitBlock OnlyFirst(UnitBlock a, UnitBlock b) { return _mm_andnot_si128(b, a); }
 

@@ -17,7 +17,7 @@ WARNINGS = {"-Wall", "-Wextra", "-Wpedantic", "-Wshadow"}
 SANITIZERS = "-fsanitize=address,undefined"
 COUNTING = {"--coverage", "-fprofile-update=atomic"}
 # Presets for those who change the sources, and for those who only build them.
-CHECKING, LENIENT = {"release", "asan", "tsan", "fuzz", "coverage", "clang"}, {"macos", "macos-cross"}
+CHECKING, LENIENT = {"release", "asan", "tsan", "fuzz", "coverage", "clang", "arm64"}, {"macos", "macos-cross"}
 
 
 def run(*command):

@@ -77,6 +77,17 @@ TEST(UnitBlocks, MarkEachUnitThatIsEqualOrZero) {
   }
 }
 
+TEST(UnitBlocks, MarkWhereAnyOfFourIsZero) {
+  for (const Block& block : Blocks()) {
+    const unsigned zeros = Bits(block, [](UniChar unit) { return unit == 0; });
+    for (std::size_t place = 0; place < 4; ++place) {
+      FourBlocks four = {{Filled(1), Filled(0x7FFF), Filled(0x8001), Filled(0xFFFF)}};
+      four.at[place] = Loaded(block);
+      EXPECT_EQ(MarkedUnits(MarkZeroInAny(four)), zeros);
+    }
+  }
+}
+
 TEST(UnitBlocks, MarkPairsAndAFirstUnitAtTheEnd) {
   for (const Block& block : Blocks()) {
     for (const UniChar first : block) {
