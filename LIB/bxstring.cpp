@@ -178,9 +178,11 @@ UniChar* bx_strstr(const UniChar* haystack, const UniChar* needle) {
       // Most blocks do not have the first unit. Where it is frequent, checking the second as well rules out most places
       // without a scan for each.
       const UnitBlock block = LoadBlock(at);
-      if (!AnyMarked(Either(MarkEqual(block, Filled(first)), MarkZero(block)))) continue;
+      const UnitBlock zeros = MarkZero(block);
+      if (!AnyMarked(Either(MarkEqual(block, Filled(first)), zeros))) continue;
       const UnitBlock pairs = MarkPair(block, first, second);
-      const unsigned ends = MarkedUnits(MarkZero(block));
+      if (!AnyMarked(Either(pairs, zeros))) continue;
+      const unsigned ends = MarkedUnits(zeros);
       const unsigned upToEnd = ends ^ (ends - 1);
       for (unsigned places = MarkedUnits(pairs) & upToEnd; places != 0; places &= places - 1) {
         const UniChar* place = at + std::countr_zero(places);

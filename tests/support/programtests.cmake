@@ -31,6 +31,7 @@ function(add_program_test name file label)
       BRV_FAULTY_BUNDLES=${CMAKE_BINARY_DIR}/tests/bundles
       BRV_SAMPLES=${PROJECT_SOURCE_DIR}/samples
       BRV_SANITIZED=${sanitized}
+      BRV_EMULATED=$<IF:$<BOOL:${CMAKE_CROSSCOMPILING_EMULATOR}>,ON,OFF>
       BRV_COUNTED=$<IF:$<BOOL:${BRV_COVERAGE}>,ON,OFF>
       BRV_SOURCE=${PROJECT_SOURCE_DIR}
       BRV_SHARE=${CMAKE_BINARY_DIR}/share

@@ -14,6 +14,8 @@ namespace brvhost {
 namespace {
 
 constexpr std::size_t kMegabyte = 1 << 20;
+// More than any bound allows here: where none holds, not all of the machine's memory is taken.
+constexpr int kMaxPieces = 1000;
 
 using Pieces = std::forward_list<std::unique_ptr<char[]>>;
 
@@ -22,7 +24,7 @@ Pieces TakeAll() {
   Pieces pieces;
   for (std::size_t size = kMegabyte; size >= 1024; size /= 2) {
     try {
-      for (;;) pieces.emplace_front(new char[size]);
+      for (int i = 0; i < kMaxPieces; ++i) pieces.emplace_front(new char[size]);
     } catch (const std::bad_alloc&) {
     }
   }

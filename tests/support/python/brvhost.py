@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import re
 import subprocess
 import tempfile
 import unittest
@@ -13,11 +14,15 @@ EXECUTABLE_FOLDER = os.environ["BRV_EXECUTABLE_FOLDER"]
 BUNDLES = pathlib.Path(os.environ["BRV_FAULTY_BUNDLES"])
 SANITIZED = os.environ["BRV_SANITIZED"] == "ON"
 COUNTED = os.environ["BRV_COUNTED"] == "ON"
+EMULATED = os.environ["BRV_EMULATED"] == "ON"
 # Tests, by their class or by class and name, that cannot be run where these are.
 NOT_RUN = os.environ.get("BRV_NOT_RUN", "").split()
 SAMPLES = pathlib.Path(os.environ["BRV_SAMPLES"])
 
 HIDE, SHOW = 0, 1
+
+# What the emulator prints besides when a program crashes.
+_EMULATORS_LINE = re.compile(r"^.*qemu: uncaught target signal .*\n", re.MULTILINE)
 
 
 def faulty(name):
@@ -27,8 +32,11 @@ def faulty(name):
 def brvhost(*arguments, environment=None, **options):
     """The finished process, its output as text; it has no terminal."""
     options.setdefault("stdin", subprocess.DEVNULL)
-    return subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=300,
-                          env={**os.environ, "LANGUAGE": "en", **(environment or {})}, **options)
+    process = subprocess.run([PROGRAM, *map(str, arguments)], capture_output=True, text=True, timeout=300,
+                             env={**os.environ, "LANGUAGE": "en", **(environment or {})}, **options)
+    if EMULATED:
+        process.stderr = _EMULATORS_LINE.sub("", process.stderr)
+    return process
 
 
 def run(item, *arguments, bundle=LEGER_LINES, environment=None):
