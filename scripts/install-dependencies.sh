@@ -15,9 +15,12 @@ packages=(
 missing=()
 # npm fetches the toolchain for macOS; wherever it came from, one is enough.
 if [ $# -eq 0 ] && ! command -v npm >/dev/null; then missing+=(npm); fi
+# A name may be that of packages of several architectures.
+architecture=$(dpkg --print-architecture)
 for package in "${packages[@]}"; do
-  status=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
-  [ "$status" = installed ] || missing+=("$package")
+  [[ "$package" == *:* ]] && wanted=${package#*:} || wanted=$architecture
+  status=$(dpkg-query -W -f '${Architecture} ${db:Status-Status}\n' "$package" 2>/dev/null || true)
+  grep -Eq "^($wanted|all) installed\$" <<<"$status" || missing+=("$package")
 done
 [ ${#missing[@]} -gt 0 ] || exit 0
 
