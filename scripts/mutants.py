@@ -49,7 +49,7 @@ def changes_of(path):
 
 
 def is_built(path):
-    return path.suffix in (".cpp", ".h") and not path.stem.endswith("_mac")
+    return path.suffix in (".cpp", ".h") and not path.stem.endswith(("_mac", "_neon"))
 
 
 def chosen(folders, count, seed):
