@@ -63,8 +63,8 @@ class Arguments {
     types_[at] = type;
   }
 
-  // Through a pointer: a list itself is an array on some processors and a struct on others, and a function that is given a
-  // struct reads from a copy.
+  // Through a pointer: a list itself is an array on some processors and a struct on others, and a function that is
+  // given a struct reads from a copy.
   static Argument Read(ArgumentType type, va_list* list) {
     Argument argument{};
     switch (type) {
