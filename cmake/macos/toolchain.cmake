@@ -1,17 +1,20 @@
-# Builds for macOS (x86-64, from version 11) on Linux: compiler and C and C++ headers of the Zig toolchain, LLVM's linker
-# for Mach-O, the declarations of platform/, and stubs of the system's libraries. scripts/build-macos.sh sets the two paths.
+# Builds for macOS (from version 11, one processor) on Linux: compiler and C and C++ headers of the Zig toolchain, LLVM's
+# linker for Mach-O, the declarations of platform/, and stubs of the system's libraries. scripts/build-macos.sh sets the two
+# paths, and joins what is built for either processor.
 set(BRV_ZIG "" CACHE FILEPATH "The zig program, in the folder of its toolchain")
 set(BRV_LD64 "" CACHE FILEPATH "LLVM's linker for Mach-O, ld64.lld")
-set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES BRV_ZIG BRV_LD64)
+set(BRV_MACOS_ARCHITECTURE "" CACHE STRING "The processor, as the linker names it: x86_64 or arm64")
+set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES BRV_ZIG BRV_LD64 BRV_MACOS_ARCHITECTURE)
 # The compiler's checks need no linker then.
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 
 set(CMAKE_SYSTEM_NAME Darwin)
-set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_SYSTEM_PROCESSOR ${BRV_MACOS_ARCHITECTURE})
 set(CMAKE_C_COMPILER ${BRV_ZIG} cc)
 set(CMAKE_CXX_COMPILER ${BRV_ZIG} c++)
-set(CMAKE_C_COMPILER_TARGET x86_64-macos.11.0)
-set(CMAKE_CXX_COMPILER_TARGET x86_64-macos.11.0)
+string(REPLACE arm64 aarch64 compiler_target ${BRV_MACOS_ARCHITECTURE}-macos.11.0)
+set(CMAKE_C_COMPILER_TARGET ${compiler_target})
+set(CMAKE_CXX_COMPILER_TARGET ${compiler_target})
 set(CMAKE_AR ${BRV_ZIG})
 set(CMAKE_RANLIB ${BRV_ZIG})
 set(CMAKE_INSTALL_NAME_TOOL ${CMAKE_COMMAND})

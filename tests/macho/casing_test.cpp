@@ -5,7 +5,9 @@
 #include <fstream>
 #include <iterator>
 
+#include "tests/macho/loader/fatfile.h"
 #include "tests/macho/loader/machofile.h"
+#include "tests/macho/loader/processor.h"
 #include "tests/support/imageundertest.h"
 
 namespace {
@@ -16,7 +18,8 @@ TEST(Casing, IsWhatTheTestsOfTheMacOSImageDrive) {
 
 TEST(Casing, RunsTheVeryBytesOfTheFile) {
   std::ifstream stream(BRV_MACOS_IMAGE, std::ios::binary);
-  const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
+  const std::string universal{std::istreambuf_iterator<char>(stream), {}};
+  const std::string_view bytes = macho::ImageFor(macho::kOwnCpuType, universal);
   const macho::MachOFile file = macho::ReadMachO(bytes);
   const auto symbol = std::find_if(file.exports.begin(), file.exports.end(),
                                    [](const macho::Export& e) { return e.name == "_InitializeGlobals"; });

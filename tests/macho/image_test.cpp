@@ -3,8 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -14,13 +12,13 @@
 #include <set>
 #include <sstream>
 
+#include "tests/macho/loader/fatfile.h"
 #include "tests/macho/loader/machofile.h"
 #include "tests/macho/loader/machoformat.h"
 
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::UnorderedElementsAreArray;
 
 std::string BytesOf(const std::string& path) {
@@ -29,21 +27,29 @@ std::string BytesOf(const std::string& path) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-const std::string& ImageBytes() {
+const std::string& FileBytes() {
   static const std::string bytes = BytesOf(BRV_MACOS_IMAGE);
   return bytes;
 }
 
-const macho::MachOFile& Image() {
-  static const macho::MachOFile image = macho::ReadMachO(ImageBytes());
-  return image;
-}
-
-std::vector<macho::Bind> AllBinds() {
-  std::vector<macho::Bind> binds = Image().binds;
-  binds.insert(binds.end(), Image().lazyBinds.begin(), Image().lazyBinds.end());
+std::vector<macho::Bind> AllBinds(const macho::MachOFile& image) {
+  std::vector<macho::Bind> binds = image.binds;
+  binds.insert(binds.end(), image.lazyBinds.begin(), image.lazyBinds.end());
   return binds;
 }
+
+// What holds for the image of either processor.
+class MacOSImage : public testing::TestWithParam<std::uint32_t> {
+ protected:
+  std::uint32_t Processor() const { return GetParam(); }
+  const std::string_view bytes_ = macho::ImageFor(Processor(), FileBytes());
+  const macho::MachOFile image_ = macho::ReadMachO(bytes_);
+};
+
+INSTANTIATE_TEST_SUITE_P(EitherProcessor, MacOSImage, testing::Values(macho::CPU_TYPE_X86_64, macho::CPU_TYPE_ARM64),
+                         [](const testing::TestParamInfo<std::uint32_t>& processor) {
+                           return processor.param == macho::CPU_TYPE_ARM64 ? "arm64" : "x86_64";
+                         });
 
 const std::string kFrameworks = "/System/Library/Frameworks/";
 const std::string kCoreFoundation = kFrameworks + "CoreFoundation.framework/Versions/A/CoreFoundation";
@@ -77,16 +83,9 @@ std::string ReadableName(const std::string& symbol) {
 }
 
 std::vector<std::string> NamesInLinuxBundle() {
-  const std::string command = BRV_NM " -D --defined-only " BRV_LINUX_IMAGE;
-  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+  std::istringstream lines(BytesOf(BRV_LINUX_EXPORTS));
   std::vector<std::string> names;
-  std::array<char, 4096> line;
-  while (std::fgets(line.data(), line.size(), pipe.get()) != nullptr) {
-    std::istringstream words(line.data());
-    std::string address, kind, name;
-    words >> address >> kind >> name;
-    names.push_back(ReadableName(name));
-  }
+  for (std::string address, kind, name; lines >> address >> kind >> name;) names.push_back(ReadableName(name));
   return names;
 }
 
@@ -102,30 +101,17 @@ std::set<std::string> PathsIn(const std::string& bytes) {
   return paths;
 }
 
-TEST(MacOSImage, IsALoadableBundleForIntelMacs) {
-  EXPECT_EQ(Image().fileType, macho::MH_BUNDLE);
-  EXPECT_EQ(Image().cpuType, macho::CPU_TYPE_X86_64);
+TEST(MacOSExecutable, HoldsAnImageForEitherProcessorOfMacs) {
+  std::vector<std::uint32_t> processors;
+  for (const macho::FatImage& image : macho::ReadFat(FileBytes())) processors.push_back(image.cpuType);
+  EXPECT_THAT(processors, ElementsAre(macho::CPU_TYPE_X86_64, macho::CPU_TYPE_ARM64));
 }
 
-TEST(MacOSImage, RunsFromMacOS11On) {
-  EXPECT_EQ(Image().platform, macho::PLATFORM_MACOS);
-  EXPECT_EQ(Image().minimumSystem, 0x000B0000u);
-}
-
-TEST(MacOSImage, NamesTheLibraryOfEachImport) { EXPECT_NE(Image().flags & macho::MH_TWOLEVEL, 0u); }
-
-TEST(MacOSImage, NeedsTheseLibrariesOnly) {
-  EXPECT_THAT(Image().libraries, ElementsAre(kCoreFoundation, kCarbon, kAppKit, kObjectiveC, kCxx, kSystem));
-}
-
-TEST(MacOSImage, ImportsEachSymbolFromTheLibraryThatHasItOnAMac) {
-  ASSERT_FALSE(AllBinds().empty());
-  for (const macho::Bind& bind : AllBinds()) EXPECT_EQ(bind.library, HomeOf(bind.symbol)) << bind.symbol;
-}
-
-TEST(MacOSImage, FindsNothingInItsStubsThatItDoesNotImport) {
+TEST(MacOSExecutable, FindsNothingInItsStubsThatNoImageImports) {
   std::set<std::string> imported;
-  for (const macho::Bind& bind : AllBinds()) imported.insert(bind.symbol);
+  for (const macho::FatImage& image : macho::ReadFat(FileBytes())) {
+    for (const macho::Bind& bind : AllBinds(macho::ReadMachO(image.bytes))) imported.insert(bind.symbol);
+  }
   for (const std::string stub : {BRV_STUBS "/System/Library/Frameworks/CoreFoundation.framework/CoreFoundation.tbd",
                                  BRV_STUBS "/System/Library/Frameworks/Carbon.framework/Carbon.tbd",
                                  BRV_STUBS "/System/Library/Frameworks/AppKit.framework/AppKit.tbd",
@@ -140,25 +126,62 @@ TEST(MacOSImage, FindsNothingInItsStubsThatItDoesNotImport) {
   }
 }
 
-TEST(MacOSImage, ExportsWhatTheLinuxBundleExports) {
+TEST(MacOSExecutable, HoldsNoPathButThoseOfTheSystemsLibraries) {
+  std::set<std::string> expected = {kCoreFoundation, kCarbon, kAppKit, kObjectiveC, kCxx, kSystem};
+  EXPECT_EQ(PathsIn(FileBytes()), expected);
+  EXPECT_EQ(FileBytes().find(BRV_SOURCE_DIR), std::string::npos);
+  EXPECT_EQ(FileBytes().find(std::getenv("HOME")), std::string::npos);
+}
+
+TEST_P(MacOSImage, IsALoadableBundleForItsProcessor) {
+  EXPECT_EQ(image_.fileType, macho::MH_BUNDLE);
+  EXPECT_EQ(image_.cpuType, Processor());
+}
+
+TEST_P(MacOSImage, RunsFromMacOS11On) {
+  EXPECT_EQ(image_.platform, macho::PLATFORM_MACOS);
+  EXPECT_EQ(image_.minimumSystem, 0x000B0000u);
+}
+
+TEST_P(MacOSImage, HasItsSegmentsOnPagesOfItsProcessor) {
+  const std::uint64_t pageSize = Processor() == macho::CPU_TYPE_ARM64 ? 16384 : 4096;
+  for (const macho::Segment& segment : image_.segments) {
+    EXPECT_EQ(segment.address % pageSize, 0u) << segment.name;
+    EXPECT_EQ(segment.fileOffset % pageSize, 0u) << segment.name;
+  }
+}
+
+TEST_P(MacOSImage, HasNoPageThatIsWrittenAndRun) {
+  for (const macho::Segment& segment : image_.segments) {
+    EXPECT_NE(segment.protection & (macho::VM_PROT_WRITE | macho::VM_PROT_EXECUTE),
+              macho::VM_PROT_WRITE | macho::VM_PROT_EXECUTE)
+        << segment.name;
+  }
+}
+
+TEST_P(MacOSImage, NamesTheLibraryOfEachImport) { EXPECT_NE(image_.flags & macho::MH_TWOLEVEL, 0u); }
+
+TEST_P(MacOSImage, NeedsTheseLibrariesOnly) {
+  EXPECT_THAT(image_.libraries, ElementsAre(kCoreFoundation, kCarbon, kAppKit, kObjectiveC, kCxx, kSystem));
+}
+
+TEST_P(MacOSImage, ImportsEachSymbolFromTheLibraryThatHasItOnAMac) {
+  ASSERT_FALSE(AllBinds(image_).empty());
+  for (const macho::Bind& bind : AllBinds(image_)) EXPECT_EQ(bind.library, HomeOf(bind.symbol)) << bind.symbol;
+}
+
+TEST_P(MacOSImage, ExportsWhatTheLinuxBundleExports) {
   std::vector<std::string> exported;
-  for (const macho::Export& symbol : Image().exports) {
+  for (const macho::Export& symbol : image_.exports) {
     ASSERT_EQ(symbol.name.front(), '_');
     exported.push_back(ReadableName(symbol.name.substr(1)));
   }
   EXPECT_THAT(exported, UnorderedElementsAreArray(NamesInLinuxBundle()));
 }
 
-TEST(MacOSImage, HoldsNoPathButThoseOfTheSystemsLibraries) {
-  std::set<std::string> expected = {kCoreFoundation, kCarbon, kAppKit, kObjectiveC, kCxx, kSystem};
-  EXPECT_EQ(PathsIn(ImageBytes()), expected);
-  EXPECT_EQ(ImageBytes().find(BRV_SOURCE_DIR), std::string::npos);
-  EXPECT_EQ(ImageBytes().find(std::getenv("HOME")), std::string::npos);
-}
-
-TEST(ReadMachO, RefusesAFileThatIsCutOff) {
-  for (std::size_t size = 0; size < ImageBytes().size(); size += 97) {
-    EXPECT_THROW(macho::ReadMachO(std::string_view(ImageBytes()).substr(0, size)), std::runtime_error) << size;
+TEST_P(MacOSImage, IsRefusedWhenItIsCutOff) {
+  for (std::size_t size = 0; size < bytes_.size(); size += 97) {
+    EXPECT_THROW(macho::ReadMachO(bytes_.substr(0, size)), std::runtime_error) << size;
   }
 }
 

@@ -3,7 +3,9 @@
 #include <cstdlib>
 #include <exception>
 
+#include "tests/macho/loader/fatfile.h"
 #include "tests/macho/loader/machoload.h"
+#include "tests/macho/loader/processor.h"
 
 extern "C" {
 extern const char machoFile[];
@@ -14,8 +16,9 @@ extern char machoMemory[];
 namespace {
 
 __attribute__((constructor)) void Load() {
-  const std::string_view bytes(machoFile, static_cast<std::size_t>(machoFileEnd - machoFile));
+  const std::string_view file(machoFile, static_cast<std::size_t>(machoFileEnd - machoFile));
   try {
+    const std::string_view bytes = macho::ImageFor(macho::kOwnCpuType, file);
     macho::LoadMachO(macho::ReadMachO(bytes), bytes, machoMemory);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "The macOS image does not load: %s\n", error.what());

@@ -11,8 +11,10 @@
 #include <iostream>
 #include <iterator>
 
+#include "tests/macho/loader/fatfile.h"
 #include "tests/macho/loader/machofile.h"
 #include "tests/macho/loader/machoformat.h"
+#include "tests/macho/loader/processor.h"
 
 namespace {
 
@@ -42,7 +44,7 @@ void WriteSymbol(const macho::MachOFile& file, const macho::Export& symbol) {
 void WriteCasing(const std::string& path) {
   std::ifstream stream(path, std::ios::binary);
   const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-  const macho::MachOFile file = macho::ReadMachO(bytes);
+  const macho::MachOFile file = macho::ReadMachO(macho::ImageFor(macho::kOwnCpuType, bytes));
   std::cout << "    .section .note.GNU-stack,\"\",@progbits\n"
             << "    .section .rodata\n"
             << "    .globl machoFile, machoFileEnd, machoMemory\n"
@@ -51,7 +53,7 @@ void WriteCasing(const std::string& path) {
             << "    .incbin \"" << path << "\"\n"
             << "machoFileEnd:\n"
             << "    .section .bss.macho,\"aw\",@nobits\n"
-            << "    .balign 4096\n"
+            << "    .balign 16384\n"
             << "machoMemory:\n"
             << "    .skip " << file.Size() << "\n";
   for (const macho::Export& symbol : file.exports) WriteSymbol(file, symbol);

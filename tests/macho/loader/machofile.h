@@ -52,8 +52,8 @@ struct MachOFile {
   std::uint64_t Size() const;
 };
 
-// Reads a file for x86-64 that was linked at address 0. Throws std::runtime_error if it is not one, or needs something
-// that the loader does not support.
+// Reads the image for one processor, linked at address 0. Throws std::runtime_error if it is not one, or needs
+// something that the loader does not support.
 MachOFile ReadMachO(std::string_view bytes);
 
 }  // namespace macho

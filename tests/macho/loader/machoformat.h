@@ -1,16 +1,26 @@
 // The records and numbers of a Mach-O file that the loader reads, under the names that the format's documentation gives
-// them. 64-bit, little-endian.
+// them. 64-bit, little-endian; but for the header of a universal file, which is big-endian.
 #pragma once
 
 #include <cstdint>
 
 namespace macho {
 
+struct fat_header {
+  std::uint32_t magic, nfat_arch;
+};
+struct fat_arch {
+  std::uint32_t cputype, cpusubtype, offset, size, align;
+};
+inline constexpr std::uint32_t FAT_MAGIC = 0xCAFEBABE;
+inline constexpr std::uint32_t MAX_FAT_ALIGN = 15;  // two to this power
+
 struct mach_header_64 {
   std::uint32_t magic, cputype, cpusubtype, filetype, ncmds, sizeofcmds, flags, reserved;
 };
 inline constexpr std::uint32_t MH_MAGIC_64 = 0xFEEDFACF;
 inline constexpr std::uint32_t CPU_TYPE_X86_64 = 0x01000007;
+inline constexpr std::uint32_t CPU_TYPE_ARM64 = 0x0100000C;
 inline constexpr std::uint32_t MH_BUNDLE = 8;
 inline constexpr std::uint32_t MH_TWOLEVEL = 0x80;
 

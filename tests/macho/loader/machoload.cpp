@@ -32,6 +32,8 @@ void CopySegments(const MachOFile& file, std::string_view bytes, char* memory) {
   for (const Segment& segment : file.segments) {
     std::memcpy(memory + segment.address, bytes.data() + segment.fileOffset, segment.fileSize);
   }
+  // The processor may know other instructions of that memory.
+  __builtin___clear_cache(memory, memory + file.Size());
 }
 
 void Rebase(const MachOFile& file, char* memory) {
