@@ -27,6 +27,8 @@ check_list() {
   local known name
   known=$(ctest --preset arm64 -N)
   for name in $(whole_tests); do
+    # Without the toolchain for macOS one test takes the place of all of that image.
+    if [[ $name == macho.* ]] && grep -q ': macho\.TheBundleForMacOSIsTested$' <<<"$known"; then continue; fi
     grep -q ": $name\$" <<<"$known" || { echo "$list: there is no test $name" >&2; return 1; }
   done
   for name in $(parts_of_tests); do

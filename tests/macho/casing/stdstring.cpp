@@ -8,8 +8,29 @@
 
 namespace {
 
-// A std::string as libc++ lays it out: in place up to 22 characters, their count doubled in the first byte; else
-// capacity with the lowest bit set, count, and memory of operator new. All zero is an empty one.
+#if defined(__aarch64__)
+// Where libc++ for arm64 has a text of up to 22 characters, and their count.
+constexpr std::size_t kShortText = 0;
+constexpr std::size_t kShortCount = 23;
+constexpr unsigned kShortCountShift = 0;
+constexpr std::uint8_t kLongMark = 0x80;  // beside the count
+struct LongForm {
+  char* data;
+  std::size_t count, capacity;
+};
+#else
+constexpr std::size_t kShortText = 1;
+constexpr std::size_t kShortCount = 0;
+constexpr unsigned kShortCountShift = 1;
+constexpr std::uint8_t kLongMark = 0x01;
+struct LongForm {
+  std::size_t capacity, count;
+  char* data;
+};
+#endif
+
+// A std::string as libc++ lays it out: a short text in place, a longer one in memory of operator new. All zero is an
+// empty one.
 class LibcxxString {
  public:
   LibcxxString() = default;
@@ -22,16 +43,11 @@ class LibcxxString {
 
   std::string Text() const {
     if (IsLong()) return std::string(Long().data, Long().count);
-    return std::string(reinterpret_cast<const char*>(bytes_) + 1, bytes_[0] >> 1);
+    return std::string(reinterpret_cast<const char*>(bytes_) + kShortText, bytes_[kShortCount] >> kShortCountShift);
   }
 
  private:
-  struct LongForm {
-    std::size_t capacity, count;
-    char* data;
-  };
-
-  bool IsLong() const { return (bytes_[0] & 1) != 0; }
+  bool IsLong() const { return (bytes_[kShortCount] & kLongMark) != 0; }
   LongForm Long() const {
     LongForm form;
     std::memcpy(&form, bytes_, sizeof(form));

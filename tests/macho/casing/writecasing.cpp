@@ -33,12 +33,15 @@ std::uint64_t SizeOf(const macho::MachOFile& file, std::uint64_t address) {
   return (next == file.symbols.end() ? end : std::min(*next, end)) - address;
 }
 
+// A function of the casing may take the place of the exported one, and call it by its name after "image.".
 void WriteSymbol(const macho::MachOFile& file, const macho::Export& symbol) {
   const std::string name = symbol.name.substr(1);
   const bool isCode = (SectionOf(file, symbol.address).flags & macho::S_ATTR_PURE_INSTRUCTIONS) != 0;
-  std::cout << "    .globl " << name << "\n    .type " << name << (isCode ? ", @function\n" : ", @object\n")  //
-            << "    .set " << name << ", machoMemory + " << symbol.address << "\n"                            //
-            << "    .size " << name << ", " << SizeOf(file, symbol.address) << "\n";
+  std::cout << "    .weak " << name << "\n    .type " << name << (isCode ? ", @function\n" : ", @object\n")  //
+            << "    .set " << name << ", machoMemory + " << symbol.address << "\n"                           //
+            << "    .size " << name << ", " << SizeOf(file, symbol.address) << "\n"
+            << "    .globl image." << name << "\n    .hidden image." << name << "\n"  //
+            << "    .set image." << name << ", machoMemory + " << symbol.address << "\n";
 }
 
 void WriteCasing(const std::string& path) {

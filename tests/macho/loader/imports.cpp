@@ -7,6 +7,7 @@
 #include <map>
 #include <stdexcept>
 
+#include "conventions.h"
 #include "shims.h"
 
 namespace macho {
@@ -41,10 +42,19 @@ void* PlatformSymbol(const char* name) {
   return dlsym(handle, name);
 }
 
+#if defined(__x86_64__)
 void* CxxSymbol(const char* name) {
   static void* const handle = Open("libc++.so.1", RTLD_DEEPBIND);
   return dlsym(handle, name);
 }
+#else
+// Debian has libc++ for one architecture at a time. The C++ library of the process has the same functions under the
+// same names; what it has inline is a shim.
+void* CxxSymbol(const char* name) {
+  if (void* const shim = CxxShim(name)) return shim;
+  return dlsym(RTLD_DEFAULT, name);
+}
+#endif
 
 void* SystemSymbol(const char* name) {
   if (void* const shim = SystemShim(name)) return shim;
@@ -69,7 +79,7 @@ void* FindImport(const std::string& library, const std::string& symbol) {
   void* address = ProgramFunction(name);
   if (address == nullptr && found != libraries.end()) address = found->second(name);
   if (address == nullptr) throw std::runtime_error("no " + symbol + " for an import from " + library);
-  return address;
+  return ForImage(name, address);
 }
 
 }  // namespace macho

@@ -6,6 +6,7 @@
 #include <cassert>
 #include <cctype>
 #include <cerrno>
+#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -46,6 +47,17 @@ std::uintptr_t stackGuard = 0x00FF0A0D5AA55AA5;
 
 [[noreturn]] void BindLater() {
   std::fputs("a symbol was left to be bound at its first call\n", stderr);
+  std::abort();
+}
+
+// ---- libc++
+
+std::int64_t SteadyClockNow() {
+  return std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+[[noreturn]] void MakeExceptionOfLength() {
+  std::fputs("the image is about to throw, and no exception passes through its frames\n", stderr);
   std::abort();
 }
 
@@ -94,6 +106,14 @@ void* SystemShim(const char* name) {
       {"__stack_chk_guard", &stackGuard},
       {"__stack_chk_fail", Address(StackGuardFailed)},
       {"dyld_stub_binder", Address(BindLater)},
+  };
+  return Find(shims, name);
+}
+
+void* CxxShim(const char* name) {
+  static const Shims shims = {
+      {"_ZNSt3__16chrono12steady_clock3nowEv", Address(SteadyClockNow)},
+      {"_ZNSt20bad_array_new_lengthC1Ev", Address(MakeExceptionOfLength)},
   };
   return Find(shims, name);
 }
