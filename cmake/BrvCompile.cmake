@@ -11,7 +11,7 @@ endif()
 option(BRV_BUILD_HOST "Build brvhost" ${build_host_by_default})
 option(BRV_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(BRV_MACOS_TESTS "Build the bundle for macOS too, and run its tests on Linux" OFF)
-option(BRV_WERROR "Take warnings for errors" OFF)
+option(BRV_WERROR "Take warnings for errors, with a compiler that has been tried" OFF)
 set(BRV_SANITIZE "" CACHE STRING "Compile with these sanitizers, such as address,undefined or thread")
 option(BRV_FUZZ "Build the fuzz targets, with the tests: with clang for libFuzzer, else to run each corpus once" OFF)
 if(BRV_FUZZ AND CMAKE_CXX_COMPILER_ID STREQUAL Clang)
@@ -37,6 +37,20 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 
+# The first and the last version of each compiler that has been tried. Others may warn about what these do not, which is to
+# keep nobody from building: their warnings are no errors.
+set(tried_GNU 12 14)
+set(tried_Clang 14 19)
+set(compiler_is_tried OFF)
+if(DEFINED tried_${CMAKE_CXX_COMPILER_ID})
+  list(GET tried_${CMAKE_CXX_COMPILER_ID} 0 first_tried)
+  list(GET tried_${CMAKE_CXX_COMPILER_ID} 1 last_tried)
+  string(REGEX MATCH "^[0-9]+" compiler_version "${CMAKE_CXX_COMPILER_VERSION}")
+  if(compiler_version GREATER_EQUAL first_tried AND compiler_version LESS_EQUAL last_tried)
+    set(compiler_is_tried ON)
+  endif()
+endif()
+
 # brv_compile(<target>...): the warnings, and the sanitizers or the counting where they are asked for. Each target of ours is given it; an
 # author's extension, which the installed kit builds, is not.
 function(brv_compile)
@@ -46,7 +60,7 @@ function(brv_compile)
       # It takes some joins of standard strings for overlapping copies.
       target_compile_options(${target} PRIVATE -Wno-restrict)
     endif()
-    if(BRV_WERROR)
+    if(BRV_WERROR AND compiler_is_tried)
       target_compile_options(${target} PRIVATE -Werror)
     endif()
     if(BRV_SANITIZE)

@@ -33,7 +33,11 @@ function(_brv_register_test program whole prefix label)
     list(APPEND properties LABELS ${label})
   endif()
   if(NOT whole)
-    gtest_discover_tests(${program} TEST_PREFIX "${prefix}" TEST_LIST ${prefix}${program} DISCOVERY_TIMEOUT 60
+    set(names)
+    if(prefix)
+      set(names TEST_PREFIX ${prefix})
+    endif()
+    gtest_discover_tests(${program} ${names} TEST_LIST ${prefix}${program} DISCOVERY_TIMEOUT 60
                          PROPERTIES ${properties})
     return()
   endif()

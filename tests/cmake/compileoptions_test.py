@@ -7,6 +7,7 @@ import json
 import os
 import pathlib
 import shlex
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -56,6 +57,7 @@ class OurOptions(unittest.TestCase):
     def test_no_warning_is_an_error_unless_asked_for(self):
         self.assertEqual([file for file, words in self.plain if any(word.startswith("-Werror") for word in words)], [])
 
+    @unittest.skipUnless(os.environ["BRV_COMPILER_IS_TRIED"] == "ON", "a compiler that has not been tried")
     def test_each_warning_is_an_error_where_asked_for(self):
         self.assert_each_has("-Werror", self.asked)
 
@@ -73,6 +75,38 @@ class OurOptions(unittest.TestCase):
         strict = {preset["name"] for preset in presets if preset.get("cacheVariables", {}).get("BRV_WERROR") == "ON"}
         self.assertEqual(strict, CHECKING)
         self.assertEqual({preset["name"] for preset in presets if not preset.get("hidden")}, CHECKING | LENIENT)
+
+
+class Compilers(unittest.TestCase):
+    """Warnings are errors with the compilers that have been tried, and with no others."""
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        (self.folder / "one.cpp").touch()
+        (self.folder / "CMakeLists.txt").write_text(
+            f"cmake_minimum_required(VERSION 3.22)\nproject(One CXX)\ninclude({SOURCE}/cmake/BrvCompile.cmake)\n"
+            "add_library(One one.cpp)\nbrv_compile(One)\n")
+
+    def errs_with(self, compiler, macro, version):
+        """Whether warnings are errors with a compiler that takes itself for one of that version."""
+        build, pretender = self.folder / f"build-{version}", self.folder / f"c++-{version}"
+        pretender.write_text(f'#!/bin/sh\nexec {compiler} -U{macro} -D{macro}={version} "$@"\n')
+        pretender.chmod(0o755)
+        run("cmake", "-G", "Ninja", "-S", self.folder, "-B", build, f"-DCMAKE_CXX_COMPILER={pretender}", "-DBRV_WERROR=ON")
+        ((_, words),) = commands_in(build)
+        self.assertLessEqual(WARNINGS, set(words))
+        return "-Werror" in words
+
+    def test_of_gnu_are_tried_from_12_to_14(self):
+        self.assertEqual([self.errs_with("g++", "__GNUC__", version) for version in (11, 12, 14, 15)],
+                         [False, True, True, False])
+
+    @unittest.skipUnless(shutil.which("clang++"), "no clang++")
+    def test_of_clang_are_tried_from_14_to_19(self):
+        self.assertEqual([self.errs_with("clang++", "__clang_major__", version) for version in (13, 14, 19, 20)],
+                         [False, True, True, False])
 
 
 class AuthorsOptions(unittest.TestCase):
