@@ -173,7 +173,7 @@ int main(int argc, char** argv) {
   constexpr long kOptions = PTRACE_O_TRACESYSGOOD | PTRACE_O_EXITKILL | PTRACE_O_TRACEFORK | PTRACE_O_TRACEVFORK |
                             PTRACE_O_TRACECLONE | PTRACE_O_TRACEEXEC;
   if (!WIFSTOPPED(status) || ptrace(PTRACE_SETOPTIONS, program, nullptr, kOptions) != 0) return kNotPermitted;
-  const std::unique_ptr<std::FILE, decltype(&std::fclose)> list(std::fopen(argv[1], "w"), std::fclose);
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> list(std::fopen(argv[1], "w"), std::fclose);
   if (list == nullptr) return kNotPermitted;
   ptrace(PTRACE_SYSCALL, program, nullptr, nullptr);
   status = Tracer(program, {argv[2], argv[3], std::atol(argv[4]), argv[5]}, list.get()).Run();
