@@ -25,8 +25,7 @@ using Member = std::unique_ptr<zip_file_t, Discard>;
 
 [[noreturn]] void ThrowBroken(const std::string& reason) { throw InputError("not a readable .mxl archive: " + reason); }
 
-// What the library reports as text. That it has no memory, which it sometimes reports as no error, is the same as for
-// everybody else.
+// What the library reports as text. That it has no memory, which it sometimes reports as no error, is the same as for everybody else.
 std::string ReasonOf(zip_error_t* error) {
   const int code = zip_error_code_zip(error);
   if (code == ZIP_ER_MEMORY || code == ZIP_ER_OK) throw std::bad_alloc();
@@ -175,6 +174,36 @@ void KeepDates(zip_t* archive) {
   }
 }
 
+// The archive as it is written after one change to a member.
+template <class Change>
+std::string WithChange(std::string_view bytes, const std::string& member, Change change) {
+  Source source(bytes);
+  Archive archive = source.Open();
+  const zip_int64_t found = zip_name_locate(archive.get(), member.c_str(), 0);
+  if (found < 0) throw InputError("the archive has no member " + member);
+  change(archive.get(), static_cast<zip_uint64_t>(found));
+  KeepDates(archive.get());
+  if (zip_close(archive.get()) != 0) ThrowUnwritable(zip_get_error(archive.get()));
+  archive.release();
+  return source.Written();
+}
+
+bool IsStored(zip_t* archive, zip_uint64_t index) {
+  zip_stat_t status;
+  zip_stat_init(&status);
+  zip_stat_index(archive, index, 0, &status);
+  return (status.valid & ZIP_STAT_COMP_METHOD) != 0 && status.comp_method == ZIP_CM_STORE;
+}
+
+void Replace(zip_t* archive, zip_uint64_t index, std::string_view content) {
+  zip_source_t* const replacement = DeflatedSource(archive, content);
+  if (replacement == nullptr || zip_file_replace(archive, index, replacement, 0) != 0) {
+    zip_source_free(replacement);  // which the archive owns only once it has it
+    ThrowUnwritable(zip_get_error(archive));
+  }
+  zip_set_file_compression(archive, index, ZIP_CM_DEFAULT, 0);
+}
+
 }  // namespace
 
 bool IsArchive(std::string_view bytes) { return bytes.starts_with("PK\x03\x04") || bytes.starts_with("PK\x05\x06"); }
@@ -188,27 +217,17 @@ ArchivedScore ReadArchivedScore(std::string_view bytes, std::uint64_t maxSize) {
 }
 
 std::string ReplaceMember(std::string_view bytes, const std::string& member, std::string_view content) {
-  Source source(bytes);
-  Archive archive = source.Open();
-  const zip_int64_t found = zip_name_locate(archive.get(), member.c_str(), 0);
-  if (found < 0) throw InputError("the archive has no member " + member);
-  const auto index = static_cast<zip_uint64_t>(found);
-  zip_stat_t status;
-  zip_stat_init(&status);
-  zip_stat_index(archive.get(), index, 0, &status);
-  // A member that was stored stays stored.
-  const bool stored = (status.valid & ZIP_STAT_COMP_METHOD) != 0 && status.comp_method == ZIP_CM_STORE;
-  zip_source_t* const replacement = stored ? zip_source_buffer(archive.get(), content.data(), content.size(), 0)
-                                           : DeflatedSource(archive.get(), content);
-  if (replacement == nullptr || zip_file_replace(archive.get(), index, replacement, 0) != 0) {
-    zip_source_free(replacement);  // which the archive owns only once it has it
-    ThrowUnwritable(zip_get_error(archive.get()));
-  }
-  zip_set_file_compression(archive.get(), index, stored ? ZIP_CM_STORE : ZIP_CM_DEFAULT, 0);
-  KeepDates(archive.get());
-  if (zip_close(archive.get()) != 0) ThrowUnwritable(zip_get_error(archive.get()));
-  archive.release();
-  return source.Written();
+  bool isStored = false;
+  std::string replaced = WithChange(bytes, member, [&](zip_t* archive, zip_uint64_t index) {
+    isStored = IsStored(archive, index);
+    Replace(archive, index, content);
+  });
+  if (!isStored) return replaced;
+  // A member that was stored stays stored. Newer releases of the library pack new content again when it is to have the
+  // method that the old content had: the method is changed after the content.
+  return WithChange(replaced, member, [](zip_t* archive, zip_uint64_t index) {
+    if (zip_set_file_compression(archive, index, ZIP_CM_STORE, 0) != 0) ThrowUnwritable(zip_get_error(archive));
+  });
 }
 
 }  // namespace brvhost
