@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "host/files/archivereason.h"
 #include "host/files/deflate.h"
 #include "host/files/deflatedsource.h"
 #include "host/text/inputerror.h"
@@ -25,11 +26,11 @@ using Member = std::unique_ptr<zip_file_t, Discard>;
 
 [[noreturn]] void ThrowBroken(const std::string& reason) { throw InputError("not a readable .mxl archive: " + reason); }
 
-// What the library reports as text. That it has no memory, which it sometimes reports as no error, is the same as for everybody else.
+// That the library has no memory, which it sometimes reports as no error, is the same as for everybody else.
 std::string ReasonOf(zip_error_t* error) {
   const int code = zip_error_code_zip(error);
   if (code == ZIP_ER_MEMORY || code == ZIP_ER_OK) throw std::bad_alloc();
-  return zip_error_strerror(error);
+  return ArchiveReason(code);
 }
 
 [[noreturn]] void ThrowUnwritable(zip_error_t* error) {
@@ -80,7 +81,7 @@ class Source {
 // Fills the content from a member. Refuses a member of another length.
 void ReadToTheEnd(zip_t* archive, const std::string& name, zip_flags_t flags, Bytes& content) {
   const Member file(zip_fopen(archive, name.c_str(), flags));
-  if (file == nullptr) ThrowBroken(ReasonOf(zip_get_error(archive)));
+  if (file == nullptr) ThrowBroken(name + ": " + ReasonOf(zip_get_error(archive)));
   const zip_int64_t count = zip_fread(file.get(), content.Data(), content.Size());
   // A directory may lie about the size; the checksum is compared where the end is found.
   char beyond;

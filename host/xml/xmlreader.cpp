@@ -14,6 +14,7 @@
 
 #include "host/xml/unreadencoding.h"
 #include "host/xml/xmlencoding.h"
+#include "host/xml/xmlreason.h"
 
 namespace brvhost {
 namespace {
@@ -93,7 +94,7 @@ class Reader : public XmlPosition {
       return std::string("a document in ").append(encoding).append(" cannot be read; one in UTF-8 or UTF-16 can");
     }
     if (error == XML_ERROR_NO_ELEMENTS || error == XML_ERROR_UNCLOSED_TOKEN) return "the XML ends too early";
-    return std::string("not well-formed XML: ").append(XML_ErrorString(error));
+    return "not well-formed XML: " + XmlReason(error);
   }
 
   // No exception may pass through the parser, which is C: it is kept, and thrown again outside.

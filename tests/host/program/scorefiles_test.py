@@ -50,7 +50,8 @@ class BadScores(Case):
         large = {"META-INF/container.xml": self.container("x.xml") + " " * (1 << 20), "x.xml": score()}
         refused = self.refuses("h.mxl", self.archive(large), "META-INF/container.xml unpacks to more than 1048576 bytes")
         self.assertNotIn("--max-size", refused.stderr)
-        self.refuses("e.mxl", whole[:-30], "not a readable .mxl archive")
+        self.refuses("e.mxl", whole[:-30],
+                     "e.mxl: not a readable .mxl archive: it has no directory at its end; the file may be cut off\n")
         self.refuses("f.mxl", whole[:100] + b"\0\0\0\0" + whole[104:], "f.mxl: ")
         self.refuses("g.mxl", self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": "<html/>"}),
                      "g.mxl:1:1: not MusicXML")
@@ -86,7 +87,9 @@ class BadScores(Case):
             path.write_bytes(content)
             command = ["bash", "-c", 'ulimit -v 600000; exec "$@"', "bash", PROGRAM, "info", str(path)]
             process = subprocess.run(command, capture_output=True, text=True, timeout=60)
-            self.fails(process, 2, "x.xml is smaller than the archive states")
+            # Some releases of the library for archives compare the sizes of a stored member themselves.
+            self.assertRegex(self.fails(process, 2).stderr, "x.xml is smaller than the archive states\n$" if method else
+                             "(x.xml is smaller than the archive states|its directory and its members contradict each other)\n$")
 
     def test_are_reported_with_the_stored_member_that_is_damaged(self):
         path = self.folder / "made.zip"
@@ -94,7 +97,26 @@ class BadScores(Case):
             archive.writestr("META-INF/container.xml", self.container("x.xml"))
             archive.writestr("x.xml", score())
         whole = path.read_bytes()
-        self.refuses("a.mxl", whole.replace(b"<score-part ", b"<score-Part "), "x.xml: CRC error")
+        self.refuses("a.mxl", whole.replace(b"<score-part ", b"<score-Part "), "x.xml: its checksum does not match")
+
+    def test_are_reported_with_the_member_that_is_packed_in_no_known_way(self):
+        whole = self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": score()})
+        with zipfile.ZipFile(io.BytesIO(whole)) as archive:
+            local = archive.getinfo("x.xml").header_offset
+        directory = whole.rindex(b"PK\1\2")
+        fields = {"encrypted": (6, 8, 1, "it is encrypted"),
+                  "packed": (8, 10, 19, "it is compressed by a method that is not known")}
+        for name, (in_head, in_directory, value, wrong) in fields.items():
+            content = bytearray(whole)
+            for field in (local + in_head, directory + in_directory):
+                content[field] = value
+            self.refuses(f"{name}.mxl", bytes(content), f"{name}.mxl: not a readable .mxl archive: x.xml: {wrong}\n")
+
+    def test_are_reported_when_the_directory_of_their_archive_is_wrong(self):
+        whole = self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": score()})
+        directory = whole.rindex(b"PK\1\2")
+        other = whole[:directory] + whole[directory:].replace(b"x.xml", b"y.xml")
+        self.refuses("a.mxl", other, "a.mxl: not a readable .mxl archive: its directory and its members contradict each other\n")
 
     def test_that_unpack_to_too_much_are_refused(self):
         members = {"META-INF/container.xml": self.container("x.xml"), "x.xml": score() + " " * (3 << 20)}

@@ -366,7 +366,7 @@ std::string Measures(int count) {
 INSTANTIATE_TEST_SUITE_P(
     BadInput, ReadMusicXmlRefuses,
     testing::Values(
-        BadScore{"hello", "not well-formed XML", 1}, BadScore{"<score-partwise>\n<b></a>", "mismatched tag", 2},
+        BadScore{"hello", "not well-formed XML", 1}, BadScore{"<score-partwise>\n<b></a>", "an end tag of another", 2},
         BadScore{"<score-partwise>\n<part id='P1'>", "ends too early", 2}, BadScore{"", "ends too early", 1},
         BadScore{"\n<opus/>", "root element is <opus>", 2}, BadScore{"<html/>", "root element is <html>", 1},
         BadScore{InMeasure("<attributes><divisions>0</divisions></attributes>"), "divisions is \"0\"", 2},
@@ -399,15 +399,17 @@ INSTANTIATE_TEST_SUITE_P(
         BadScore{"+/v8-+ADw-score-partwise/+AD4-", "in UTF-7 cannot be read", 1},
         // The start of a name in UTF-16, which has a character that ends with a zero byte.
         BadScore{std::string("<\0\0\x78", 4), "ends too early", 1},
-        BadScore{"<?xml version='1.0' encoding='UTF-7'?><score-partwise/>", "unknown encoding", 1},
-        BadScore{WithZeros("<?xml version='1.0' encoding='UTF-8'?><score-partwise/>", 0, 1), "encoding specified", 1},
-        BadScore{WithZeros("<?xml version='1.0' encoding='UTF-16BE'?><score-partwise/>", 0, 1), "encoding specified",
+        BadScore{"<?xml version='1.0' encoding='UTF-7'?><score-partwise/>", "an encoding that is not known", 1},
+        BadScore{WithZeros("<?xml version='1.0' encoding='UTF-8'?><score-partwise/>", 0, 1),
+                 "an encoding that the document is not in", 1},
+        BadScore{WithZeros("<?xml version='1.0' encoding='UTF-16BE'?><score-partwise/>", 0, 1),
+                 "an encoding that the document is not in", 1},
+        BadScore{"<?xml version='1.0' encoding='UTF-16'?><score-partwise/>", "an encoding that the document is not in",
                  1},
-        BadScore{"<?xml version='1.0' encoding='UTF-16'?><score-partwise/>", "encoding specified", 1},
         // Characters of two bytes and of four start alike.
-        BadScore{"<?xml version='1.0' encoding='GB18030'?><score-partwise/>", "unknown encoding", 1},
+        BadScore{"<?xml version='1.0' encoding='GB18030'?><score-partwise/>", "an encoding that is not known", 1},
         // "~" switches to other characters.
-        BadScore{"<?xml version='1.0' encoding='HZ-GB-2312'?><score-partwise/>", "unknown encoding", 1}));
+        BadScore{"<?xml version='1.0' encoding='HZ-GB-2312'?><score-partwise/>", "an encoding that is not known", 1}));
 
 TEST(ReadMusicXml, TakesThirtyTwoThousandSevenHundredAndSixtySevenMeasures) {
   EXPECT_EQ(ReadMusicXml(Partwise(Measures(32767))).measures, 32767);

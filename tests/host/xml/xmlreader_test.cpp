@@ -11,6 +11,7 @@
 
 #include "host/process/memorylimit.h"
 #include "host/text/inputerror.h"
+#include "host/xml/xmlreason.h"
 
 namespace brvhost {
 namespace {
@@ -80,10 +81,69 @@ TEST(ReadXml, ReportsTheSameOfUtf16HoweverSmallThePieces) {
 TEST(ReadXml, ReportsTheSameErrorHoweverSmallThePieces) {
   ExpectTheSameInPieces("<a>\n <b></c>",
                         "<a  at 0, 1:1, units 0>\n <b  at 5, 2:2, units 0>; "
-                        "not well-formed XML: mismatched tag at 2:7");
+                        "not well-formed XML: an end tag of another element than the open one at 2:7");
   ExpectTheSameInPieces("<a>\n ", "<a  at 0, 1:1, units 0>\n ; the XML ends too early at 2:2");
   ExpectTheSameInPieces("", "; the XML ends too early at 1:1");
 }
+
+struct BadDocument {
+  std::string text;
+  const char* wrong;
+};
+
+std::string Declaring(const std::string& declarations, const std::string& root) {
+  return "<!DOCTYPE a [" + declarations + "]>" + root;
+}
+
+// Small, and millions of characters when its references are followed.
+std::string Bomb() {
+  std::string declarations = "<!ENTITY e0 '" + std::string(1000, 'x') + "'>";
+  for (int level = 1; level < 6; ++level) {
+    declarations += "<!ENTITY e" + std::to_string(level) + " '";
+    for (int i = 0; i < 10; ++i) declarations += "&e" + std::to_string(level - 1) + ";";
+    declarations += "'>";
+  }
+  return Declaring(declarations, "<a>&e5;</a>");
+}
+
+TEST(ReadXml, NamesWhatIsWrongWithADocument) {
+  const BadDocument documents[] = {
+      {"hello", "text or markup that may not be here"},
+      {"<a>\x01</a>", "a character that may not be here"},
+      {"<a>\xC3", "a character that is cut off"},
+      {"<a></b>", "an end tag of another element than the open one"},
+      {"<a x='1' x='2'/>", "an attribute that the tag has already"},
+      {"<a/>b", "text or markup after the end of the document"},
+      {Declaring("<!ENTITY e '%p;'>", "<a/>"), "a reference to a parameter entity that may not be here"},
+      {"<a>&e;</a>", "a reference to an entity that is not declared"},
+      {Declaring("<!ENTITY e '&e;'>", "<a>&e;</a>"), "an entity that refers to itself"},
+      {Declaring("<!ENTITY e '<b>'>", "<a>&e;</b></a>"),
+       "an entity that does not end in the element that it starts in"},
+      {"<a>&#0;</a>", "a reference to a character that XML does not have"},
+      {Declaring("<!NOTATION n SYSTEM 'n'><!ENTITY e SYSTEM 'e' NDATA n>", "<a>&e;</a>"),
+       "a reference to an entity that is not XML"},
+      {Declaring("<!ENTITY e SYSTEM 'e'>", "<a x='&e;'/>"),
+       "an attribute that refers to an entity outside the document"},
+      {" <?xml version='1.0'?><a/>", "an XML declaration that is not at the start"},
+      {"<?xml version='1.0' encoding='nowhere'?><a/>", "an encoding that is not known"},
+      {"<?xml version='1.0' encoding='UTF-16'?><a/>", "an encoding that the document is not in"},
+      {"<a><![CDATA[x", "a CDATA section that does not end"},
+      {"<?xml version='1.0' x='1'?><a/>", "an XML declaration with something wrong in it"},
+      {"<!DOCTYPE a PUBLIC '{' 's'><a/>", "a public identifier with a character that it may not have"},
+      {Bomb(), "entities that stand for far more text than the document has"},
+  };
+  for (const BadDocument& document : documents) {
+    try {
+      Nobody nobody;
+      ReadXml(document.text, nobody);
+      ADD_FAILURE() << "it was read: " << document.text;
+    } catch (const InputError& error) {
+      EXPECT_EQ(error.what(), std::string("not well-formed XML: ") + document.wrong) << document.text;
+    }
+  }
+}
+
+TEST(XmlReason, NamesTheNumberOfAnErrorThatIsNotKnown) { EXPECT_EQ(XmlReason(1000), "error 1000 of the parser"); }
 
 // Refuses each element, with a place or without, and counts what is reported after that.
 class Refuser : public XmlHandler {
