@@ -14,6 +14,8 @@
 #include "host/commands/commandline.h"
 #include "host/commands/commands.h"
 #include "host/commands/options.h"
+#include "host/commands/parsing.h"
+#include "host/commands/usageerror.h"
 #include "host/process/background.h"
 #include "host/process/exitstatus.h"
 #include "host/process/streams.h"
@@ -29,13 +31,6 @@ int Perform(const CLI::App& app, const Options& options) {
   if (app.got_subcommand("info")) return ShowInfo(options);
   if (app.got_subcommand("run")) return Run(options);
   return Check(options);
-}
-
-void CheckCommand(const CLI::App& app, int argc, char** argv) {
-  if (argc < 2 || *argv[1] == '-') return;
-  const auto isThis = [argv](const CLI::App* command) { return command->check_name(argv[1]); };
-  if (!app.get_subcommands(isThis).empty()) return;
-  throw UsageError(fmt::format("there is no command {}; --help lists them", argv[1]));
 }
 
 int Explain(int status, std::string_view message) {
@@ -59,13 +54,10 @@ int PerformOrExplain(int argc, char** argv) {
   Options options;
   const auto app = DescribeCommandLine(options);
   try {
-    CheckCommand(*app, argc, argv);
-    app->parse(argc, argv);
+    ParseCommandLine(*app, argc, argv);
     return Finished(Perform(*app, options));
   } catch (const CLI::Success& success) {
     return Finished(app->exit(success));
-  } catch (const CLI::ParseError& error) {
-    return Explain(kBadInput, error.what());
   } catch (const UsageError& error) {
     return Explain(kBadInput, error.what());
   } catch (const BundleError& error) {

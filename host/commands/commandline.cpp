@@ -1,10 +1,10 @@
 #include "host/commands/commandline.h"
 
-#include <cstdint>
+#include <limits>
 #include <string>
 
 #include "host/commands/helptexts.h"
-#include "host/files/sizelimit.h"
+#include "host/commands/optionvalues.h"
 #include "host/version.h"
 
 namespace brvhost {
@@ -14,22 +14,50 @@ void AddBundle(CLI::App& command, Options& options) {
   command.add_option("BUNDLE", options.bundle, "The extension's bundle, a folder")->required()->type_name("");
 }
 
-// An empty value is usually a shell variable that was never set, and does not mean "all".
-CLI::Validator NotEmpty() {
-  return CLI::Validator(
-      [](const std::string& value) { return value.empty() ? std::string("is empty") : std::string(); }, "");
+// An option with a value. `read` is given the option's long name and the value; what it throws comes out of the
+// parsing.
+template <class Read>
+CLI::Option* AddValue(CLI::App& command, const std::string& names, const char* type, const char* about, Read read) {
+  const std::string name = names.substr(names.find("--"));
+  const auto take = [name, read](const std::string& value) { read(name, value); };
+  return command.add_option_function<std::string>(names, take, about)->type_name(type);
+}
+
+CLI::Option* AddText(CLI::App& command, const char* names, const char* type, std::string& text, const char* about) {
+  return AddValue(command, names, type, about, [&text](const std::string& name, const std::string& value) {
+    RefuseEmpty(name, value);
+    text = value;
+  });
 }
 
 template <class Size>
 void AddSize(CLI::App& command, const char* name, Size& size, const char* about) {
-  command.add_option(name, size, about)
-      ->transform(CLI::AsSizeValue(false).description(""))
-      ->check(CLI::Range(std::uint64_t{1}, kMaxSizeLimit).description(""))
-      ->type_name("SIZE");
+  AddValue(command, name, "SIZE", about,
+           [&size](const std::string& option, const std::string& value) { size = SizeFrom(option, value); });
+}
+
+struct Bounds {
+  int first;
+  int last;
+};
+
+template <class Number>
+CLI::Option* AddNumber(CLI::App& command, const char* name, const char* type, Number& number, Bounds bounds,
+                       const char* about) {
+  return AddValue(command, name, type, about, [&number, bounds](const std::string& option, const std::string& value) {
+    number = NumberFrom(option, value, bounds.first, bounds.last);
+  });
+}
+
+constexpr Bounds kSeconds = {1, 1'000'000};
+
+// Without a value.
+CLI::Option* AddFlag(CLI::App& command, const char* names, bool& flag, const char* about) {
+  return command.add_flag(names, flag, about)->disable_flag_override();
 }
 
 void AddConfinement(CLI::App& command, bool& confines, const char* names) {
-  command.add_flag(names, confines, "Let the extension write no file, use no network and start no program");
+  AddFlag(command, names, confines, "Let the extension write no file, use no network and start no program");
 }
 
 void AddScores(CLI::App& command, Options& options) {
@@ -43,28 +71,22 @@ void AddScores(CLI::App& command, Options& options) {
 
 void AddRegion(CLI::App& run, Options& options) {
   const auto add = [&run](const char* name, std::string& value, const char* type, const char* about) {
-    return run.add_option(name, value, about)->check(NotEmpty())->type_name(type)->group("Region");
+    AddText(run, name, type, value, about)->group("Region");
   };
   add("--staves", options.staves, "A-B", "Only these staves");
   add("--measures", options.measures, "A-B", "Only these measures");
   add("--start-at", options.startAt, "Q", "In the first measure, only from Q quarter notes on: 2, 5/2 or 2.5");
   add("--end-at", options.endAt, "Q", "In the last measure, only up to Q quarter notes, itself included");
   add("--layers", options.layers, "N,...", "Only these layers; the others count as hidden");
-  run.add_flag("--all", options.all, "The whole score")->group("Region");
+  AddFlag(run, "--all", options.all, "The whole score")->group("Region");
 }
 
 void AddTargets(CLI::App& run, Options& options) {
   constexpr const char* kGroup = "Result (exactly one of these)";
-  run.add_option("-o,--output", options.output, "Write to this file; for a single score")
-      ->check(NotEmpty())
-      ->type_name("FILE")
-      ->group(kGroup);
-  run.add_flag("--in-place", options.inPlace, "Write to the score itself, if anything changed")->group(kGroup);
-  run.add_option("--out-dir", options.outputFolder, "Write to this folder, under the score's name")
-      ->check(NotEmpty())
-      ->type_name("DIR")
-      ->group(kGroup);
-  run.add_flag("--dry-run", options.dryRun, "Write nothing; report what would change")->group(kGroup);
+  AddText(run, "-o,--output", "FILE", options.output, "Write to this file; for a single score")->group(kGroup);
+  AddFlag(run, "--in-place", options.inPlace, "Write to the score itself, if anything changed")->group(kGroup);
+  AddText(run, "--out-dir", "DIR", options.outputFolder, "Write to this folder, under the score's name")->group(kGroup);
+  AddFlag(run, "--dry-run", options.dryRun, "Write nothing; report what would change")->group(kGroup);
 }
 
 }  // namespace
@@ -89,29 +111,23 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   CLI::App& run = *app->add_subcommand("run", kRunAbout);
   AddBundle(run, options);
   AddScores(run, options);
-  run.add_option("--item", options.item, "The menu item, as `brvhost items` numbers them")
-      ->required()
-      ->check(NotEmpty())
-      ->type_name("N");
+  AddNumber(run, "--item", "N", options.item, {0, std::numeric_limits<int>::max()},
+            "The menu item, as `brvhost items` numbers them")
+      ->required();
   AddTargets(run, options);
   AddRegion(run, options);
-  run.add_flag("--yes", options.yes, "Agree to every question");
-  run.add_option("--jobs", options.jobs, "Work on up to N scores at a time; a single score has all processors")
-      ->type_name("N")
-      ->check(CLI::Range(1, 256).description(""));
-  run.add_option(
-         "--timeout", options.timeout,
-         "End the work of the extension on a score, or the reading of one, that takes longer; by default nothing does")
-      ->type_name("SECONDS")
-      ->check(CLI::Range(1, 1'000'000).description(""));
+  AddFlag(run, "--yes", options.yes, "Agree to every question");
+  AddNumber(run, "--jobs", "N", options.jobs, {1, 256},
+            "Work on up to N scores at a time; a single score has all processors");
+  AddNumber(
+      run, "--timeout", "SECONDS", options.timeout, kSeconds,
+      "End the work of the extension on a score, or the reading of one, that takes longer; by default nothing does");
   AddConfinement(run, options.confines, "--confine");
   run.footer(kRunFooter);
 
   CLI::App& check = *app->add_subcommand("check", kCheckAbout);
   AddBundle(check, options);
-  check.add_option("--timeout", options.factTimeout, "What takes longer has failed (10)")
-      ->type_name("SECONDS")
-      ->check(CLI::Range(1, 1'000'000).description(""));
+  AddNumber(check, "--timeout", "SECONDS", options.factTimeout, kSeconds, "What takes longer has failed (10)");
   AddConfinement(check, options.checkConfines, "--confine,!--no-confine");
   check.footer(kCheckFooter);
   return app;

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/commands/commands.h"
+#include "host/commands/usageerror.h"
 #include "host/score/fraction.h"
 #include "host/score/numberrange.h"
 

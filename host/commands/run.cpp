@@ -16,6 +16,7 @@
 #include "host/commands/commands.h"
 #include "host/commands/regionoptions.h"
 #include "host/commands/targets.h"
+#include "host/commands/usageerror.h"
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
 #include "host/process/processors.h"

@@ -12,7 +12,7 @@
 #include <system_error>
 #include <utility>
 
-#include "host/commands/commands.h"
+#include "host/commands/usageerror.h"
 #include "host/files/fileidentity.h"
 #include "host/files/temporaryname.h"
 

@@ -244,9 +244,6 @@ class BadUsage(Case):
         self.refuses("exactly one of --output", HIDE, "--all", self.score)
         self.refuses("exactly one of --output", HIDE, "--all", self.score, "--in-place", "-o", self.folder / "x")
         self.refuses("single score", HIDE, "--all", self.score, self.score, "-o", self.folder / "x")
-        for name in ("--max-size", "--max-memory"):
-            self.refuses("not in range", HIDE, "--all", name, "-1", *score_and_in_place)
-            self.refuses("not in range", HIDE, "--all", name, "0", *score_and_in_place)
         for name in ("--staves", "--measures", "--start-at", "--end-at", "--layers", "-o", "--out-dir"):
             self.refuses("is empty", HIDE, name, "", *score_and_in_place)
         self.refuses("is empty", "", "--all", *score_and_in_place)
@@ -307,12 +304,77 @@ class BadUsage(Case):
         self.refuses(f"{self.folder}/score.musicxml: two of the results would be this file\n", HIDE, "--all",
                      *(folder / "score.musicxml" for folder in folders), "--out-dir", self.folder)
 
-    def test_of_a_command_gets_one_line(self):
-        self.fails(brvhost("fly"), 2, "there is no command fly; --help lists them")
-        for arguments in ([], ["fly"], ["items"], ["info"], ["run", LEGER_LINES], ["items", "a", "b"]):
-            process = brvhost(*arguments)
-            self.fails(process, 2, "brvhost: ")
-            self.assertEqual(len(process.stderr.splitlines()), 1, process.stderr)
+
+
+class WrongCommandLines(Case):
+    """The same words with every release of the library that parses command lines."""
+
+    def refuses(self, message, *arguments):
+        process = brvhost(*arguments)
+        self.assertEqual((process.returncode, process.stdout, process.stderr), (2, "", f"brvhost: {message}\n"), arguments)
+
+    def refuses_run(self, message, *options):
+        self.refuses(message, "run", LEGER_LINES, SAMPLES / "piano.musicxml", "--dry-run", *options)
+
+    def test_lack_a_command(self):
+        self.refuses("a command is missing, one of items, info, run, check; --help explains them")
+
+    def test_name_a_command_that_there_is_not(self):
+        self.refuses("there is no command fly; --help lists them", "fly")
+
+    def test_have_before_the_command_what_is_no_option(self):
+        for argument in ("--fly", "--fly=1", "--version=3", "--help=run", "--run.all", "-hx", "--"):
+            self.refuses(f"there is no option {argument} before a command; --help lists what there is", argument, "run")
+
+    def test_lack_an_argument(self):
+        for command, argument in (("items", "BUNDLE"), ("info", "SCORE"), ("run", "BUNDLE"), ("check", "BUNDLE")):
+            self.refuses(f"{command} needs {argument}; `brvhost {command} --help` explains what it takes", command)
+        self.refuses("run needs SCORE; `brvhost run --help` explains what it takes", "run", "a", "--item", "0")
+
+    def test_lack_an_option(self):
+        self.refuses("run needs --item N; `brvhost run --help` explains what it takes", "run", "a", "b")
+
+    def test_have_an_option_that_there_is_not(self):
+        for option in ("--fly", "--fly=1", "-z", "-za"):
+            self.refuses(f"there is no option {option}; `brvhost info --help` explains what it takes", "info", "a", option)
+        self.refuses("there is no option --itme; `brvhost run --help` explains what it takes", "run", "a", "b", "--itme", "0")
+
+    def test_have_too_many_arguments(self):
+        for arguments in (("a", "b"), ("a", "b", "c"), ("a", "--", "b")):
+            self.refuses("b: is one argument too many; `brvhost items --help` explains what it takes", "items", *arguments)
+        self.refuses("info: is one argument too many; `brvhost items --help` explains what it takes", "items", "a", "info", "b")
+
+    def test_end_before_the_value_of_an_option(self):
+        for option, value in (("--item", "N"), ("--staves", "A-B"), ("--jobs", "N"), ("--timeout", "SECONDS"),
+                              ("--max-size", "SIZE"), ("--layers", "N,..."), ("--out-dir", "DIR"), ("--output", "FILE")):
+            self.refuses_run(f"{option}: needs a value, {option} {value}", option)
+        self.refuses_run("-o: needs a value, --output FILE", "-o")
+
+    def test_have_nothing_where_a_value_should_be(self):
+        for option, value in (("--item", "N"), ("--staves", "A-B"), ("--output", "FILE")):
+            self.refuses_run(f"{option}: is empty", option, "")
+            # The next argument is not the value, either.
+            self.refuses_run(f"{option}=: needs a value, {option} {value}", f"{option}=", "0")
+
+    def test_have_a_value_where_there_is_none(self):
+        for value in ("", "3", "false", "maybe"):
+            self.refuses_run(f"--all={value}: --all takes no value", f"--all={value}")
+        self.refuses("--no-confine=3: --no-confine takes no value", "check", "a", "--no-confine=3")
+
+    def test_repeat_an_option(self):
+        self.refuses_run("--staves: is given 3 times; give it once", "--item", "0", *("--staves", "1") * 3)
+
+    def test_have_a_number_that_is_none_or_out_of_range(self):
+        ranges = {"--item": ("-1", "0 on"), "--jobs": ("257", "1 to 256"), "--timeout": ("0", "1 to 1000000")}
+        for option, (outside, limits) in ranges.items():
+            for value in (outside, "x", "1.5", "1x", "0x1", "99999999999", "--all"):
+                self.refuses_run(f"{option} {value}: is not a whole number from {limits}", option, value)
+
+    def test_have_a_size_that_is_none_or_out_of_range(self):
+        for option in ("--max-size", "--max-memory"):
+            for value in ("-1", "0", "x", "KB", "1.5GB", "10XB", "0x10", "1025TB", "2P", "99999999999999999999"):
+                self.refuses(f"{option} {value}: is not a size such as 500000, 20MB or 2GB, from 1 byte to 1024 TB",
+                             "info", "a", option, value)
 
 
 class Streams(Case):
