@@ -50,11 +50,23 @@ void Report(const char* reason) {
   for (const char* const text : {"brvhost: ", reason, "\n"}) std::fputs(text, stderr);
 }
 
+// The parser of the command line makes objects before main, where nothing catches what they throw, and looks options up
+// in functions that let nothing out: in both it can only be memory that is lacking.
+[[noreturn]] void FailWhileParsing() {
+  Report(kNoMemory);
+  std::_Exit(kFailed);
+}
+
+std::terminate_handler usualHandler = nullptr;
+
+[[gnu::constructor(101)]] void ExpectParsing() { usualHandler = std::set_terminate(FailWhileParsing); }
+
 int PerformOrExplain(int argc, char** argv) {
   Options options;
   const auto app = DescribeCommandLine(options);
   try {
     ParseCommandLine(*app, argc, argv);
+    std::set_terminate(usualHandler);
     return Finished(Perform(*app, options));
   } catch (const CLI::Success& success) {
     return Finished(app->exit(success));
@@ -85,20 +97,9 @@ void OpenStandardStreams() {
   if (descriptor >= 0) close(descriptor);
 }
 
-// The parser of the command line makes objects before main, where nothing catches what they throw.
-[[noreturn]] void FailBeforeMain() {
-  Report(kNoMemory);
-  std::_Exit(kFailed);
-}
-
-std::terminate_handler usualHandler = nullptr;
-
-[[gnu::constructor(101)]] void CatchBeforeMain() { usualHandler = std::set_terminate(FailBeforeMain); }
-
 }  // namespace
 
 int main(int argc, char** argv) {
-  std::set_terminate(usualHandler);
   OpenStandardStreams();
   // What cannot be written is reported like any other failure.
   std::signal(SIGPIPE, SIG_IGN);

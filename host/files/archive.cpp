@@ -79,8 +79,9 @@ class Source {
 };
 
 // Fills the content from a member. Refuses a member of another length.
-void ReadToTheEnd(zip_t* archive, const std::string& name, zip_flags_t flags, Bytes& content) {
-  const Member file(zip_fopen(archive, name.c_str(), flags));
+void ReadToTheEnd(zip_t* archive, const zip_stat_t& status, zip_flags_t flags, Bytes& content) {
+  const std::string name = status.name;
+  const Member file(zip_fopen_index(archive, status.index, flags));
   if (file == nullptr) ThrowBroken(name + ": " + ReasonOf(zip_get_error(archive)));
   const zip_int64_t count = zip_fread(file.get(), content.Data(), content.Size());
   // A directory may lie about the size; the checksum is compared where the end is found.
@@ -93,7 +94,7 @@ void ReadToTheEnd(zip_t* archive, const std::string& name, zip_flags_t flags, By
 
 void ReadDeflated(zip_t* archive, const zip_stat_t& status, Bytes& content) {
   Bytes stream(status.comp_size);
-  ReadToTheEnd(archive, status.name, ZIP_FL_COMPRESSED, stream);
+  ReadToTheEnd(archive, status, ZIP_FL_COMPRESSED, stream);
   const Unpacked unpacked = Inflate(stream.View(), content);
   if (unpacked == Unpacked::kTooSmall) ThrowLarger(status.name);
   if (unpacked == Unpacked::kBroken) ThrowBroken(std::string(status.name) + ": its compressed data is damaged");
@@ -112,9 +113,21 @@ std::uint64_t MaxFromOneByte(std::uint16_t method) {
   return method == ZIP_CM_DEFLATE ? 1032 : UINT64_MAX;
 }
 
+// By the bytes of its name. The library's own search allocates memory, and reports a lack of it as a missing member.
+zip_uint64_t IndexOf(zip_t* archive, const std::string& member) {
+  const auto count = static_cast<zip_uint64_t>(zip_get_num_entries(archive, 0));
+  for (zip_uint64_t index = 0; index < count; ++index) {
+    const char* const name = zip_get_name(archive, index, ZIP_FL_ENC_RAW);
+    if (name != nullptr && member == name) return index;
+  }
+  throw InputError("the archive has no member " + member);
+}
+
 Bytes ReadMember(zip_t* archive, const std::string& name, Limit limit) {
   zip_stat_t status;
-  if (zip_stat(archive, name.c_str(), 0, &status) != 0) throw InputError("the archive has no member " + name);
+  if (zip_stat_index(archive, IndexOf(archive, name), 0, &status) != 0) {
+    ThrowBroken(name + ": " + ReasonOf(zip_get_error(archive)));
+  }
   if (status.size > limit.size) {
     throw InputError(name + " unpacks to more than " + std::to_string(limit.size) + " bytes" + limit.advice);
   }
@@ -123,7 +136,7 @@ Bytes ReadMember(zip_t* archive, const std::string& name, Limit limit) {
   if (status.comp_method == ZIP_CM_DEFLATE && status.encryption_method == ZIP_EM_NONE) {
     ReadDeflated(archive, status, content);
   } else {
-    ReadToTheEnd(archive, name, 0, content);
+    ReadToTheEnd(archive, status, 0, content);
   }
   return content;
 }
@@ -180,9 +193,7 @@ template <class Change>
 std::string WithChange(std::string_view bytes, const std::string& member, Change change) {
   Source source(bytes);
   Archive archive = source.Open();
-  const zip_int64_t found = zip_name_locate(archive.get(), member.c_str(), 0);
-  if (found < 0) throw InputError("the archive has no member " + member);
-  change(archive.get(), static_cast<zip_uint64_t>(found));
+  change(archive.get(), IndexOf(archive.get(), member));
   KeepDates(archive.get());
   if (zip_close(archive.get()) != 0) ThrowUnwritable(zip_get_error(archive.get()));
   archive.release();

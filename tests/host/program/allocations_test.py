@@ -18,7 +18,7 @@ KEEPER_PROCESS = "0.2"  # of several scores
 
 NO_MEMORY = r"brvhost: (.*: )?(there is not enough memory|needs more than 1 GB of memory; --max-memory allows more)"
 # The library that opens archives takes some lacks of memory for a broken archive.
-BROKEN_ARCHIVE = r"|brvhost: .*mxl: not a readable \.mxl archive: Not a zip archive"
+BROKEN_ARCHIVE = r"|brvhost: .*mxl: not a readable \.mxl archive: it has no directory at its end; the file may be cut off"
 REPORTS = {
     SUPERVISOR: NO_MEMORY + r"|brvhost: (thread: Resource temporarily unavailable|.*: Cannot allocate memory)" +
                 BROKEN_ARCHIVE,
