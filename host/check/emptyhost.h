@@ -8,7 +8,7 @@ namespace brvhost {
 // The bundle's files exist as long as this object.
 class EmptyHost {
  public:
-  // Throws std::runtime_error where there is no space for temporary files, and std::bad_alloc.
+  // Throws std::runtime_error where there is no place for temporary files, and std::bad_alloc.
   EmptyHost();
   ~EmptyHost();
   EmptyHost(const EmptyHost&) = delete;

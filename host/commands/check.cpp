@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
 #include "host/bundle/loadedbundle.h"
 #include "host/check/facts.h"
@@ -30,7 +31,10 @@ std::string TryConfinement() {
 }  // namespace
 
 int Check(const Options& options) {
-  if (!std::filesystem::is_directory(options.bundle)) throw BundleError(options.bundle + ": there is no such bundle");
+  std::error_code error;
+  if (!std::filesystem::is_directory(options.bundle, error)) {
+    throw BundleError(options.bundle + ": there is no such bundle");
+  }
   if (options.checkConfines) {
     const std::string wrong = RunIsolated(TryConfinement, options.factTimeout);
     if (!wrong.empty()) throw std::runtime_error(wrong + "; --no-confine checks it all the same");

@@ -92,6 +92,16 @@ class Check(Case):
                     self.assertEqual((failed[:1], process.stderr, process.returncode),
                                      ([f"FAILED  {POINTS[point]}: {message(point, way)}"], "", 1))
 
+    def test_refuses_a_bundle_that_cannot_be_there(self):
+        loop = self.folder / "loop"
+        loop.symlink_to(loop)
+        for bundle in (loop, "x" * 5000):
+            self.fails(brvhost("check", bundle), 3, f"brvhost: {bundle}: there is no such bundle\n")
+
+    def test_needs_a_place_for_temporary_files(self):
+        process = brvhost("check", LEGER_LINES, environment={"TMPDIR": str(self.folder / "none")})
+        self.fails(process, 1, "brvhost: there is no place for temporary files\n")
+
     def test_refuses_a_time_limit_that_is_out_of_range(self):
         for seconds in ("0", "-1", "1000001", "ten"):
             with self.subTest(seconds):
