@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what building and testing need and what is not there yet, from the distribution's packages; with arguments, the
 # packages that they name instead. A package of another architecture is named with it, as in libicu-dev:arm64.
-# For Debian 12; as root, or with sudo.
+# For Debian 12 and 13; as root, or with sudo.
 set -euo pipefail
 
 packages=(
