@@ -1,5 +1,7 @@
 # What every target is compiled with.
 include(GNUInstallDirs)
+# Where bundles are installed. It names no processor: a bundle may have executables for several.
+set(BRV_BUNDLE_FOLDER lib/brvhost)
 
 option(BRV_BUILD_TESTS "Build the tests" ON)
 # On a Mac the bundle is built with the developer tools alone; brvhost needs libraries besides.

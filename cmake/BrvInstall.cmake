@@ -1,4 +1,4 @@
-# What is installed: the kit for authors, brvhost with its documents, and the package of both.
+# What is installed: the kit for authors, and brvhost with LegerLines and its documents. debian/ makes packages of it.
 include(CMakePackageConfigHelpers)
 
 set(BRV_HEADER_FOLDER ${CMAKE_INSTALL_INCLUDEDIR}/BrvEDK)
@@ -24,15 +24,8 @@ if(BRV_BUILD_HOST)
   set_target_properties(brvhost PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
   install(TARGETS brvhost DESTINATION ${CMAKE_INSTALL_BINDIR})
   install(DIRECTORY ${CMAKE_BINARY_DIR}/share/ DESTINATION ${CMAKE_INSTALL_DATAROOTDIR})
-  install(DIRECTORY ${CMAKE_BINARY_DIR}/LegerLines.bundle DESTINATION ${CMAKE_INSTALL_LIBDIR}/brvhost USE_SOURCE_PERMISSIONS)
+  install(DIRECTORY ${CMAKE_BINARY_DIR}/LegerLines.bundle DESTINATION ${BRV_BUNDLE_FOLDER} PATTERN *.so EXCLUDE)
+  # As a target it loses the way to this build's libraries: a host has them loaded.
+  install(TARGETS LegerLines LIBRARY DESTINATION ${BRV_BUNDLE_FOLDER}/LegerLines.bundle/Contents/${BRV_EXECUTABLE_FOLDER})
 endif()
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
-
-set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGE_NAME brvedk)
-set(CPACK_PACKAGE_CONTACT "The authors of LegerLines")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Kit and headless host for extensions of the Brevix notation application")
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-include(CPack)

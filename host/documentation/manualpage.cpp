@@ -4,6 +4,7 @@
 
 #include <sstream>
 
+#include "host/documentation/installedpaths.h"
 #include "host/documentation/optionlist.h"
 #include "host/version.h"
 
@@ -55,6 +56,14 @@ std::string CommandSection(const CommandText& command) {
   return text + FooterParagraphs(command.footer);
 }
 
+// The path of the bundle that is installed with the program, for the prefix of this build and for any other.
+std::string BundleEntry() {
+  const std::string about =
+      fmt::format("The bundle of LegerLines, if brvhost is {}. From the folder of brvhost it is {}.", kInstalledProgram,
+                  kBundleFromProgram);
+  return fmt::format(".TP\n\\fI{}\\fR\n{}\n", Escaped(kInstalledBundle), Escaped(about));
+}
+
 }  // namespace
 
 std::string ManualPage(const CLI::App& app) {
@@ -70,6 +79,7 @@ std::string ManualPage(const CLI::App& app) {
   for (const OptionText& option : DescribeOptions(app)) text += OptionEntry(option);
   text += ".SH COMMANDS\n";
   for (const CommandText& command : DescribeCommands(app)) text += CommandSection(command);
+  text += ".SH FILES\n" + BundleEntry();
   return text + ".SH NOTES\n" + FooterParagraphs(app.get_footer());
 }
 

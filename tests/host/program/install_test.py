@@ -1,13 +1,12 @@
-"""The installed kit: the tutorial's commands as written, pkg-config, and the Debian package."""
+"""The installed kit: the tutorial's commands as written, and pkg-config; the installed bundle."""
 
 import os
 import re
-import shutil
 import subprocess
 import unittest
 
 from brvhost import Case, EXECUTABLE_FOLDER, SAMPLES
-from installed import BUILD, SOURCE, install
+from installed import SOURCE, install
 
 TUTORIAL = SOURCE / "docs" / "write-an-extension.md"
 EXAMPLE = SOURCE / "examples" / "ScoreReport"
@@ -92,27 +91,15 @@ class Installed(Case):
         self.assertEqual(of_every_extension - symbols, set())
         self.assertEqual({name for name in symbols - set(listed)}, {"SumOfPair"})
 
+    def test_bundle_is_where_the_manual_page_says(self):
+        page = (self.prefix / "share/man/man1/brvhost.1").read_text().replace("\\-", "-")
+        path = re.search(r"^The bundle of LegerLines, .* From the folder of brvhost it is (.*)\.$", page, re.MULTILINE)[1]
+        program = self.prefix / "bin/brvhost"
+        self.assertEqual(self.sh(f"{program} items {program.parent / path} | cut -f 2"), "Hide Ledger Lines\nShow Ledger Lines\n")
 
-@unittest.skipUnless(shutil.which("dpkg-shlibdeps"), "no tools for Debian packages")
-class DebianPackage(Case):
-    def test_installs_and_removes_cleanly(self):
-        subprocess.run(["cpack", "-G", "DEB", "-B", self.folder], cwd=BUILD, check=True, capture_output=True)
-        package = next(self.folder.glob("*.deb"))
-        root = self.folder / "root"
-        (root / "var/lib/dpkg/updates").mkdir(parents=True)
-        (root / "var/lib/dpkg/info").mkdir()
-        (root / "var/lib/dpkg/status").touch()
-        dpkg = ["dpkg", f"--root={root}", "--force-not-root", "--force-depends", "--force-script-chrootless",
-                "--log=/dev/null"]
-        subprocess.run([*dpkg, "--install", package], check=True, capture_output=True)
-        program = root / "usr/bin/brvhost"
-        version = subprocess.run([program, "--version"], check=True, capture_output=True, text=True).stdout
-        self.assertTrue(version.startswith("brvhost "))
-        self.assertTrue((root / "usr/include/BrvEDK/brevixpdk.h").exists())
-        self.assertTrue((root / "usr/share/man/man1/brvhost.1").exists())
-        subprocess.run([*dpkg, "--purge", "brvedk"], check=True, capture_output=True)
-        left = [path for path in root.rglob("*") if path.is_file() and "dpkg" not in path.parts]
-        self.assertEqual(left, [])
+    def test_bundle_does_not_look_for_libraries_itself(self):
+        image, = (self.prefix / "lib/brvhost/LegerLines.bundle").rglob("*.so")
+        self.assertNotRegex(self.sh(f"readelf -d {image}"), r"\b(RPATH|RUNPATH)\b")
 
 
 if __name__ == "__main__":

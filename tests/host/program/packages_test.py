@@ -1,0 +1,78 @@
+"""The Debian packages: what debian/ lists is what is installed, and it agrees with the library and the version."""
+
+import fnmatch
+import pathlib
+import re
+import subprocess
+import unittest
+
+from brvhost import Case, brvhost
+from installed import BUILD, SOURCE, install
+
+DEBIAN = SOURCE / "debian"
+PACKAGES = ["brvhost", "libbrvedk-dev", "libbrvplatform1"]
+
+
+def lines(path):
+    return [line for line in path.read_text().splitlines() if line and not line.startswith("#")]
+
+
+def patterns(path):
+    """What a list names. In a package there is a folder for each processor in usr/lib, and in this build none."""
+    return [line.split()[0].replace("usr/lib/*/", "usr/lib/") for line in lines(path)]
+
+
+def is_listed(file, pattern):
+    return fnmatch.fnmatch(file, pattern) or fnmatch.fnmatch(file, pattern + "/*")
+
+
+class Contents(Case):
+    def setUp(self):
+        super().setUp()
+        install(self.folder / "usr")
+        self.files = {path.relative_to(self.folder).as_posix() for path in self.folder.rglob("*") if not path.is_dir()}
+        self.lists = {name: patterns(DEBIAN / f"{name}.install") for name in PACKAGES}
+        self.lists["none"] = patterns(DEBIAN / "not-installed")
+
+    def test_each_installed_file_is_in_one_package(self):
+        listed = {file: [name for name, listed in self.lists.items() if any(is_listed(file, pattern) for pattern in listed)]
+                  for file in self.files}
+        self.assertEqual({file: names for file, names in listed.items() if len(names) != 1}, {})
+
+    def test_each_line_of_a_list_names_installed_files(self):
+        empty = [pattern for listed in self.lists.values() for pattern in listed
+                 if not any(is_listed(file, pattern) for file in self.files)]
+        self.assertEqual(empty, [])
+
+    def test_each_list_is_that_of_a_package(self):
+        described = re.findall(r"^Package: (.*)$", (DEBIAN / "control").read_text(), re.MULTILINE)
+        self.assertEqual(sorted(described), PACKAGES)
+        self.assertEqual(sorted(path.stem for path in DEBIAN.glob("*.install")), PACKAGES)
+
+
+class Library(unittest.TestCase):
+    def test_has_the_listed_symbols(self):
+        library = BUILD / "lib" / "libbrvplatform.so"
+        output = subprocess.run(["nm", "-D", "--defined-only", library], check=True, capture_output=True, text=True).stdout
+        head, *symbols = lines(DEBIAN / "libbrvplatform1.symbols")
+        self.assertEqual(head, f"{library.name}.1 libbrvplatform1 #MINVER#")
+        self.assertEqual([line.split("@")[0].strip() for line in symbols], sorted(line.split()[-1] for line in output.splitlines()))
+
+
+class Version(unittest.TestCase):
+    def test_is_the_same_everywhere(self):
+        version = re.search(r"^project\(LegerLines VERSION ([\d.]+)", (SOURCE / "CMakeLists.txt").read_text(), re.MULTILINE)[1]
+        changelog, *_ = lines(DEBIAN / "changelog")
+        self.assertRegex(changelog, rf"^legerlines \({re.escape(version)}\) ")
+        self.assertEqual(brvhost("--version").stdout, f"brvhost {version}\n")
+        title, *_ = (BUILD / "share/man/man1/brvhost.1").read_text().splitlines()
+        self.assertEqual(title, f'.TH BRVHOST 1 "" "brvhost {version}" "User commands"')
+
+    @unittest.skipUnless(pathlib.Path("/usr/bin/dpkg").exists(), "no dpkg")
+    def test_grows_with_the_release_of_debian_and_with_each_version(self):
+        for earlier, later in (("1.0.0~deb12u1", "1.0.0~deb13u1"), ("1.0.0~deb13u1", "1.0.1~deb12u1"), ("1.0.0~deb13u1", "1.0.0")):
+            subprocess.run(["dpkg", "--compare-versions", earlier, "lt", later], check=True)
+
+
+if __name__ == "__main__":
+    unittest.main()
