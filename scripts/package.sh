@@ -1,35 +1,42 @@
 #!/usr/bin/env bash
-# Makes dist/LegerLines-<version>.zip: one bundle with the executables for macOS and Linux, and how to install it. The same
-# sources give the same bytes. Exit status 77: the toolchain for macOS cannot be had.
+# Installs what is missing, and makes a release: the source archive, the bundle for macOS and Linux, the Debian packages for both processors, and SHA256SUMS
+# over them. The same sources give the same bytes. What this machine cannot make is named on the standard error; the rest is
+# made then, but is no release: there is no SHA256SUMS, and the exit status is 77.
 #
-#   scripts/package.sh [FOLDER]   puts the archive there instead of in dist/
+#   scripts/package.sh [FOLDER]   puts the files there instead of in dist/
 set -euo pipefail
 folder=$(realpath -m "${1:-$(dirname "$0")/../dist}")
 cd "$(dirname "$0")/.."
 
-version=$(sed -n 's/^project(LegerLines VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
-archive=$folder/LegerLines-$version.zip
-# The time that the files in the archive bear.
-time=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || echo 946684800)}
+# What cannot be installed is named by the part that needs it.
+scripts/install-dependencies.sh >&2 || true
+scripts/install-dependencies.sh debhelper dpkg-dev pkgconf pkgconf:arm64 >&2 || true
+scripts/install-arm64.sh >&2 || true
 
-scripts/build-macos.sh >/dev/null
-# Without the way to this build's libraries: a host has them loaded.
-cmake --preset release -B build/package -DCMAKE_SKIP_BUILD_RPATH=ON -DBRV_WERROR=OFF -DBRV_BUILD_TESTS=OFF \
-      -DBRV_BUILD_BENCHMARKS=OFF >/dev/null
-cmake --build build/package -j "$(nproc)" --target LegerLines >/dev/null
+rm -f "$folder/SHA256SUMS"
+made=()
+whole=true
 
-staging=$(mktemp -d)
-trap 'rm -rf "$staging"' EXIT
-umask 022
-cp -R build/macos/LegerLines.bundle "$staging"
-linux=LegerLines.bundle/Contents/Linux-x86-64
-mkdir "$staging/$linux"
-strip -o "$staging/$linux/LegerLines.so" "build/package/$linux/LegerLines.so"
-cp docs/install-macos.txt "$staging/INSTALL-macOS.txt"
-chmod -R u=rwX,go=rX "$staging"
-find "$staging" -exec touch -d "@$time" {} +
+# Makes one part of the release.
+make() {
+  local status=0 paths
+  paths=$("$@") || status=$?
+  case $status in
+    0) mapfile -t -O "${#made[@]}" made <<<"$paths" ;;
+    77) whole=false ;;
+    *) exit "$status" ;;
+  esac
+}
 
-mkdir -p "$folder"
-rm -f "$archive"
-(cd "$staging" && find . -mindepth 1 -printf '%P\n' | LC_ALL=C sort | TZ=UTC zip -q -X -@ "$archive")
-echo "$archive"
+make scripts/package/source.sh "$folder"
+make scripts/package/bundle.sh "$folder"
+make scripts/package/debs.sh "$folder" amd64
+make scripts/package/debs.sh "$folder" arm64
+
+printf '%s\n' "${made[@]}"
+if [ "$whole" = false ]; then
+  echo "package: this is no release: parts of it cannot be made here" >&2
+  exit 77
+fi
+(cd "$folder" && printf '%s\n' "${made[@]##*/}" | LC_ALL=C sort | xargs sha256sum >SHA256SUMS)
+echo "$folder/SHA256SUMS"

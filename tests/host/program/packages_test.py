@@ -54,8 +54,8 @@ class Library(unittest.TestCase):
     def test_has_the_listed_symbols(self):
         library = BUILD / "lib" / "libbrvplatform.so"
         output = subprocess.run(["nm", "-D", "--defined-only", library], check=True, capture_output=True, text=True).stdout
-        head, *symbols = lines(DEBIAN / "libbrvplatform1.symbols")
-        self.assertEqual(head, f"{library.name}.1 libbrvplatform1 #MINVER#")
+        head, package, *symbols = lines(DEBIAN / "libbrvplatform1.symbols")
+        self.assertEqual((head, package), (f"{library.name}.1 libbrvplatform1 #MINVER#", "* Build-Depends-Package: libbrvedk-dev"))
         self.assertEqual([line.split("@")[0].strip() for line in symbols], sorted(line.split()[-1] for line in output.splitlines()))
 
 

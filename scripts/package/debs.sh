@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Makes the Debian packages for a processor, and prints their paths. They are for the release of Debian that this runs on, and
+# their version names it. Exit status 77: this system cannot build them.
+#
+#   scripts/package/debs.sh FOLDER PROCESSOR   PROCESSOR as Debian names it: amd64, arm64
+set -euo pipefail
+folder=$(realpath -m "$1")
+processor=$2
+cd "$(dirname "$0")/../.."
+. scripts/package/release.sh
+
+command -v dpkg-buildpackage >/dev/null || unavailable "no packages for $processor: no dpkg-buildpackage (package dpkg-dev)"
+profiles=nocheck
+[ "$(dpkg --print-architecture)" = "$processor" ] || profiles=nocheck,cross
+compiler=$(dpkg-architecture "-a$processor" -qDEB_HOST_GNU_TYPE 2>/dev/null)-g++
+command -v "$compiler" >/dev/null || unavailable "no packages for $processor: no $compiler"
+missing=$(dpkg-checkbuilddeps "-a$processor" "-P$profiles" debian/control 2>&1) ||
+  unavailable "no packages for $processor: ${missing#*error: }"
+
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+tar -xJf "$(scripts/package/source.sh "$work")" -C "$work"
+# Tests are for scripts/test.sh.
+if ! (cd "$work/legerlines-$version" &&
+      SOURCE_DATE_EPOCH=$time DEB_BUILD_OPTIONS="nocheck noautodbgsym parallel=$(nproc)" \
+        dpkg-buildpackage "-a$processor" -us -uc -b "-P$profiles") >"$work/log" 2>&1; then
+  cat "$work/log" >&2
+  echo "package: the packages for $processor cannot be built" >&2
+  exit 1
+fi
+mkdir -p "$folder"
+mv "$work"/*.deb "$folder"
+(cd "$work" && sed -n 's/^ [0-9a-f]\{64\} [0-9]* \(.*\.deb\)$/\1/p' ./*.changes) | sed "s,^,$folder/,"

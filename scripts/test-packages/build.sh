@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# In a tree of its own: installs what the packages are built with, builds them for both processors, those for this one twice, and
+# has them checked by lintian.
+#
+#   build.sh FOLDER   where the packages go
+set -euo pipefail
+folder=$1
+cd "$(dirname "$0")/../.."
+
+# Builds in folders of other names must give the same bytes.
+build_twice() {
+  local again
+  again=$(mktemp -d)
+  scripts/package/debs.sh "$folder" "$1"
+  scripts/package/debs.sh "$again" "$1" >/dev/null
+  diff -r "$folder" "$again"
+}
+
+apt-get update -q
+apt-get install -q -y --no-install-recommends dpkg-dev lintian
+apt-get build-dep -q -y --no-install-recommends -Pnocheck ./
+build_twice "$(dpkg --print-architecture)"
+
+dpkg --add-architecture arm64
+apt-get update -q
+apt-get build-dep -q -y --no-install-recommends -aarm64 -Pnocheck,cross ./
+scripts/package/debs.sh "$folder" arm64
+
+sources=$(mktemp -d)
+(cd "$sources" && dpkg-source --build "$OLDPWD")
+lintian --allow-root --info --fail-on error,warning "$folder"/*.deb "$sources"/*.dsc
