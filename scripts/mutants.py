@@ -3,7 +3,7 @@
 
     scripts/mutants.py [--count N] [--seed N] [FOLDER...]    100 changes, seed 1, of the product folders, platform and host
 
-Works on a copy of the last commit, in build/mutants; the sources themselves stay as they are. The tests run among processes
+Works on a copy in build/mutants; the sources themselves stay as they are. The tests run among processes
 of their own, as a change may kill more than it should. A change that does not compile does not count. One that nobody notices has a test that is missing, or makes no difference: whoever reads the list decides.
 """
 
@@ -13,6 +13,7 @@ import os
 import pathlib
 import random
 import re
+import shutil
 import subprocess
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
@@ -52,9 +53,14 @@ def is_built(path):
     return path.suffix in (".cpp", ".h") and not path.stem.endswith(("_mac", "_neon"))
 
 
+def sources():
+    files = subprocess.run([ROOT / "scripts" / "files.sh"], check=True, capture_output=True, text=True).stdout
+    return [pathlib.Path(file) for file in files.split("\0")[:-1]]
+
+
 def chosen(folders, count, seed):
-    files = subprocess.run(["git", "ls-files", *folders], cwd=ROOT, check=True, capture_output=True, text=True).stdout.split()
-    all_changes = [change for file in sorted(filter(is_built, map(pathlib.Path, files))) for change in changes_of(file)]
+    files = [file for file in sources() if is_built(file) and any(file.is_relative_to(folder) for folder in folders)]
+    all_changes = [change for file in sorted(files) for change in changes_of(file)]
     return random.Random(seed).sample(all_changes, min(count, len(all_changes)))
 
 
@@ -100,9 +106,10 @@ def noticed_by(path):
 
 
 def set_up():
-    if COPY.is_dir():
-        subprocess.run(["git", "worktree", "remove", "--force", str(COPY)], cwd=ROOT, check=True)
-    subprocess.run(["git", "worktree", "add", "--detach", str(COPY), "HEAD"], cwd=ROOT, check=True, capture_output=True)
+    shutil.rmtree(COPY, ignore_errors=True)
+    for file in sources():
+        (COPY / file).parent.mkdir(parents=True, exist_ok=True)
+        shutil.copy2(ROOT / file, COPY / file)
     subprocess.run(["cmake", "--preset", "release", "-DBRV_BUILD_TESTS=ON", "-DBRV_WERROR=OFF", "-DBRV_MACOS_TESTS=OFF"],
                    cwd=COPY, check=True, capture_output=True)
     subprocess.run(["cmake", "--build", str(BUILD)], cwd=COPY, check=True, capture_output=True)

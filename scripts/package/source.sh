@@ -10,7 +10,7 @@ cd "$(dirname "$0")/../.."
 archive=$folder/legerlines-$version.tar.xz
 mkdir -p "$folder"
 # One thread: the bytes do not depend on how many processors there are.
-scripts/package/files.sh |
+scripts/files.sh |
   tar --create --no-recursion --null --verbatim-files-from --files-from=- --format=ustar --transform="s,^,legerlines-$version/," \
       --owner=0 --group=0 --numeric-owner --mode=u=rwX,go=rX --mtime="@$time" |
   xz --threads=1 -9 >"$archive"

@@ -18,8 +18,9 @@ def lines(path):
 
 
 def patterns(path):
-    """What a list names. In a package there is a folder for each processor in usr/lib, and in this build none."""
-    return [line.split()[0].replace("usr/lib/*/", "usr/lib/") for line in lines(path)]
+    """What a list names. Where a package has a folder for its processor, this build may have none."""
+    libraries = re.search(r"^CMAKE_INSTALL_LIBDIR:\w+=(.*)$", (BUILD / "CMakeCache.txt").read_text(), re.MULTILINE)[1]
+    return [line.split()[0].replace("usr/lib/*/", f"usr/{libraries}/") for line in lines(path)]
 
 
 def is_listed(file, pattern):

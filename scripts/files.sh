@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Lists the files of the sources, each path ended by a null: those that git knows, and without git all but what is built.
 set -euo pipefail
-cd "$(dirname "$0")/../.."
+cd "$(dirname "$0")/.."
 
 if [ -e .git ] && command -v git >/dev/null; then
   git ls-files -z
