@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the Debian packages in a bare tree of each release and tries them in another: installs, runs, upgrades and removes them,
-# and builds an extension with them, for both processors. Leaves them in build/packages/<release>. As root, on x86-64, with
-# debootstrap; takes 10 minutes or more for a release.
+# and builds an extension with them, for both processors. Leaves them in build/packages/<release>. As root, on x86-64;
+# takes 10 minutes or more for a release.
 #
 #   scripts/test-packages.sh [--built] [RELEASE...]   releases as Debian names them, else bookworm and trixie
 #                                                     --built: tries the packages that the last run has left
@@ -16,6 +16,8 @@ if [ "${1:-}" = --built ]; then
   build=false
   shift
 fi
+[ "$(id -u)" -eq 0 ] || { echo "test-packages: needs root for its trees" >&2; exit 1; }
+scripts/install-dependencies.sh debootstrap xz-utils
 releases=("$@")
 [ $# -gt 0 ] || releases=(bookworm trixie)
 
@@ -47,6 +49,7 @@ for release in "${releases[@]}"; do
     rm -rf "$packages"
     cp -r "$tree/packages" "$packages"
   fi
+  compgen -G "$packages/*.deb" >/dev/null || { echo "test-packages: no packages in $packages" >&2; exit 1; }
   echo "== $release: using"
   tree=$trees/$release-use
   make_tree "$release" "$tree"
