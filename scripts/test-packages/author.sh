@@ -17,4 +17,4 @@ blocks sh >"$work/commands"
 blocks text >"$work/report"
 grep -F -x -A "$(($(wc -l <"$work/report") - 1))" "$(head -n 1 "$work/report")" "$work/output" | diff "$work/report" -
 
-scripts/test-packages/check.sh "$work/ScoreReport/build/ScoreReport.bundle" brvhost
+scripts/test-packages/check.sh "$work/ScoreReport/build/ScoreReport.bundle" brvhost check
