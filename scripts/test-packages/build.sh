@@ -18,12 +18,12 @@ build_twice() {
 
 apt-get update -q
 apt-get install -q -y --no-install-recommends dpkg-dev lintian
-apt-get build-dep -q -y --no-install-recommends -Pnocheck ./
+apt-get build-dep -q -y --no-install-recommends ./
 build_twice "$(dpkg --print-architecture)"
 
 dpkg --add-architecture arm64
 apt-get update -q
-apt-get build-dep -q -y --no-install-recommends -aarm64 -Pnocheck,cross ./
+apt-get build-dep -q -y --no-install-recommends -aarm64 -Pcross ./
 scripts/package/debs.sh "$folder" arm64
 
 sources=$(mktemp -d)
