@@ -10,7 +10,7 @@ cd "$(dirname "$0")/../.."
 
 dpkg --add-architecture arm64
 apt-get update -q
-apt-get install -q -y --no-install-recommends g++-aarch64-linux-gnu qemu-user-static file "$folder"/*_arm64.deb \
+apt-get install -q -y --no-install-recommends cmake make g++-aarch64-linux-gnu qemu-user-static file "$folder"/*_arm64.deb \
   "$folder"/lib*_amd64.deb
 
 work=$(mktemp -d)
