@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034
 # What each part of a release needs to know; sourced by bash in the root folder of the sources.
 
 version=$(sed -n 's/^project(LegerLines VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # A run of an installed brvhost; sourced by bash in the root folder of the sources.
 
 bundle=/usr/lib/brvhost/LegerLines.bundle
