@@ -4,6 +4,7 @@
 #
 #   scripts/package/bundle.sh FOLDER
 set -euo pipefail
+[ $# -eq 1 ] || { echo "usage: scripts/package/bundle.sh FOLDER" >&2; exit 2; }
 folder=$(realpath -m "$1")
 cd "$(dirname "$0")/../.."
 . scripts/package/release.sh

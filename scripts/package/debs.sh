@@ -4,6 +4,7 @@
 #
 #   scripts/package/debs.sh FOLDER PROCESSOR   PROCESSOR as Debian names it: amd64, arm64
 set -euo pipefail
+[ $# -eq 2 ] || { echo "usage: scripts/package/debs.sh FOLDER PROCESSOR" >&2; exit 2; }
 folder=$(realpath -m "$1")
 processor=$2
 cd "$(dirname "$0")/../.."
@@ -12,7 +13,9 @@ cd "$(dirname "$0")/../.."
 command -v dpkg-buildpackage >/dev/null || unavailable "no packages for $processor: no dpkg-buildpackage (package dpkg-dev)"
 profiles=
 [ "$(dpkg --print-architecture)" = "$processor" ] || profiles=cross
-compiler=$(dpkg-architecture "-a$processor" -qDEB_HOST_GNU_TYPE 2>/dev/null)-g++
+system=$(dpkg-architecture "-a$processor" -qDEB_HOST_GNU_TYPE 2>/dev/null) ||
+  unavailable "no packages for $processor: Debian has no such processor"
+compiler=$system-g++
 command -v "$compiler" >/dev/null || unavailable "no packages for $processor: no $compiler"
 missing=$(dpkg-checkbuilddeps "-a$processor" "-P$profiles" debian/control 2>&1) ||
   unavailable "no packages for $processor: ${missing#*error: }"

@@ -3,6 +3,7 @@
 #
 #   scripts/package/source.sh FOLDER
 set -euo pipefail
+[ $# -eq 1 ] || { echo "usage: scripts/package/source.sh FOLDER" >&2; exit 2; }
 folder=$(realpath -m "$1")
 cd "$(dirname "$0")/../.."
 . scripts/package/release.sh
