@@ -6,7 +6,7 @@
 #   scripts/test-packages.sh [--built] [RELEASE...]   releases as Debian names them, else bookworm and trixie
 #                                                     --built: tries the packages that the last run has left
 #
-# Bare trees are kept in ${XDG_CACHE_HOME:-~/.cache}/legerlines/trees; those in which something was done are beside them.
+# The trees in which something was done stay in ${XDG_CACHE_HOME:-~/.cache}/legerlines/trees, beside the bare ones.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/package/release.sh
@@ -16,25 +16,23 @@ if [ "${1:-}" = --built ]; then
   build=false
   shift
 fi
-[ "$(id -u)" -eq 0 ] || { echo "test-packages: needs root for its trees" >&2; exit 1; }
-scripts/install-dependencies.sh debootstrap xz-utils
+scripts/install-dependencies.sh xz-utils
 releases=("$@")
 [ $# -gt 0 ] || releases=(bookworm trixie)
 
 trees=${XDG_CACHE_HOME:-$HOME/.cache}/legerlines/trees
-enter=scripts/test-packages/enter.sh
+
+# Runs a script of the sources in a tree.
+in_tree() {
+  local tree=$1 script=$2
+  scripts/trees/enter.sh "$tree" env LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive \
+    "/legerlines-$version/scripts/test-packages/$script.sh" /packages
+}
 
 # A new tree, with the sources in /legerlines-<version> and the packages in /packages.
 make_tree() {
   local release=$1 tree=$2
-  if [ ! -d "$trees/$release" ]; then
-    mkdir -p "$trees"
-    rm -rf --one-file-system "$trees/$release.new"
-    debootstrap --variant=minbase "$release" "$trees/$release.new" >&2
-    mv "$trees/$release.new" "$trees/$release"
-  fi
-  rm -rf --one-file-system "$tree"
-  cp -a "$trees/$release" "$tree"
+  scripts/trees/make.sh "$release" "$tree"
   tar -xJf "$(scripts/package/source.sh build/packages)" -C "$tree"
   mkdir "$tree/packages"
 }
@@ -45,7 +43,7 @@ for release in "${releases[@]}"; do
     echo "== $release: building"
     tree=$trees/$release-build
     make_tree "$release" "$tree"
-    "$enter" "$tree" "/legerlines-$version/scripts/test-packages/build.sh" /packages
+    in_tree "$tree" build
     rm -rf "$packages"
     cp -r "$tree/packages" "$packages"
   fi
@@ -55,6 +53,6 @@ for release in "${releases[@]}"; do
   make_tree "$release" "$tree"
   cp "$packages"/*.deb "$tree/packages"
   for part in install author arm64; do
-    "$enter" "$tree" "/legerlines-$version/scripts/test-packages/$part.sh" /packages
+    in_tree "$tree" "$part"
   done
 done
