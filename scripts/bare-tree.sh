@@ -17,15 +17,19 @@ release=$1
 command=${2:-scripts/demo.sh && scripts/test.sh}
 
 folder=$(mktemp -d "${TMPDIR:-/var/tmp}/bare-tree.XXXXXX")
-trap 'rm -rf --one-file-system "$folder"' EXIT
-trap 'exit 130' INT TERM
+# What was killed may still be ending.
+remove_tree() { rm -rf --one-file-system "$folder" 2>/dev/null || { sleep 2 && rm -rf --one-file-system "$folder"; }; }
+trap remove_tree EXIT
 
 tree=$folder/tree
 scripts/trees/make.sh "$release" "$tree"
 git clone --quiet --no-hardlinks . "$tree/src"
 
+# In the background, because a trap waits for what is in the foreground. It is killed, since it ignores any other end.
+scripts/trees/enter.sh "$tree" bash -c "cd /src && $command" 2>&1 | tee "$folder/log" &
+trap 'kill -KILL %1; exit 130' INT TERM
 status=0
-scripts/trees/enter.sh "$tree" bash -c "cd /src && $command" 2>&1 | tee "$folder/log" || status=${PIPESTATUS[0]}
+wait %1 || status=$?
 echo "== $release: exit status $status"
 sed -n -e 's/^== \([a-z]*\)$/\1:/p' -e '/tests passed/p' "$folder/log"
 exit "$status"
