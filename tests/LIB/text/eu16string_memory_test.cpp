@@ -87,6 +87,14 @@ constinit Memory memory;
 
 void* operator new(std::size_t size) { return memory.Allocate(size); }
 void* operator new[](std::size_t size) { return memory.Allocate(size); }
+// The sanitizers' own would not take its memory from here.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  try {
+    return memory.Allocate(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
 void operator delete(void* block) noexcept { memory.Free(block); }
 void operator delete[](void* block) noexcept { memory.Free(block); }
 void operator delete(void* block, std::size_t) noexcept { memory.Free(block); }

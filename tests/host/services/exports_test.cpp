@@ -34,6 +34,14 @@ void* Allocate(std::size_t size) {
 }  // namespace
 
 void* operator new(std::size_t size) { return Allocate(size); }
+// The sanitizers' own would not take its memory from here.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  try {
+    return Allocate(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
 void operator delete(void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
