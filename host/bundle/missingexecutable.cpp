@@ -38,11 +38,15 @@ std::vector<std::string> FilledFolders(const fs::path& contents) {
 }  // namespace
 
 std::string MissingExecutable(const std::string& bundle) {
+  const std::vector<std::string> folders = FilledFolders(fs::path(bundle) / "Contents");
+  if (std::ranges::find(folders, BRV_EXECUTABLE_FOLDER) != folders.end()) {
+    return "its code does not load: Info.plist names no file in Contents/" BRV_EXECUTABLE_FOLDER ", or cannot be read";
+  }
   std::string text = "has no executable for " + SystemOf(BRV_EXECUTABLE_FOLDER);
   std::string_view separator = "; it has ";
-  for (const std::string& folder : FilledFolders(fs::path(bundle) / "Contents")) {
+  for (const std::string& folder : folders) {
     const std::string system = SystemOf(folder);
-    if (system.empty() || folder == BRV_EXECUTABLE_FOLDER) continue;
+    if (system.empty()) continue;
     text += fmt::format("{}one for {}", separator, system);
     separator = " and ";
   }

@@ -24,14 +24,25 @@ class Items(Case):
         contents.mkdir(parents=True)
         mine, system = contents.parent, EXECUTABLE_FOLDER.replace("-", " on ", 1)
         self.assertEqual(brvhost("items", mine).stderr, f"brvhost: {mine}: has no executable for {system}\n")
-        for folder in ("Linux-m68k", "MacOS", "Resources", EXECUTABLE_FOLDER):
+        for folder in ("Linux-m68k", "MacOS", "Resources"):
             (contents / folder).mkdir()
             (contents / folder / "Other").touch()
-        (contents / "Linux-empty").mkdir()
+        for folder in ("Linux-empty", EXECUTABLE_FOLDER):
+            (contents / folder).mkdir()
         missing = f"has no executable for {system}; it has one for macOS and one for Linux on m68k\n"
         self.fails(brvhost("items", mine), 3, f"{mine}: {missing}")
         self.fails(run(HIDE, "--all", "--dry-run", SAMPLES / "piano.musicxml", bundle=mine), 3, f"{mine}: {missing}")
         self.assertIn(f"exports the entry points: {missing}", brvhost("check", mine, "--no-confine").stdout)
+
+    def test_need_an_executable_of_the_name_in_info_plist(self):
+        contents = self.folder / "Mine.bundle" / "Contents"
+        (contents / EXECUTABLE_FOLDER).mkdir(parents=True)
+        (contents / EXECUTABLE_FOLDER / "Other.so").touch()
+        reason = f"its code does not load: Info.plist names no file in Contents/{EXECUTABLE_FOLDER}, or cannot be read"
+        for plist in (None, "{ CFBundleExecutable = Another; }", "not a property list"):
+            if plist is not None:
+                (contents / "Info.plist").write_text(plist)
+            self.assertEqual(brvhost("items", contents.parent).stderr, f"brvhost: {contents.parent}: {reason}\n")
 
     def test_need_entry_points(self):
         self.fails(brvhost("items", faulty("lacks_entry_points")), 3, "has no BrevixExtensionVersion")
