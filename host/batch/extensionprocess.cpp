@@ -104,6 +104,7 @@ void ExtensionProcess::ShowLine(std::string_view line) const {
 
 void ExtensionProcess::Lose(bool hasMemory) {
   isLost_ = true;
+  shutdown(channel_.Get(), SHUT_WR);  // it may be there, and have given its own side up
   std::string how = WaitForEnd(false);
   if (!hasMemory) how = kHadNoMemory;
   if (InterruptCount() > 0) return;

@@ -138,6 +138,18 @@ class SystemCalls(Case):
     def test_that_fail_are_reported_by_other_commands(self):
         self.survives((SUPERVISOR,), "info", self.score)
 
+    def test_that_report_the_end_of_a_worker_end_the_run(self):
+        other = self.write("other.musicxml", score())
+        command = hiding(self.score, other, "--jobs", "1", "--out-dir", self.folder / "out")
+        (self.folder / "out").mkdir()
+        # The first one offers the menu items, and the second reports the end of the first worker.
+        run, _ = self.trace(command, LOADER, "sendmsg", 2, errno.ENOBUFS)
+        self.fails(run, 1, "the process that loaded the extension LegerLines ")
+        # The second score may be done before the loader is missed.
+        written = sorted(path.name for path in (self.folder / "out").iterdir())
+        self.assertIn(written, (["score.musicxml"], ["other.musicxml", "score.musicxml"]))
+        self.assertIn(f"2 scores: {len(written)} changed, 0 unchanged, {2 - len(written)} failed\n", run.stdout)
+
     def test_at_which_it_is_killed_leave_the_score_whole(self):
         self.is_killed_well((SUPERVISOR, KEEPER, "0.1", LOADER, "0.1.1.1"), *hiding("--in-place", self.score))
 
