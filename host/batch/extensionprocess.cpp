@@ -105,7 +105,8 @@ void ExtensionProcess::ShowLine(std::string_view line) const {
 void ExtensionProcess::Lose(bool hasMemory) {
   isLost_ = true;
   shutdown(channel_.Get(), SHUT_WR);  // it may be there, and have given its own side up
-  std::string how = WaitForEnd(false);
+  std::string how = WaitForEnd(true);
+  if (how.empty()) how = EndingOfExtension(0, "");
   if (!hasMemory) how = kHadNoMemory;
   if (InterruptCount() > 0) return;
   terminal_.PrintError(fmt::format("the process that loaded the extension {} {}", name_, how));
