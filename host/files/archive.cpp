@@ -113,12 +113,14 @@ std::uint64_t MaxFromOneByte(std::uint16_t method) {
   return method == ZIP_CM_DEFLATE ? 1032 : UINT64_MAX;
 }
 
-// By the bytes of its name. The library's own search allocates memory, and reports a lack of it as a missing member.
+// By its name as UTF-8, whatever encoding the archive has it in. The library's own search reports a lack of memory as a
+// missing member.
 zip_uint64_t IndexOf(zip_t* archive, const std::string& member) {
   const auto count = static_cast<zip_uint64_t>(zip_get_num_entries(archive, 0));
   for (zip_uint64_t index = 0; index < count; ++index) {
-    const char* const name = zip_get_name(archive, index, ZIP_FL_ENC_RAW);
-    if (name != nullptr && member == name) return index;
+    const char* const name = zip_get_name(archive, index, 0);
+    if (name == nullptr) ThrowBroken(ReasonOf(zip_get_error(archive)));
+    if (member == name) return index;
   }
   throw InputError("the archive has no member " + member);
 }

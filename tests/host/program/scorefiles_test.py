@@ -219,6 +219,16 @@ class Archives(Case):
                 self.assertEqual(archive.read("s.xml").decode(), score(HIDDEN_NOTE))
                 self.assertEqual(archive.read(archive.namelist()[0]), b"abc" * 4000)
 
+    def test_have_names_in_the_encoding_of_old_archives_too(self):
+        name = "Prélude.xml".encode("cp437")
+        container = BadScores.container("Prélude.xml").encode()
+        path = self.write("a.mxl", self.archive_with_bare_headers(
+            [(b"META-INF/container.xml", container), (name, score().encode())]))
+        self.succeeds(run(HIDE, "--all", path, "--in-place"))
+        with zipfile.ZipFile(path) as archive:
+            self.assertIsNone(archive.testzip())
+            self.assertEqual(archive.read("Prélude.xml").decode(), score(HIDDEN_NOTE))
+
     def test_and_plain_scores_keep_to_their_names(self):
         plain = self.write("a.musicxml", score())
         self.fails(run(HIDE, "--all", plain, "-o", self.folder / "a.mxl"), 1, "name it .musicxml")
