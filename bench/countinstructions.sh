@@ -6,6 +6,13 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 program=$(realpath "${1:-build/arm64}")/bench/bench-bxstringcount
+fail() {
+  echo "countinstructions: $*" >&2
+  exit 1
+}
+# Without either of them nothing would ever be in the list that is waited for.
+command -v qemu-aarch64-static >/dev/null || fail "no qemu-aarch64-static (package qemu-user-static)"
+[ -x "$program" ] || fail "no $program, which the preset arm64 builds"
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT

@@ -12,10 +12,10 @@ cd "$(dirname "$0")/.."
 . scripts/package/release.sh
 
 build=true
-if [ "${1:-}" = --built ]; then
-  build=false
-  shift
-fi
+case ${1:-} in
+  --built) build=false; shift ;;
+  -*) echo "usage: scripts/test-packages.sh [--built] [RELEASE...]" >&2; exit 2 ;;
+esac
 scripts/install-dependencies.sh xz-utils
 releases=("$@")
 [ $# -gt 0 ] || releases=(bookworm trixie)

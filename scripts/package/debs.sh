@@ -22,7 +22,8 @@ missing=$(dpkg-checkbuilddeps "-a$processor" "-P$profiles" debian/control 2>&1) 
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-tar -xJf "$(scripts/package/source.sh "$work")" -C "$work"
+sources=$(scripts/package/source.sh "$work")
+tar -xJf "$sources" -C "$work"
 if ! (cd "$work/legerlines-$version" &&
       SOURCE_DATE_EPOCH=$time DEB_BUILD_OPTIONS="noautodbgsym parallel=$(nproc)" \
         dpkg-buildpackage "-a$processor" -us -uc -b "-P$profiles") >"$work/log" 2>&1; then
@@ -32,4 +33,4 @@ if ! (cd "$work/legerlines-$version" &&
 fi
 mkdir -p "$folder"
 mv "$work"/*.deb "$folder"
-(cd "$work" && sed -n 's/^ [0-9a-f]\{64\} [0-9]* \(.*\.deb\)$/\1/p' ./*.changes) | sed "s,^,$folder/,"
+sed -n 's/^ [0-9a-f]\{64\} [0-9]* \(.*\.deb\)$/\1/p' "$work"/*.changes | while read -r name; do echo "$folder/$name"; done

@@ -23,13 +23,11 @@ if [ ! -d "$base" ]; then
   [ -n "$mirror" ] || fail "no mirror of Debian in apt's sources"
   mkdir -p "${base%/*}"
   new=$(mktemp -d "$base.XXXXXX")
-  trap 'rm -rf --one-file-system "$new"' EXIT
+  trap 'rm -rf --one-file-system "$new" "$new.log"' EXIT
   if ! debootstrap --variant=minbase "$release" "$new" "$mirror" >"$new.log" 2>&1; then
     tail -n 5 "$new.log" >&2
-    rm -f "$new.log"
     fail "debootstrap could not make a tree of $release"
   fi
-  rm -f "$new.log"
   chmod 755 "$new"
   # Another run may have been faster.
   mv -T "$new" "$base" 2>/dev/null || [ -d "$base/usr" ]

@@ -8,6 +8,8 @@ import tempfile
 import unittest
 import zipfile
 
+from releaseparts import make_part
+
 SOURCES = pathlib.Path(os.environ["BRV_SOURCE"])
 BUILT = pathlib.Path(os.environ["BRV_MACOS_BUNDLE"])
 ITEMS = """\
@@ -16,21 +18,13 @@ ITEMS = """\
 """
 
 
-def package(folder):
-    script = subprocess.run([SOURCES / "scripts/package/bundle.sh", folder], capture_output=True, text=True, timeout=500)
-    if script.returncode == 77:
-        raise unittest.SkipTest(script.stderr.strip())
-    assert script.returncode == 0, script.stderr
-    return pathlib.Path(script.stdout.strip())
-
-
 class Package(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
         cls.folder = pathlib.Path(folder.name)
-        cls.archive = package(cls.folder / "first")
+        cls.archive = make_part(SOURCES, "bundle", cls.folder / "first")
         with zipfile.ZipFile(cls.archive) as archive:
             archive.extractall(cls.folder)
         cls.contents = cls.folder / "LegerLines.bundle" / "Contents"
@@ -59,7 +53,8 @@ class Package(unittest.TestCase):
         self.assertIn("codesign", note)
 
     def test_has_the_same_bytes_each_time(self):
-        self.assertTrue(filecmp.cmp(self.archive, package(self.folder / "second"), shallow=False))
+        again = make_part(SOURCES, "bundle", self.folder / "second")
+        self.assertTrue(filecmp.cmp(self.archive, again, shallow=False))
 
 
 if __name__ == "__main__":

@@ -8,14 +8,10 @@ import tarfile
 import tempfile
 import unittest
 
+from releaseparts import make_part
+
 SOURCE = pathlib.Path(__file__).parents[2]
 IS_CHECKOUT = (SOURCE / ".git").exists() and shutil.which("git") is not None
-
-
-def archive_of(tree, folder, **variables):
-    script = subprocess.run([tree / "scripts/package/source.sh", folder], capture_output=True, text=True, check=True,
-                            env={**os.environ, **variables})
-    return pathlib.Path(script.stdout.strip())
 
 
 def write_script(path, commands):
@@ -29,7 +25,7 @@ class SourceArchive(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
         cls.folder = pathlib.Path(folder.name)
-        cls.archive = archive_of(SOURCE, cls.folder)
+        cls.archive = make_part(SOURCE, "source", cls.folder)
         cls.name = cls.archive.name.removesuffix(".tar.xz")
         with tarfile.open(cls.archive) as archive:
             cls.members = archive.getmembers()
@@ -60,12 +56,23 @@ class SourceArchive(unittest.TestCase):
         for name in ("build/release", "dist"):
             (self.tree / name).mkdir(parents=True)
             (self.tree / name / "made").touch()
-        again = archive_of(self.tree, self.folder / "again")
+        again = make_part(self.tree, "source", self.folder / "again")
         self.assertEqual(again.read_bytes(), self.archive.read_bytes())
 
     def test_bears_the_time_that_is_asked_for(self):
-        with tarfile.open(archive_of(SOURCE, self.folder / "later", SOURCE_DATE_EPOCH="86400")) as archive:
+        later = make_part(SOURCE, "source", self.folder / "later", SOURCE_DATE_EPOCH="86400")
+        with tarfile.open(later) as archive:
             self.assertEqual({member.mtime for member in archive.getmembers()}, {86400})
+
+    def test_is_not_left_where_it_is_not_whole(self):
+        tree, made = self.folder / "lacking", self.folder / "made-of-it"
+        shutil.copytree(self.tree, tree)
+        write_script(tree / "scripts/files.sh", r"printf 'README.md\0none\0'")
+        process = subprocess.run([tree / "scripts/package/source.sh", made], capture_output=True, text=True)
+        self.assertNotEqual(process.returncode, 0)
+        self.assertEqual(process.stdout, "")
+        self.assertIn("none: Cannot stat", process.stderr)
+        self.assertEqual(list(made.iterdir()), [])
 
 
 class Release(unittest.TestCase):
