@@ -78,7 +78,7 @@ TEST(ReadFat, RefusesACountThatNoFileHoldsRecordsFor) {
 TEST(ReadFat, RefusesAnImageBeyondTheEndOfTheFile) {
   ExpectRefused(File({{kIntel, 56, 9, 3}}));
   ExpectRefused(File({{kIntel, 72, 0, 3}}));
-  // The end of either is at 8 once 32 bits are full.
+  // With 32 bits alone, either would end at 8.
   ExpectRefused(File({{kIntel, 56, 0xFFFFFFD0, 3}}));
   ExpectRefused(File({{kIntel, 0xFFFFFFD0, 56, 3}}));
 }

@@ -5,17 +5,25 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <tuple>
 #include <type_traits>
 
 namespace macho {
 
 inline constexpr std::size_t kRegisterCount = 8;
 
-// The arguments of a call by the image, whole numbers and pointers, from the first on.
+// A call by the image of a function of Linux.
 class CallByImage {
  public:
   CallByImage(const std::uint64_t* registers, const char* stack) : registers_(registers), stack_(stack) {}
 
+  // The first arguments, whole numbers and pointers of these types.
+  template <class... T>
+  std::tuple<T...> Arguments() {
+    return std::tuple<T...>{Next<T>()...};  // in braces they are read from the first to the last
+  }
+
+ private:
   template <class T>
   T Next() {
     T value;
@@ -29,7 +37,6 @@ class CallByImage {
     return value;
   }
 
- private:
   const std::uint64_t* registers_;
   const char* stack_;
   std::size_t used_ = 0;

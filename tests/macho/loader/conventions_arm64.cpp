@@ -52,10 +52,8 @@ struct Forward;
 template <class Result, class... Arguments>
 struct Forward<Result(Arguments...)> {
   static std::uint64_t Call(const char* name, CallByImage call) {
-    // In braces they are read from the first to the last.
-    const std::tuple<Arguments...> arguments{call.Next<Arguments>()...};
-    return static_cast<std::uint64_t>(
-        std::apply(reinterpret_cast<Result (*)(Arguments...)>(FunctionOf(name)), arguments));
+    const auto function = reinterpret_cast<Result (*)(Arguments...)>(FunctionOf(name));
+    return static_cast<std::uint64_t>(std::apply(function, call.Arguments<Arguments...>()));
   }
 };
 
@@ -68,48 +66,35 @@ std::uint64_t Word(Pointer* pointer) {
 
 BRV_ADAPTER(CFStringCreateWithFormat)
 std::uint64_t handle_CFStringCreateWithFormat(const std::uint64_t* registers, const char* stack) {
-  CallByImage call(registers, stack);
-  const auto allocator = call.Next<CFAllocatorRef>();
-  const auto options = call.Next<CFDictionaryRef>();
-  const auto format = call.Next<CFStringRef>();
+  const auto [allocator, options, format] =
+      CallByImage(registers, stack).Arguments<CFAllocatorRef, CFDictionaryRef, CFStringRef>();
   return Word(CFStringCreateWithFormatAndArguments(allocator, options, format, ArgumentsOnStack(stack)));
 }
 
 BRV_ADAPTER(CFStringCreateWithFormatAndArguments)
 std::uint64_t handle_CFStringCreateWithFormatAndArguments(const std::uint64_t* registers, const char* stack) {
-  CallByImage call(registers, stack);
-  const auto allocator = call.Next<CFAllocatorRef>();
-  const auto options = call.Next<CFDictionaryRef>();
-  const auto format = call.Next<CFStringRef>();
-  const auto list = ArgumentsHandedOn(call.Next<const void*>());
-  return Word(CFStringCreateWithFormatAndArguments(allocator, options, format, list));
+  const auto [allocator, options, format, list] =
+      CallByImage(registers, stack).Arguments<CFAllocatorRef, CFDictionaryRef, CFStringRef, const void*>();
+  return Word(CFStringCreateWithFormatAndArguments(allocator, options, format, ArgumentsHandedOn(list)));
 }
 
 BRV_ADAPTER(snprintf)
 std::uint64_t handle_snprintf(const std::uint64_t* registers, const char* stack) {
-  CallByImage call(registers, stack);
-  char* const text = call.Next<char*>();
-  const auto size = call.Next<std::size_t>();
-  const char* const format = call.Next<const char*>();
+  const auto [text, size, format] = CallByImage(registers, stack).Arguments<char*, std::size_t, const char*>();
   return static_cast<std::uint64_t>(std::vsnprintf(text, size, format, ArgumentsOnStack(stack)));
 }
 
 BRV_ADAPTER(vsnprintf)
 std::uint64_t handle_vsnprintf(const std::uint64_t* registers, const char* stack) {
-  CallByImage call(registers, stack);
-  char* const text = call.Next<char*>();
-  const auto size = call.Next<std::size_t>();
-  const char* const format = call.Next<const char*>();
-  const auto list = ArgumentsHandedOn(call.Next<const void*>());
-  return static_cast<std::uint64_t>(std::vsnprintf(text, size, format, list));
+  const auto [text, size, format, list] =
+      CallByImage(registers, stack).Arguments<char*, std::size_t, const char*, const void*>();
+  return static_cast<std::uint64_t>(std::vsnprintf(text, size, format, ArgumentsHandedOn(list)));
 }
 
 // What the image finds in a bundle of Linux it calls as on macOS.
 BRV_ADAPTER(CFBundleGetFunctionPointerForName)
 std::uint64_t handle_CFBundleGetFunctionPointerForName(const std::uint64_t* registers, const char* stack) {
-  CallByImage call(registers, stack);
-  const auto bundle = call.Next<CFBundleRef>();
-  const auto name = call.Next<CFStringRef>();
+  const auto [bundle, name] = CallByImage(registers, stack).Arguments<CFBundleRef, CFStringRef>();
   using Find = decltype(CFBundleGetFunctionPointerForName);
   void* const function = reinterpret_cast<Find*>(FunctionOf("CFBundleGetFunctionPointerForName"))(bundle, name);
   char text[256];

@@ -1,4 +1,4 @@
-// A universal file: Mach-O images for several processors behind a header that says where each lies.
+// A universal file: Mach-O images for several processors after a header that states where each of them is.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +13,7 @@ struct FatImage {
 };
 
 // The images in their order. Throws std::runtime_error if it is no such file, or one that a Mac would refuse: an image
-// that is cut off, lies over the header or over another image, is not aligned as its header has it, or is the second
+// that is cut off, lies over the header or over another image, is not aligned as its record has it, or is the second
 // one for its processor.
 std::vector<FatImage> ReadFat(std::string_view bytes);
 
