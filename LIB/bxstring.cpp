@@ -14,6 +14,10 @@ constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
 // So many blocks are checked one by one before four at a time pay off: most texts are names of a few units.
 constexpr std::size_t kShortTextBlocks = 4;
 
+struct FourBlocks {
+  UnitBlock at[4];
+};
+
 FourBlocks LoadFour(const UniChar* units) {
   return {{LoadBlock(units), LoadBlock(units + kBlockUnits), LoadBlock(units + 2 * kBlockUnits),
            LoadBlock(units + 3 * kBlockUnits)}};
@@ -21,7 +25,9 @@ FourBlocks LoadFour(const UniChar* units) {
 
 struct IsEnd {
   UnitBlock operator()(UnitBlock block) const { return MarkZero(block); }
-  UnitBlock InAny(const FourBlocks& four) const { return MarkZeroInAny(four); }
+  UnitBlock InAny(const FourBlocks& four) const {
+    return MarkZeroInAny(four.at[0], four.at[1], four.at[2], four.at[3]);
+  }
   bool operator()(UniChar unit) const { return unit == 0; }
 };
 
@@ -113,7 +119,7 @@ int Compare(const UniChar* a, const UniChar* b, std::size_t limit) {
   for (; blocks - copied >= 4; copied += 4) {
     const UniChar* const from = src + copied * kBlockUnits;
     const FourBlocks four = LoadFour(from);
-    if (AnyMarked(MarkZeroInAny(four))) break;
+    if (AnyMarked(IsEnd().InAny(four))) break;
     for (std::size_t i = 0; i < 4; ++i) StoreBlock(dst + (copied + i) * kBlockUnits, four.at[i]);
   }
   return copied;

@@ -1,7 +1,7 @@
 // Blocks of UTF-16 units that are processed at once. Each processor has a form of them in a header of its own, which
 // this one chooses while compiling: one source is compiled for each processor that a universal executable has.
 //
-// Every form has the types UnitBlock and FourBlocks, the number kBlockUnits, and the same functions:
+// Every form has the type UnitBlock, the number kBlockUnits, and the same functions:
 //   LoadBlock, StoreBlock     from and to any address, odd ones included
 //   StoreFirstUnits           the first units of a block, up to all of them
 //   Filled                    a block of one unit

@@ -11,9 +11,6 @@
 #include "singleunits.h"
 
 typedef uint16x8_t UnitBlock;
-struct FourBlocks {
-  UnitBlock at[4];
-};
 inline constexpr std::size_t kBlockUnits = sizeof(UnitBlock) / sizeof(UniChar);
 
 // Not checked by the address sanitizer: it would report the units after the end of the text, which are loaded but never
@@ -48,7 +45,6 @@ inline UnitBlock Filled(UniChar unit) { return vdupq_n_u16(unit); }
 // Marks are all ones at each unit that is marked, and 0 elsewhere.
 inline UnitBlock MarkEqual(UnitBlock a, UnitBlock b) { return vceqq_u16(a, b); }
 inline UnitBlock MarkZero(UnitBlock block) { return vceqzq_u16(block); }
-// Marks first where second follows it or may follow it: the unit after the block is not known.
 inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
   const UnitBlock seconds = Filled(second);
   const UnitBlock followed = vceqq_u16(vextq_u16(block, seconds, 1), seconds);
@@ -57,22 +53,19 @@ inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
 inline UnitBlock Either(UnitBlock a, UnitBlock b) { return vorrq_u16(a, b); }
 inline UnitBlock Both(UnitBlock a, UnitBlock b) { return vandq_u16(a, b); }
 // The least of four units is 0 if any of them is.
-inline UnitBlock MarkZeroInAny(const FourBlocks& four) {
-  return MarkZero(vminq_u16(vminq_u16(four.at[0], four.at[1]), vminq_u16(four.at[2], four.at[3])));
+inline UnitBlock MarkZeroInAny(UnitBlock a, UnitBlock b, UnitBlock c, UnitBlock d) {
+  return MarkZero(vminq_u16(vminq_u16(a, b), vminq_u16(c, d)));
 }
-// Marked in a, and not in b.
 inline UnitBlock OnlyFirst(UnitBlock a, UnitBlock b) { return vbicq_u16(a, b); }
 
 // A byte for each unit; that of the first unit is the lowest.
 inline std::uint64_t MarkBytes(UnitBlock marks) { return vget_lane_u64(vreinterpret_u64_u8(vshrn_n_u16(marks, 4)), 0); }
 inline bool AnyMarked(UnitBlock marks) { return MarkBytes(marks) != 0; }
 inline bool AllMarked(UnitBlock marks) { return MarkBytes(marks) == ~std::uint64_t{0}; }
-// One bit for each unit; that of the first unit is the lowest.
 inline unsigned MarkedUnits(UnitBlock marks) {
   const UnitBlock bits = {1, 2, 4, 8, 16, 32, 64, 128};
   return vaddvq_u16(vandq_u16(marks, bits));
 }
-// The index of the first marked unit, or kBlockUnits if none is marked.
 inline std::size_t FirstMarked(UnitBlock marks) {
   return static_cast<std::size_t>(std::countr_zero(MarkBytes(marks))) / 8;
 }

@@ -9,9 +9,6 @@
 #include "singleunits.h"
 
 typedef std::uint64_t UnitBlock;
-struct FourBlocks {
-  UnitBlock at[4];
-};
 inline constexpr std::size_t kBlockUnits = sizeof(UnitBlock) / sizeof(UniChar);
 static_assert(std::endian::native == std::endian::little, "the first unit of a block is its lowest");
 
@@ -40,25 +37,21 @@ inline UnitBlock MarkZero(UnitBlock block) {
   return ~(lowerBits | block) & kAllMarks;
 }
 inline UnitBlock MarkEqual(UnitBlock a, UnitBlock b) { return MarkZero(a ^ b); }
-// Marks first where second follows it or may follow it: the unit after the block is not known.
 inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
   const UnitBlock next = block >> 16 | UnitBlock{second} << 48;
   return MarkEqual(block, Filled(first)) & MarkEqual(next, Filled(second));
 }
 inline UnitBlock Either(UnitBlock a, UnitBlock b) { return a | b; }
 inline UnitBlock Both(UnitBlock a, UnitBlock b) { return a & b; }
-inline UnitBlock MarkZeroInAny(const FourBlocks& four) {
-  return Either(Either(MarkZero(four.at[0]), MarkZero(four.at[1])), Either(MarkZero(four.at[2]), MarkZero(four.at[3])));
+inline UnitBlock MarkZeroInAny(UnitBlock a, UnitBlock b, UnitBlock c, UnitBlock d) {
+  return Either(Either(MarkZero(a), MarkZero(b)), Either(MarkZero(c), MarkZero(d)));
 }
-// Marked in a, and not in b.
 inline UnitBlock OnlyFirst(UnitBlock a, UnitBlock b) { return a & ~b; }
 
 inline bool AnyMarked(UnitBlock marks) { return marks != 0; }
 inline bool AllMarked(UnitBlock marks) { return marks == kAllMarks; }
-// One bit for each unit; that of the first unit is the lowest.
 inline unsigned MarkedUnits(UnitBlock marks) {
   return static_cast<unsigned>((marks >> 15 | marks >> 30 | marks >> 45 | marks >> 60) & 0xF);
 }
-// The index of the first marked unit, or kBlockUnits if none is marked.
 inline std::size_t FirstMarked(UnitBlock marks) { return static_cast<std::size_t>(std::countr_zero(marks)) / 16; }
 inline std::size_t FirstUnmarked(UnitBlock marks) { return FirstMarked(marks ^ kAllMarks); }

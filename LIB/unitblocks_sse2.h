@@ -10,9 +10,6 @@
 #include "singleunits.h"
 
 typedef __m128i UnitBlock;
-struct FourBlocks {
-  UnitBlock at[4];
-};
 inline constexpr std::size_t kBlockUnits = sizeof(UnitBlock) / sizeof(UniChar);
 
 // Not checked by the address sanitizer: it would report the units after the end of the text, which are loaded but never
@@ -25,7 +22,6 @@ inline void StoreBlock(UniChar* units, UnitBlock block) {
   _mm_storeu_si128(reinterpret_cast<__m128i_u*>(units), block);
 }
 
-// Stores the first count units of the block, which may be all of it.
 inline void StoreFirstUnits(UniChar* units, UnitBlock block, std::size_t count) {
   if (count == kBlockUnits) return StoreBlock(units, block);
   if (count & 4) {
@@ -47,7 +43,6 @@ inline UnitBlock Filled(UniChar unit) { return _mm_set1_epi16(static_cast<short>
 // Marks are all ones at each unit that is marked, and 0 elsewhere.
 inline UnitBlock MarkEqual(UnitBlock a, UnitBlock b) { return _mm_cmpeq_epi16(a, b); }
 inline UnitBlock MarkZero(UnitBlock block) { return _mm_cmpeq_epi16(block, _mm_setzero_si128()); }
-// Marks first where second follows it or may follow it: the unit after the block is not known.
 inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
   const UnitBlock last = _mm_slli_si128(_mm_set1_epi8(-1), sizeof(UnitBlock) - sizeof(UniChar));
   const UnitBlock followed = MarkEqual(_mm_srli_si128(block, sizeof(UniChar)), Filled(second));
@@ -55,19 +50,16 @@ inline UnitBlock MarkPair(UnitBlock block, UniChar first, UniChar second) {
 }
 inline UnitBlock Either(UnitBlock a, UnitBlock b) { return _mm_or_si128(a, b); }
 inline UnitBlock Both(UnitBlock a, UnitBlock b) { return _mm_and_si128(a, b); }
-inline UnitBlock MarkZeroInAny(const FourBlocks& four) {
-  return Either(Either(MarkZero(four.at[0]), MarkZero(four.at[1])), Either(MarkZero(four.at[2]), MarkZero(four.at[3])));
+inline UnitBlock MarkZeroInAny(UnitBlock a, UnitBlock b, UnitBlock c, UnitBlock d) {
+  return Either(Either(MarkZero(a), MarkZero(b)), Either(MarkZero(c), MarkZero(d)));
 }
-// Marked in a, and not in b.
 inline UnitBlock OnlyFirst(UnitBlock a, UnitBlock b) { return _mm_andnot_si128(b, a); }
 
 inline bool AnyMarked(UnitBlock marks) { return _mm_movemask_epi8(marks) != 0; }
 inline bool AllMarked(UnitBlock marks) { return _mm_movemask_epi8(marks) == 0xFFFF; }
-// One bit for each unit; that of the first unit is the lowest.
 inline unsigned MarkedUnits(UnitBlock marks) {
   return static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(marks, _mm_setzero_si128())));
 }
-// The index of the first marked unit, or kBlockUnits if none is marked.
 inline std::size_t FirstMarked(UnitBlock marks) {
   const unsigned bytes = static_cast<unsigned>(_mm_movemask_epi8(marks)) | 0x10000u;
   return static_cast<std::size_t>(std::countr_zero(bytes)) / sizeof(UniChar);

@@ -81,9 +81,9 @@ TEST(UnitBlocks, MarkWhereAnyOfFourIsZero) {
   for (const Block& block : Blocks()) {
     const unsigned zeros = Bits(block, [](UniChar unit) { return unit == 0; });
     for (std::size_t place = 0; place < 4; ++place) {
-      FourBlocks four = {{Filled(1), Filled(0x7FFF), Filled(0x8001), Filled(0xFFFF)}};
-      four.at[place] = Loaded(block);
-      EXPECT_EQ(MarkedUnits(MarkZeroInAny(four)), zeros);
+      UnitBlock four[] = {Filled(1), Filled(0x7FFF), Filled(0x8001), Filled(0xFFFF)};
+      four[place] = Loaded(block);
+      EXPECT_EQ(MarkedUnits(MarkZeroInAny(four[0], four[1], four[2], four[3])), zeros);
     }
   }
 }
