@@ -9,6 +9,7 @@
 
 #include "host/bundle/createbundle.h"
 #include "host/bundle/missingexecutable.h"
+#include "host/bundle/otherprocessor.h"
 #include "host/bundle/thrown.h"
 #include "host/process/whereabouts.h"
 #include "host/text/cfowner.h"
@@ -56,11 +57,13 @@ std::string LoadedBundle::LoadCode() const {
   if (executable.empty()) return MissingExecutable(path_);
   const InExtension here("its constructors");
   try {
-    if (OpenCode(executable) == nullptr) return fmt::format("its code does not load: {}", dlerror());
+    if (OpenCode(executable) != nullptr) return "";
   } catch (...) {
     return "its code does not load: its constructors threw an exception: " + ThrownText();
   }
-  return "";
+  const std::string wrong = dlerror();
+  return "its code does not load: " +
+         (IsForAnotherProcessor(executable) ? executable + " is for another processor" : wrong);
 }
 
 LoadedBundle::~LoadedBundle() { CFRelease(bundle_); }

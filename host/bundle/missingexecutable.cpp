@@ -38,9 +38,13 @@ std::vector<std::string> FilledFolders(const fs::path& contents) {
 }  // namespace
 
 std::string MissingExecutable(const std::string& bundle) {
-  const std::vector<std::string> folders = FilledFolders(fs::path(bundle) / "Contents");
+  std::error_code error;
+  // A bundle without it has the folders itself.
+  const std::string contents = fs::is_directory(fs::path(bundle) / "Contents", error) ? "Contents/" : "";
+  const std::vector<std::string> folders = FilledFolders(fs::path(bundle) / contents);
   if (std::ranges::find(folders, BRV_EXECUTABLE_FOLDER) != folders.end()) {
-    return "its code does not load: Info.plist names no file in Contents/" BRV_EXECUTABLE_FOLDER ", or cannot be read";
+    return fmt::format("its code does not load: Info.plist names no file in {}{}, or cannot be read", contents,
+                       BRV_EXECUTABLE_FOLDER);
   }
   std::string text = "has no executable for " + SystemOf(BRV_EXECUTABLE_FOLDER);
   std::string_view separator = "; it has ";

@@ -1,6 +1,8 @@
 """What brvhost does at the shell: commands, files, exit statuses, messages."""
 
 import os
+import pathlib
+import shutil
 import subprocess
 import unittest
 
@@ -43,6 +45,18 @@ class Items(Case):
             if plist is not None:
                 (contents / "Info.plist").write_text(plist)
             self.assertEqual(brvhost("items", contents.parent).stderr, f"brvhost: {contents.parent}: {reason}\n")
+        # A bundle without the folder Contents has the others itself.
+        flat = contents.rename(self.folder / "Flat.bundle")
+        reason = reason.replace("Contents/", "")
+        self.assertEqual(brvhost("items", flat).stderr, f"brvhost: {flat}: {reason}\n")
+
+    def test_need_an_executable_for_this_processor(self):
+        mine = pathlib.Path(shutil.copytree(LEGER_LINES, self.folder / "Mine.bundle"))
+        executable = mine / "Contents" / EXECUTABLE_FOLDER / "LegerLines.so"
+        code = bytearray(executable.read_bytes())
+        code[18:20] = b"\xF3\0"  # the number of RISC-V
+        executable.write_bytes(code)
+        self.fails(brvhost("items", mine), 3, f"{mine}: its code does not load: {executable} is for another processor\n")
 
     def test_need_entry_points(self):
         self.fails(brvhost("items", faulty("lacks_entry_points")), 3, "has no BrevixExtensionVersion")
