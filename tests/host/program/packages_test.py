@@ -2,6 +2,7 @@
 
 import fnmatch
 import pathlib
+import platform
 import re
 import subprocess
 import unittest
@@ -11,6 +12,8 @@ from installed import BUILD, SOURCE, install
 
 DEBIAN = SOURCE / "debian"
 PACKAGES = ["brvhost", "libbrvedk-dev", "libbrvplatform1"]
+RELEASE = platform.freedesktop_os_release()
+IS_DEBIAN = RELEASE["ID"] == "debian" and "VERSION_ID" in RELEASE
 
 
 def lines(path):
@@ -60,19 +63,31 @@ class Library(unittest.TestCase):
         self.assertEqual([line.split("@")[0].strip() for line in symbols], sorted(line.split()[-1] for line in output.splitlines()))
 
 
+def source_version():
+    return re.search(r"^project\(LegerLines VERSION ([\d.]+)", (SOURCE / "CMakeLists.txt").read_text(), re.MULTILINE)[1]
+
+
+def package_version():
+    """That of a package which is built here."""
+    command = ["make", "-s", "-f", "debian/rules", "--eval", "version: ; @echo $(DEB_VERSION)$(RELEASE)", "version"]
+    return subprocess.run(command, cwd=SOURCE, check=True, capture_output=True, text=True).stdout.strip()
+
+
 class Version(unittest.TestCase):
     def test_is_the_same_everywhere(self):
-        version = re.search(r"^project\(LegerLines VERSION ([\d.]+)", (SOURCE / "CMakeLists.txt").read_text(), re.MULTILINE)[1]
+        version = source_version()
         changelog, *_ = lines(DEBIAN / "changelog")
         self.assertRegex(changelog, rf"^legerlines \({re.escape(version)}\) ")
         self.assertEqual(brvhost("--version").stdout, f"brvhost {version}\n")
         title, *_ = (BUILD / "share/man/man1/brvhost.1").read_text().splitlines()
         self.assertEqual(title, f'.TH BRVHOST 1 "" "brvhost {version}" "User commands"')
 
-    @unittest.skipUnless(pathlib.Path("/usr/bin/dpkg").exists(), "no dpkg")
+    @unittest.skipUnless(IS_DEBIAN and pathlib.Path("/usr/share/dpkg/pkg-info.mk").exists(), "no release of Debian with dpkg-dev")
     def test_grows_with_the_release_of_debian_and_with_each_version(self):
-        for earlier, later in (("1.0.0~deb12u1", "1.0.0~deb13u1"), ("1.0.0~deb13u1", "1.0.1~deb12u1"), ("1.0.0~deb13u1", "1.0.0")):
-            subprocess.run(["dpkg", "--compare-versions", earlier, "lt", later], check=True)
+        version, release = package_version(), int(RELEASE["VERSION_ID"])
+        self.assertEqual(version, f"{source_version()}~deb{release}u1")
+        for later in (f"{source_version()}~deb{release + 1}u1", f"{source_version()}.1~deb{release - 1}u1", source_version()):
+            subprocess.run(["dpkg", "--compare-versions", version, "lt", later], check=True)
 
 
 if __name__ == "__main__":
