@@ -29,12 +29,13 @@ std::optional<Number> TakeNumber(std::string_view& text) {
 
 // How many times a size doubles with its unit.
 std::optional<int> DoublingsOf(const std::string& unit) {
+  if (unit.empty() || strcasecmp(unit.c_str(), "B") == 0) return 0;
   int doublings = 0;
-  for (const char* const letter : {"", "K", "M", "G", "T", "P"}) {
+  for (const char* const letter : {"K", "M", "G", "T", "P"}) {
+    doublings += 10;
     for (const char* const ending : {"", "B", "iB"}) {
       if (strcasecmp(unit.c_str(), (std::string(letter) + ending).c_str()) == 0) return doublings;
     }
-    doublings += 10;
   }
   return std::nullopt;
 }

@@ -397,7 +397,7 @@ class WrongCommandLines(Case):
 
     def test_have_a_size_that_is_none_or_out_of_range(self):
         for option in ("--max-size", "--max-memory"):
-            for value in ("-1", "0", "x", "KB", "1.5GB", "10XB", "0x10", "1025TB", "2P", "99999999999999999999"):
+            for value in ("-1", "0", "x", "KB", "1.5GB", "10XB", "5iB", "0x10", "1025TB", "2P", "99999999999999999999"):
                 self.refuses(f"{option} {value}: is not a size such as 500000, 20MB or 2GB, from 1 byte to 1024 TB",
                              "info", "a", option, value)
 
