@@ -42,7 +42,7 @@ std::optional<int> DoublingsOf(const std::string& unit) {
 
 std::optional<std::uint64_t> ParseSize(std::string_view text) {
   const auto number = TakeNumber<std::uint64_t>(text);
-  if (!number || *number == 0 || *number > kMaxSizeLimit) return std::nullopt;
+  if (!number || *number == 0) return std::nullopt;
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   const auto doublings = DoublingsOf(std::string(text));
   if (!doublings || *number > kMaxSizeLimit >> *doublings) return std::nullopt;

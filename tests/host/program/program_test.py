@@ -389,6 +389,12 @@ class WrongCommandLines(Case):
     def test_repeat_an_option(self):
         self.refuses_run("--staves: is given 3 times; give it once", "--item", "0", *("--staves", "1") * 3)
 
+    def test_may_repeat_scores_and_what_takes_no_value(self):
+        self.refuses("run needs --item N; `brvhost run --help` explains what it takes", "run", "a", "b", "c", "--all", "--all")
+
+    def test_have_only_arguments_after_two_dashes(self):
+        self.refuses("--max-size=: No such file or directory", "info", "--", "--max-size=")
+
     def test_have_a_number_that_is_none_or_out_of_range(self):
         ranges = {"--item": ("-1", "0 on"), "--jobs": ("257", "1 to 256"), "--timeout": ("0", "1 to 1000000")}
         for option, (outside, limits) in ranges.items():
