@@ -99,6 +99,21 @@ class BadScores(Case):
         whole = path.read_bytes()
         self.refuses("a.mxl", whole.replace(b"<score-part ", b"<score-Part "), "x.xml: its checksum does not match")
 
+    def test_are_reported_with_the_member_that_is_damaged_however_it_is_packed(self):
+        path = self.folder / "made.zip"
+        with zipfile.ZipFile(path, "w") as archive:
+            archive.writestr("META-INF/container.xml", self.container("x.xml"))
+            archive.writestr("x.xml", score(), zipfile.ZIP_BZIP2)
+        whole = path.read_bytes()
+        packed = whole.index(b"BZh")
+        self.refuses("a.mxl", whole[:packed + 20] + bytes(20) + whole[packed + 40:],
+                     "a.mxl: not a readable .mxl archive: x.xml: its compressed data is damaged\n")
+
+    def test_are_reported_when_their_archive_is_in_several_parts(self):
+        whole = bytearray(self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": score()}))
+        whole[whole.rindex(b"PK\5\6") + 4] = 1  # the number of this part, from 0
+        self.refuses("a.mxl", bytes(whole), "a.mxl: not a readable .mxl archive: it is one of several parts of an archive\n")
+
     def test_are_reported_with_the_member_that_is_packed_in_no_known_way(self):
         whole = self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": score()})
         with zipfile.ZipFile(io.BytesIO(whole)) as archive:
