@@ -26,7 +26,7 @@ function(brv_add_test)
   endif()
 endfunction()
 
-# The tests of a program under their names behind a prefix, with a label and more properties.
+# The tests of a program under their names after a prefix, with a label and more properties.
 function(_brv_register_test program whole prefix label)
   set(properties ${ARGN})
   if(label)

@@ -143,8 +143,9 @@ TEST_P(MacOSImage, RunsFromMacOS11On) {
   EXPECT_EQ(image_.minimumSystem, 0x000B0000u);
 }
 
-TEST_P(MacOSImage, HasItsSegmentsOnPagesOfItsProcessor) {
+TEST_P(MacOSImage, HasItselfAndItsSegmentsOnPagesOfItsProcessor) {
   const std::uint64_t pageSize = Processor() == macho::CPU_TYPE_ARM64 ? 16384 : 4096;
+  EXPECT_EQ(static_cast<std::uint64_t>(bytes_.data() - FileBytes().data()) % pageSize, 0u);
   for (const macho::Segment& segment : image_.segments) {
     EXPECT_EQ(segment.address % pageSize, 0u) << segment.name;
     EXPECT_EQ(segment.fileOffset % pageSize, 0u) << segment.name;
