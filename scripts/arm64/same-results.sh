@@ -4,6 +4,7 @@
 #
 #   scripts/arm64/same-results.sh BUILD OTHER_BUILD
 set -euo pipefail
+[ $# -eq 2 ] || { echo "usage: scripts/arm64/same-results.sh BUILD OTHER_BUILD" >&2; exit 2; }
 build=$(realpath "$1")
 other=$(realpath "$2")
 cd "$(dirname "$0")/../.."

@@ -5,6 +5,7 @@
 #
 # What is mounted is seen by the command alone, and gone with it: nothing has to be unmounted, however it ends.
 set -euo pipefail
+[ $# -ge 2 ] || { echo "usage: scripts/trees/enter.sh TREE COMMAND [ARGUMENT...]" >&2; exit 2; }
 
 tree=$(realpath "$1")
 shift

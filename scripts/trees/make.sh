@@ -6,6 +6,7 @@
 #
 # What debootstrap has made is kept in ${XDG_CACHE_HOME:-~/.cache}/legerlines/trees, and copied from then on.
 set -euo pipefail
+[ $# -eq 2 ] || { echo "usage: scripts/trees/make.sh RELEASE TREE" >&2; exit 2; }
 release=$1
 tree=$(realpath -m "$2")
 cd "$(dirname "$0")/../.."
@@ -15,6 +16,7 @@ fail() {
   exit 2
 }
 
+[[ $release =~ ^[a-z]+$ ]] || fail "no release of Debian has the name $release"
 [ "$(id -u)" -eq 0 ] || fail "a tree needs root"
 scripts/install-dependencies.sh debootstrap
 base=${XDG_CACHE_HOME:-$HOME/.cache}/legerlines/trees/$release

@@ -109,6 +109,23 @@ class Compilers(unittest.TestCase):
                          [False, True, True, False])
 
 
+class ExecutableFolder(unittest.TestCase):
+    def printed_for(self, processor):
+        with tempfile.NamedTemporaryFile("w", suffix=".cmake") as script:
+            script.write(f'include({SOURCE}/cmake/BrvExecutableFolder.cmake)\nmessage("${{BRV_EXECUTABLE_FOLDER}}")\n')
+            script.flush()
+            command = ["cmake", f"-DCMAKE_SYSTEM_PROCESSOR={processor}", "-P", script.name]
+            return subprocess.run(command, capture_output=True, text=True).stderr
+
+    def test_is_named_after_the_processor(self):
+        folders = {"x86_64": "Linux-x86-64", "amd64": "Linux-x86-64", "AMD64": "Linux-x86-64", "aarch64": "Linux-arm64",
+                   "arm64": "Linux-arm64", "riscv64": "Linux-riscv64"}
+        self.assertEqual({processor: self.printed_for(processor).strip() for processor in folders}, folders)
+
+    def test_has_no_name_without_a_processor(self):
+        self.assertIn("a toolchain file has to set CMAKE_SYSTEM_PROCESSOR", " ".join(self.printed_for("").split()))
+
+
 class AuthorsOptions(unittest.TestCase):
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
