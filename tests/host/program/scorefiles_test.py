@@ -112,7 +112,9 @@ class BadScores(Case):
     def test_are_reported_when_their_archive_is_in_several_parts(self):
         whole = bytearray(self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": score()}))
         whole[whole.rindex(b"PK\5\6") + 4] = 1  # the number of this part, from 0
-        self.refuses("a.mxl", bytes(whole), "a.mxl: not a readable .mxl archive: it is one of several parts of an archive\n")
+        process = self.refuses("a.mxl", bytes(whole), "a.mxl: not a readable .mxl archive: it ")
+        # Newer libraries take such a directory for none.
+        self.assertRegex(process.stderr, ": it (is one of several parts of an archive|has no directory at its end; the file may be cut off)\n$")
 
     def test_are_reported_with_the_member_that_is_packed_in_no_known_way(self):
         whole = self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": score()})
