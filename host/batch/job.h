@@ -22,6 +22,7 @@ struct JobSettings {
   int readers = 1;                         // threads that read one score
   std::optional<int> secondsAScore;        // no limit when null
   bool confine = false;                    // what the extension may do outside its process
+  bool listsChanges = false;               // entry by entry
 };
 
 struct Job {

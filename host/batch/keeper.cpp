@@ -4,14 +4,17 @@
 #include <poll.h>
 #include <strings.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <iterator>
 #include <new>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <variant>
+#include <vector>
 
 #include "host/bundle/bundlename.h"
 #include "host/files/inputfile.h"
@@ -28,6 +31,9 @@ namespace brvhost {
 namespace {
 
 constexpr std::size_t kMaxWarnings = 5;
+
+// The list of a large score goes out in pieces, so that nobody but this process holds the whole.
+constexpr std::size_t kChangesAMessage = 1024;
 
 // What the messages of a worker may have beside its result.
 constexpr std::size_t kMaxText = std::size_t{1} << 20;
@@ -96,12 +102,32 @@ class Keeper {
   Message Write(const ScoreFile& file, const std::optional<Target>& target) {
     const LedgerEdits edits = file.Edits();
     const bool isWritten = job_.Writes(edits.ChangedEntries());
+    // Before anything is written, as it may take more memory than there is.
+    const std::vector<EntryChange> changes = settings_.listsChanges ? file.Changes() : std::vector<EntryChange>();
     if (isWritten) {
       const auto warnings = file.Save(edits, *target, IsInterrupted);
       if (!warnings) return LostMessage{};
       for (const std::string& warning : *warnings) Warn(warning);
     }
+    SendChanges(file, changes);
     return DoneMessage{edits.ChangedEntries(), file.GetScore().entries.size(), isWritten ? 1u : 0u};
+  }
+
+  void SendChanges(const ScoreFile& file, std::span<const EntryChange> changes) {
+    if (changes.empty()) return;
+    if (file.IsCompressed()) supervisor_.Send(MemberMessage{file.Member()});
+    for (; !changes.empty(); changes = changes.subspan(std::min(kChangesAMessage, changes.size()))) {
+      supervisor_.Send(ChangesMessage{BytesOf(changes.first(std::min(kChangesAMessage, changes.size())))});
+      if (!WaitForMore()) return;
+    }
+  }
+
+  // False when the supervisor is gone.
+  bool WaitForMore() {
+    while (const auto message = supervisor_.Receive()) {
+      if (std::holds_alternative<MoreMessage>(*message)) return true;
+    }
+    return false;
   }
 
   void SendWarnings(const ScoreFile& file) const {

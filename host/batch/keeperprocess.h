@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "host/batch/channel.h"
+#include "host/batch/findings.h"
 #include "host/batch/foreignoutput.h"
 #include "host/process/deadline.h"
 #include "host/process/descriptor.h"
@@ -25,6 +26,7 @@ struct Work {
   bool isLate = false;                       // it has passed, and the worker is killed
   bool isLost = false;                       // the worker has gone without a result
   std::optional<std::int64_t> workerStatus;  // once it is known to have ended
+  Findings findings;
 };
 
 // A single score has a thread of the supervisor for its keeper, which takes less time to start.

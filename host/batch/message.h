@@ -52,6 +52,16 @@ struct WarningMessage {
   std::string text;
 };
 
+// From a keeper to the supervisor, where the changes are to be listed: the member of an archive that has the score, and
+// the bytes of some EntryChanges. It sends more of them when the supervisor has printed these.
+struct MemberMessage {
+  std::string text;
+};
+struct ChangesMessage {
+  std::string text;
+};
+struct MoreMessage {};
+
 // The last message about a score is one of these four: why it cannot be used, why there is no result, the result, or
 // that the worker has gone without one.
 struct BadInputMessage {
@@ -104,11 +114,11 @@ struct EndMessage {
   std::uint64_t atOnce = 0;  // 0 or 1
 };
 
-using Message =
-    std::variant<AlertMessage, QuestionMessage, ProgressMessage, ProgressEndMessage, AnswerMessage, DocumentMessage,
-                 ResultMessage, WarningMessage, BadInputMessage, FailureMessage, DoneMessage, LostMessage, JobMessage,
-                 WorkerEndedMessage, HandedOutMessage, HandedBackMessage, OfferMessage, BadBundleMessage, EndedMessage,
-                 StartMessage, InterruptMessage, EndMessage, NoMemoryMessage>;
+using Message = std::variant<AlertMessage, QuestionMessage, ProgressMessage, ProgressEndMessage, AnswerMessage,
+                             DocumentMessage, ResultMessage, WarningMessage, BadInputMessage, FailureMessage,
+                             DoneMessage, LostMessage, JobMessage, WorkerEndedMessage, HandedOutMessage,
+                             HandedBackMessage, OfferMessage, BadBundleMessage, EndedMessage, StartMessage,
+                             InterruptMessage, EndMessage, NoMemoryMessage, MemberMessage, ChangesMessage, MoreMessage>;
 
 // The bytes of a message, for a process on the same machine. A message without content needs no memory.
 std::string Encode(const Message& message);

@@ -289,6 +289,30 @@ void Pool::Refuse(std::size_t slot) {
   Finish(slot);
 }
 
+void Pool::Handle(std::size_t slot, const MemberMessage& message) { slots_[slot].work->findings.member = message.text; }
+
+void Pool::Handle(std::size_t slot, const ChangesMessage& message) {
+  ShowOutput(slot);
+  slots_[slot].work->findings.changes = message.text;
+  ListChanges();
+}
+
+void Pool::ListChanges() {
+  const auto hasChanges = [](const KeeperProcess& keeper) {
+    return keeper.work && !keeper.work->findings.changes.empty();
+  };
+  if (!listed_) {
+    const auto next = std::ranges::find_if(slots_, hasChanges);
+    if (next == slots_.end()) return;
+    listed_ = static_cast<std::size_t>(std::distance(slots_.begin(), next));
+  }
+  KeeperProcess& keeper = slots_[*listed_];
+  if (!hasChanges(keeper)) return;
+  results_.List(JobOf(*listed_), keeper.work->findings);
+  keeper.work->findings.changes.clear();
+  keeper.channel.Send(MoreMessage{});
+}
+
 void Pool::Handle(std::size_t slot, const DoneMessage& message) {
   ShowOutput(slot);
   results_.ReportDone(JobOf(slot), message);
@@ -341,6 +365,9 @@ void Pool::Finish(std::size_t slot) {
   auto& work = slots_[slot].work;
   work->output.Finish([&](std::string_view line) { ShowLine(slot, line); });
   work.reset();
+  if (listed_ != slot) return;
+  listed_.reset();
+  ListChanges();
 }
 
 void Pool::ShowOutput(std::size_t slot) {

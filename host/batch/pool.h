@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -63,10 +64,14 @@ class Pool {
   void Handle(std::size_t slot, const ProgressEndMessage& message);
   void Handle(std::size_t slot, const BadInputMessage& message);
   void Handle(std::size_t slot, const FailureMessage& message);
+  void Handle(std::size_t slot, const MemberMessage& message);
+  void Handle(std::size_t slot, const ChangesMessage& message);
   void Handle(std::size_t slot, const DoneMessage& message);
   void Handle(std::size_t slot, const LostMessage& message);
   void Handle(std::size_t slot, const NoMemoryMessage& message);
 
+  // Lists what has changed in one score at a time; the keepers of others wait.
+  void ListChanges();
   // Ends the work of a worker that may still wait, or go on.
   void Refuse(std::size_t slot);
   // The work has gone without a result, for a reason that is known.
@@ -85,8 +90,9 @@ class Pool {
   ExtensionProcess& extension_;
   Terminal& terminal_;
   std::vector<KeeperProcess> slots_;
-  std::size_t parallel_;             // slots that may have work
-  std::deque<std::size_t> waiting_;  // jobs that are not started yet
+  std::size_t parallel_;               // slots that may have work
+  std::deque<std::size_t> waiting_;    // jobs that are not started yet
+  std::optional<std::size_t> listed_;  // the slot with the score that is listed
   bool isLoaded_ = false;
   Results results_;
   int interruptsPassedOn_ = 0;

@@ -6,15 +6,33 @@
 
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
+#include "host/score/changes.h"
+#include "host/score/fraction.h"
+#include "host/score/score.h"
+#include "host/text/printable.h"
 
 namespace brvhost {
+namespace {
+
+std::string LineOf(const Job& job, const DoneMessage& done) {
+  const std::string counts = fmt::format("{}: {} of {} entries", job.score, done.changedEntries, done.entries);
+  if (!job.target) return counts + " would change";
+  return counts + " changed, " + (done.filesWritten > 0 ? "written to " + *job.target : "nothing written");
+}
+
+// Layers count from 1 here, as on the command line.
+std::string LineOf(const std::string& place, const EntryChange& change, const char* becomes) {
+  return fmt::format("{}:{}: staff {}, measure {}, layer {}, position {}: {}{}\n", place, change.line, +change.staff,
+                     +change.measure, change.layer + 1, TextOf({change.position, kTicksPerQuarter}), becomes,
+                     change.isHidden != 0 ? "hidden" : "shown");
+}
+
+}  // namespace
 
 void Results::ReportDone(const Job& job, const DoneMessage& message) {
   ++(message.changedEntries > 0 ? changed_ : unchanged_);
-  if (!IsOfOneJob()) return ShowBar();
-  terminal_.PrintLine(
-      fmt::format("{}: {} of {} entries changed{}", job.score, message.changedEntries, message.entries,
-                  message.filesWritten > 0 ? ", written to " + job.target.value_or("") : ", nothing written"));
+  if (IsOfOneJob() || IsDryRun()) terminal_.PrintLine(LineOf(job, message));
+  ShowBar();
 }
 
 void Results::ReportBadInput(const std::string& text) {
@@ -29,11 +47,19 @@ void Results::ReportFailure(const std::string& text) {
   ShowBar();
 }
 
+void Results::List(const Job& job, const Findings& findings) {
+  const std::string place = Printable(findings.member.empty() ? job.score : job.score + ": " + findings.member);
+  const char* const becomes = IsDryRun() ? "would be " : "";
+  std::string lines;
+  for (const EntryChange& change : ChangesFrom(findings.changes)) lines += LineOf(place, change, becomes);
+  terminal_.PrintLines(lines);
+}
+
 void Results::PrintSummary() {
   terminal_.ClearBar();
   if (IsOfOneJob()) return;
-  std::string line = fmt::format("{} scores: {} changed, {} unchanged, {} failed", jobs_.size(), changed_, unchanged_,
-                                 badInput_ + failed_);
+  std::string line = fmt::format("{} scores: {} {}, {} unchanged, {} failed", jobs_.size(), changed_,
+                                 IsDryRun() ? "would change" : "changed", unchanged_, badInput_ + failed_);
   if (NotRun() > 0) line += fmt::format(", {} not run", NotRun());
   terminal_.PrintLine(line);
 }

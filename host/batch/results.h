@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "host/batch/findings.h"
 #include "host/batch/job.h"
 #include "host/batch/message.h"
 #include "host/process/terminal.h"
@@ -21,6 +22,9 @@ class Results {
   void ReportBadInput(const std::string& text);
   void ReportFailure(const std::string& text);
 
+  // Prints some of the changes in a score that is not reported yet.
+  void List(const Job& job, const Findings& findings);
+
   // How many came out in which way, where there are several.
   void PrintSummary();
   // The exit status of the whole.
@@ -33,6 +37,7 @@ class Results {
  private:
   int Finished() const { return changed_ + unchanged_ + badInput_ + failed_; }
   int NotRun() const;
+  bool IsDryRun() const { return !jobs_.front().target; }
   void ShowBar();
 
   const std::vector<Job>& jobs_;

@@ -89,6 +89,11 @@ void AddTargets(CLI::App& run, Options& options) {
   AddFlag(run, "--dry-run", options.dryRun, "Write nothing; report what would change")->group(kGroup);
 }
 
+void AddReports(CLI::App& run, Options& options) {
+  AddFlag(run, "--list", options.list, "Print each entry that changes: its line in the file and its place in the music")
+      ->group("Report");
+}
+
 }  // namespace
 
 std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
@@ -116,6 +121,7 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
       ->required();
   AddTargets(run, options);
   AddRegion(run, options);
+  AddReports(run, options);
   AddFlag(run, "--yes", options.yes, "Agree to every question");
   AddNumber(run, "--jobs", "N", options.jobs, {1, 256},
             "Work on up to N scores at a time; a single score has all processors");

@@ -66,6 +66,12 @@ WHILE IT RUNS
   Hiding and showing ledger lines is all that a score can take. When the extension changes anything else, such as the
   notes of an entry or their positions, nothing is written, and the exit status is 1.
 
+WHAT IT REPORTS
+  For a single score, how many of its entries (notes, chords and rests) have changed; for several, how many scores have.
+  With --dry-run each score is named with its entries that would change. With --list each of these has a line: the
+  score, the line in it (in its member, for an .mxl) of the entry's first note, then staff, measure, layer, position in
+  quarter notes, and whether its ledger lines are hidden or shown now. Such a line is printed when the score is written.
+
 FILES
   A result is written beside its target and takes the target's name when it is complete, so that a failure leaves the
   old file whole. What a run leaves that was killed (.brvhost-*) is removed by the next that writes to the folder.

@@ -28,6 +28,7 @@ struct Options {
   std::string layers;
   bool all = false;
 
+  bool list = false;
   bool yes = false;
   int jobs = 1;
   std::optional<int> timeout;  // seconds a score

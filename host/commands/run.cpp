@@ -53,6 +53,7 @@ int Run(const Options& options) {
   settings.maxMemory = options.maxMemory;
   settings.secondsAScore = options.timeout;
   settings.confine = options.confines;
+  settings.listsChanges = options.list;
   Terminal terminal;
   CheckSelection(settings.region, options, terminal);
   const std::vector<Job> jobs = JobsOf(options);

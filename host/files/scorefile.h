@@ -11,6 +11,7 @@
 #include "host/files/inputfile.h"
 #include "host/files/sizelimit.h"
 #include "host/files/target.h"
+#include "host/score/changes.h"
 #include "host/score/ledgeredits.h"
 #include "host/score/score.h"
 
@@ -26,10 +27,15 @@ class ScoreFile {
   const Score& GetScore() const { return score_; }
   const std::string& Path() const { return path_; }
   bool IsCompressed() const { return !member_.empty(); }
+  // The archive's member that has the score; empty in a plain file.
+  const std::string& Member() const { return member_; }
 
   // What the ledger lines, as they are now, change in the score's document. Throws InputError where a note cannot be
   // changed.
   LedgerEdits Edits() const { return LedgerEdits(document_.View(), score_); }
+
+  // The same, entry by entry, with the lines of the document.
+  std::vector<EntryChange> Changes() const { return ChangesOf(document_.View(), score_); }
 
   // Writes the file with these edits, which Edits() returned; `target` may be the file itself. Returns what SafeFile
   // warns of, or null when `isCancelled` returned true before the result took the target's name. Throws OutputError,

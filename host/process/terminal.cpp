@@ -45,10 +45,12 @@ Terminal::Terminal() : showsBar_(isatty(STDERR_FILENO) != 0), canAsk_(showsBar_ 
 
 Terminal::~Terminal() { ClearBar(); }
 
-void Terminal::PrintLine(const std::string& line) {
+void Terminal::PrintLine(const std::string& line) { PrintLines(Printable(line) + "\n"); }
+
+void Terminal::PrintLines(const std::string& lines) {
   const std::string bar = bar_;
   ClearBar();
-  Print(stdout, "{}\n", Printable(line));
+  Print(stdout, "{}", lines);
   std::fflush(stdout);
   if (bar.empty()) return;
   Print(stderr, "{}", bar);

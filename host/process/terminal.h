@@ -14,6 +14,8 @@ class Terminal {
   // Whole lines, above the bar. Whatever in them a terminal would obey is left out. An error begins with "brvhost: ";
   // what an extension prints comes beside the errors, so that the results stay the program's own.
   void PrintLine(const std::string& line);
+  // Several, each with its end, whose text is printable.
+  void PrintLines(const std::string& lines);
   void PrintError(const std::string& line);
   void PrintForeign(const std::string& line);
 

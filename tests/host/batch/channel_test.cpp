@@ -52,6 +52,9 @@ struct Describe {
     return "end " + std::to_string(message.job) + (message.atOnce != 0 ? " at once" : "");
   }
   std::string operator()(const NoMemoryMessage&) const { return "no memory"; }
+  std::string operator()(const MemberMessage& message) const { return "member " + message.text; }
+  std::string operator()(const ChangesMessage& message) const { return "changes " + message.text; }
+  std::string operator()(const MoreMessage&) const { return "more"; }
 };
 
 // One of each kind, in their order.
@@ -78,7 +81,10 @@ std::vector<Message> AllMessages() {
           StartMessage{4, 2},
           InterruptMessage{},
           EndMessage{5, 1},
-          NoMemoryMessage{}};
+          NoMemoryMessage{},
+          MemberMessage{"score.xml"},
+          ChangesMessage{"bytes"},
+          MoreMessage{}};
 }
 
 const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger lines\n", 24),
@@ -103,7 +109,10 @@ const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger 
                                                 "start 4 in 2",
                                                 "interrupt",
                                                 "end 5 at once",
-                                                "no memory"};
+                                                "no memory",
+                                                "member score.xml",
+                                                "changes bytes",
+                                                "more"};
 
 TEST(Messages, AreAllOfTheseKinds) {
   const auto messages = AllMessages();

@@ -138,7 +138,7 @@ class Run(Case):
 
     def test_writes_nothing_in_a_dry_run(self):
         process = self.succeeds(run(HIDE, "--all", self.score, "--dry-run"))
-        self.assertIn("2 of 2 entries changed", process.stdout)
+        self.assertEqual(process.stdout, f"{self.score}: 2 of 2 entries would change\n")
         self.assertEqual(self.score.read_text(), score(NOTE * 2))
 
     def test_touches_no_file_in_place_that_does_not_change(self):
