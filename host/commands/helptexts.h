@@ -33,9 +33,10 @@ inline constexpr const char* kItemsAbout =
     "command, and its explanation, with tabs between them.";
 
 inline constexpr const char* kInfoAbout =
-    "Reports what each score holds: its parts with their staves, the number of measures and layers, its entries "
-    "(notes, chords and rests), how many of them have hidden ledger lines, and each chord of which only some notes "
-    "have: its staff, measure, layer and position in quarter notes.";
+    "Reports what each score holds: its parts with their staves, the number of measures, the layers of each staff that "
+    "hold something, with the voices that they have in the file where these are numbered otherwise, its notes, chords "
+    "and rests, how many of them have hidden ledger lines, and each chord of which only some notes have: its staff, "
+    "measure, layer and position in quarter notes.";
 
 inline constexpr const char* kRunAbout =
     "Runs one menu item of an extension on each score, and writes the result. A result differs from its score in the "

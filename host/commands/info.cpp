@@ -1,12 +1,12 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdio>
 #include <string>
 #include <vector>
 
 #include "host/commands/commands.h"
+#include "host/commands/infolines.h"
 #include "host/files/inputfile.h"
 #include "host/files/scorefile.h"
 #include "host/process/exitstatus.h"
@@ -16,6 +16,7 @@
 #include "host/score/fraction.h"
 #include "host/score/mixedchords.h"
 #include "host/score/score.h"
+#include "host/score/summary.h"
 #include "host/text/inputerror.h"
 #include "host/text/printable.h"
 
@@ -39,19 +40,28 @@ void PrintMixedChords(const Score& score) {
   }
 }
 
+// Under one heading.
+void PrintLines(const char* heading, const std::vector<std::string>& lines) {
+  for (const std::string& line : lines) {
+    Print(stdout, "  {:<9} {}\n", heading, Printable(line));
+    heading = "";
+  }
+}
+
 void PrintScore(const ScoreFile& file) {
   const Score& score = file.GetScore();
   const auto hidden = std::ranges::count_if(score.entries, &ScoreEntry::hidden);
-  const auto rests = std::ranges::count_if(score.entries, &ScoreEntry::isRest);
+  const EntryCounts counts = CountsOf(score);
   Print(stdout, "{}\n", Printable(file.Path()));
   Print(stdout, "  parts     {}\n", score.parts.size());
   for (const ScorePart& part : score.parts) {
     const std::string name = part.names.name.empty() ? "" : "  " + part.names.name;
     Print(stdout, "            {}\n", Printable(part.id + "  " + StavesOf(part) + name));
   }
-  Print(stdout, "  staves    {}\n  measures  {}\n  layers    {}\n", score.staves, score.measures, score.layers);
-  Print(stdout, "  entries   {}, {} of them rests\n", score.entries.size(), rests);
-  Print(stdout, "  notes     {}\n", score.notes.size() - static_cast<std::size_t>(rests));
+  Print(stdout, "  staves    {}\n  measures  {}\n", score.staves, score.measures);
+  PrintLines("layers", LayerLines(score));
+  Print(stdout, "  entries   {}: {} notes, {} chords, {} rests\n", counts.All(), counts.notes, counts.chords,
+        counts.rests);
   Print(stdout, "  hidden    {} entries\n", hidden);
   PrintMixedChords(score);
 }

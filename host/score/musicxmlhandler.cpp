@@ -220,6 +220,7 @@ Score MusicXmlHandler::TakeScore() {
     known.instruments = partList_.InstrumentsOf(part.id);
     known.details = std::move(part.attributes.Details());
     known.staves = part.builder.Staves();
+    known.voices = part.builder.Voices();
     known.firstStaff = score_.staves + 1;
     for (ScoreFrame& frame : part.builder.Frames()) {
       frame.staff = static_cast<std::uint16_t>(frame.staff + score_.staves);

@@ -75,6 +75,16 @@ int PartBuilder::Layers() const {
   return static_cast<int>(most);
 }
 
+std::vector<std::vector<std::string>> PartBuilder::Voices() const {
+  std::vector<std::vector<std::string>> voices(static_cast<std::size_t>(staves_));
+  for (const auto& [number, staff] : staffLayers_) {
+    std::vector<std::string>& byLayer = voices[static_cast<std::size_t>(number) - 1];
+    byLayer.resize(staff.layers.size());
+    for (const auto& [voice, layer] : staff.layers) byLayer[static_cast<std::size_t>(layer)] = voice;
+  }
+  return voices;
+}
+
 int PartBuilder::LayerOf(int staff, const std::string& voice) {
   Staff& layers = staffLayers_[staff];
   if (layers.lastLayer >= 0 && layers.lastVoice == voice) return layers.lastLayer;

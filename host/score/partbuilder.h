@@ -36,6 +36,8 @@ class PartBuilder {
   const std::vector<std::int32_t>& MeasureLengths() const { return measureLengths_; }
   int Staves() const { return staves_; }
   int Layers() const;
+  // The voice of each layer of each staff.
+  std::vector<std::vector<std::string>> Voices() const;
   std::vector<ScoreFrame>& Frames() { return frames_; }
 
  private:

@@ -15,4 +15,9 @@ const ScorePart* Score::PartOfStaff(int staff) const {
   return &*std::prev(after);
 }
 
+const std::vector<std::string>& Score::VoicesOn(int staff) const {
+  const ScorePart& part = *PartOfStaff(staff);
+  return part.voices[static_cast<std::size_t>(staff - part.firstStaff)];
+}
+
 }  // namespace brvhost

@@ -57,6 +57,7 @@ struct ScorePart {
   int staves = 1;
   int firstStaff = 1;
   int instruments = 0;
+  std::vector<std::vector<std::string>> voices;  // of the file, by staff and layer: those of layers with entries
 };
 
 // Something in the document that could be read only by guessing.
@@ -94,6 +95,9 @@ struct Score {
 
   // The part that a staff belongs to, or null where there is no such staff.
   const ScorePart* PartOfStaff(int staff) const;
+
+  // The file's voices on a staff of the score, by layer.
+  const std::vector<std::string>& VoicesOn(int staff) const;
 };
 
 }  // namespace brvhost

@@ -36,6 +36,10 @@ inline std::string Everything(const Score& score) {
     text << "part " << part.id << ' ' << part.staves << ' ' << part.firstStaff << ' ' << part.instruments << '\n';
     const PartNames& names = part.names;
     text << names.name << '|' << names.nameFont << '|' << names.abbreviation << '|' << names.abbreviationFont << '\n';
+    for (const auto& staff : part.voices) {
+      for (const std::string& voice : staff) text << voice << ',';
+      text << '\n';
+    }
     Describe(part.details, text);
   }
   for (const ScoreFrame& frame : score.frames) {
