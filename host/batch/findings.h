@@ -2,11 +2,14 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace brvhost {
 
 struct Findings {
-  std::string member;   // of the archive that has the score; empty for a plain file
+  std::string member;  // of the archive that has the score; empty for a plain file
+  std::string region;  // in JSON; empty where it is not known
+  std::vector<std::string> warnings;
   std::string changes;  // the bytes of those that are to be listed next
 };
 

@@ -23,6 +23,7 @@ struct JobSettings {
   std::optional<int> secondsAScore;        // no limit when null
   bool confine = false;                    // what the extension may do outside its process
   bool listsChanges = false;               // entry by entry
+  bool printsJson = false;                 // a line for each score
 };
 
 struct Job {

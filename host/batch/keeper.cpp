@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <iterator>
 #include <new>
@@ -16,6 +17,8 @@
 #include <variant>
 #include <vector>
 
+#include "host/batch/mayhelp.h"
+#include "host/batch/regionjson.h"
 #include "host/bundle/bundlename.h"
 #include "host/files/inputfile.h"
 #include "host/files/outputerror.h"
@@ -23,6 +26,7 @@
 #include "host/files/target.h"
 #include "host/process/interrupt.h"
 #include "host/process/memorylimit.h"
+#include "host/score/summary.h"
 #include "host/services/documentimage.h"
 #include "host/text/inputerror.h"
 #include "host/text/reason.h"
@@ -60,6 +64,13 @@ std::optional<Target> TargetOf(const Job& job, const InputFile& score) {
   return target;
 }
 
+DoneMessage DoneOf(const Score& score, std::size_t changedEntries, bool isWritten) {
+  const EntryCounts counts = CountsOf(score);
+  const auto hidden = std::ranges::count_if(score.entries, &ScoreEntry::hidden);
+  return {changedEntries,     counts.notes, counts.chords, counts.rests, static_cast<std::uint64_t>(hidden),
+          isWritten ? 1u : 0u};
+}
+
 bool IsInterrupted() { return InterruptCount() > 0; }
 
 class Keeper {
@@ -76,9 +87,9 @@ class Keeper {
     } catch (const InputError& error) {
       return BadInputMessage{Located(job_.score, error.place, error.what())};
     } catch (const OutputError& error) {
-      return FailureMessage{error.what()};
+      return Failure(error.what(), MayPass(error));
     } catch (const std::exception& error) {
-      return FailureMessage{job_.score + ": " + ReasonOf(error)};
+      return Failure(job_.score + ": " + ReasonOf(error), MayPass(error));
     }
   }
 
@@ -86,6 +97,7 @@ class Keeper {
   Message RunOpened(const InputFile& input) {
     const auto target = TargetOf(job_, input);
     ScoreFile file(input, settings_.maxSize, settings_.readers);
+    if (file.IsCompressed()) supervisor_.Send(MemberMessage{file.Member()});
     SendWarnings(file);
     CheckTarget(job_, file);
     Message answer = AskWorker(file.GetScore());
@@ -109,13 +121,11 @@ class Keeper {
       if (!warnings) return LostMessage{};
       for (const std::string& warning : *warnings) Warn(warning);
     }
-    SendChanges(file, changes);
-    return DoneMessage{edits.ChangedEntries(), file.GetScore().entries.size(), isWritten ? 1u : 0u};
+    SendChanges(changes);
+    return DoneOf(file.GetScore(), edits.ChangedEntries(), isWritten);
   }
 
-  void SendChanges(const ScoreFile& file, std::span<const EntryChange> changes) {
-    if (changes.empty()) return;
-    if (file.IsCompressed()) supervisor_.Send(MemberMessage{file.Member()});
+  void SendChanges(std::span<const EntryChange> changes) {
     for (; !changes.empty(); changes = changes.subspan(std::min(kChangesAMessage, changes.size()))) {
       supervisor_.Send(ChangesMessage{BytesOf(changes.first(std::min(kChangesAMessage, changes.size())))});
       if (!WaitForMore()) return;
@@ -144,7 +154,9 @@ class Keeper {
 
   // What ends the work on the score: a result, or a message for the supervisor.
   Message AskWorker(const Score& score) {
-    const std::string image = ImageOf(score, RegionOf(settings_.region, score));
+    const auto region = RegionOf(settings_.region, score);
+    if (settings_.printsJson) supervisor_.Send(RegionMessage{JsonOfRegion(region, settings_.region.layers)});
+    const std::string image = ImageOf(score, region);
     worker_.Distrust(score.entries.size() + kMaxText);
     supervisor_.Send(HandedOutMessage{});
     worker_.Send(DocumentMessage{image});  // a worker that is gone may have left a message
@@ -166,8 +178,11 @@ class Keeper {
       if (auto* const failure = std::get_if<FailureMessage>(&*message)) {
         return FailureMessage{OfExtension(failure->text)};
       }
+      if (auto* const failure = std::get_if<PassingFailureMessage>(&*message)) {
+        return PassingFailureMessage{OfExtension(failure->text)};
+      }
       if (std::holds_alternative<NoMemoryMessage>(*message)) {
-        return FailureMessage{OfExtension(fmt::format("failed: {}; nothing was written", kNoMemory))};
+        return PassingFailureMessage{OfExtension(fmt::format("failed: {}; nothing was written", kNoMemory))};
       }
       if (!PassOn(*message)) return FailureMessage{OfExtension("garbled its messages; nothing was written")};
     }

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 namespace brvhost {
@@ -34,7 +35,7 @@ struct AnswerMessage {
 };
 
 // Between a keeper and its worker: the image of the document, which starts the work, and the hidden bits of its
-// entries, which end it. A worker may end it with a FailureMessage, too. Its failures and warnings are clauses about
+// entries, which end it. A worker may end it with a failure, too. Its failures and warnings are clauses about
 // the extension, without their subject.
 struct DocumentMessage {
   std::string text;
@@ -62,18 +63,31 @@ struct ChangesMessage {
 };
 struct MoreMessage {};
 
-// The last message about a score is one of these four: why it cannot be used, why there is no result, the result, or
-// that the worker has gone without one.
+// From a keeper to the supervisor, where each score is reported in JSON: the region that the extension works on.
+struct RegionMessage {
+  std::string text;
+};
+
+// The last message about a score is one of these five: why it cannot be used, why there is no result, why there is none
+// this time, the result, or that the worker has gone without one.
 struct BadInputMessage {
   std::string text;
 };
 struct FailureMessage {
   std::string text;
 };
+struct PassingFailureMessage {
+  std::string text;
+};
 struct DoneMessage {
   std::uint64_t changedEntries = 0;
-  std::uint64_t entries = 0;
-  std::uint64_t filesWritten = 0;  // 0 or 1
+  std::uint64_t notes = 0;  // entries of one note
+  std::uint64_t chords = 0;
+  std::uint64_t rests = 0;
+  std::uint64_t hiddenEntries = 0;  // in the result
+  std::uint64_t filesWritten = 0;   // 0 or 1
+
+  std::uint64_t Entries() const { return notes + chords + rests; }
 };
 struct LostMessage {};
 
@@ -114,11 +128,18 @@ struct EndMessage {
   std::uint64_t atOnce = 0;  // 0 or 1
 };
 
-using Message = std::variant<AlertMessage, QuestionMessage, ProgressMessage, ProgressEndMessage, AnswerMessage,
-                             DocumentMessage, ResultMessage, WarningMessage, BadInputMessage, FailureMessage,
-                             DoneMessage, LostMessage, JobMessage, WorkerEndedMessage, HandedOutMessage,
-                             HandedBackMessage, OfferMessage, BadBundleMessage, EndedMessage, StartMessage,
-                             InterruptMessage, EndMessage, NoMemoryMessage, MemberMessage, ChangesMessage, MoreMessage>;
+using Message =
+    std::variant<AlertMessage, QuestionMessage, ProgressMessage, ProgressEndMessage, AnswerMessage, DocumentMessage,
+                 ResultMessage, WarningMessage, BadInputMessage, FailureMessage, DoneMessage, LostMessage, JobMessage,
+                 WorkerEndedMessage, HandedOutMessage, HandedBackMessage, OfferMessage, BadBundleMessage, EndedMessage,
+                 StartMessage, InterruptMessage, EndMessage, NoMemoryMessage, MemberMessage, ChangesMessage,
+                 MoreMessage, RegionMessage, PassingFailureMessage>;
+
+// Why there is no result, or none this time.
+inline Message Failure(std::string text, bool mayPass) {
+  if (mayPass) return PassingFailureMessage{std::move(text)};
+  return FailureMessage{std::move(text)};
+}
 
 // The bytes of a message, for a process on the same machine. A message without content needs no memory.
 std::string Encode(const Message& message);

@@ -16,6 +16,7 @@
 
 #include "host/batch/ending.h"
 #include "host/batch/keeper.h"
+#include "host/batch/mayhelp.h"
 #include "host/process/background.h"
 #include "host/process/child.h"
 #include "host/process/exitstatus.h"
@@ -30,6 +31,9 @@ namespace {
 // A keeper whose worker was killed has that long to notice.
 constexpr int kSecondsToNotice = 1;
 
+// That are kept. An extension may cause any number.
+constexpr std::size_t kMaxWarningsAScore = 100;
+
 }  // namespace
 
 Pool::Pool(const std::vector<Job>& jobs, const JobSettings& settings, ExtensionProcess& extension, Terminal& terminal,
@@ -41,7 +45,7 @@ Pool::Pool(const std::vector<Job>& jobs, const JobSettings& settings, ExtensionP
       slots_(parallel),
       parallel_(parallel),
       waiting_(jobs.size()),
-      results_(jobs, terminal) {
+      results_(jobs, settings, terminal) {
   std::iota(waiting_.begin(), waiting_.end(), std::size_t{0});
 }
 
@@ -65,7 +69,7 @@ int Pool::Run() {
     Wait();
   }
   for (KeeperProcess& keeper : slots_) keeper.channel = {};  // which ends them, while the extension is ended
-  results_.PrintSummary();
+  results_.Finish();
   return results_.Status();
 }
 
@@ -163,9 +167,10 @@ void Pool::HearKeeper(std::size_t slot) {
   if (!keeper.channel.Fill()) {
     keeper.channel = {};
     const pid_t process = std::exchange(keeper.process, 0);
-    const std::string how = process == 0 ? "closed the connection" : "crashed: " + EndingOf(WaitForChild(process));
+    const int status = process == 0 ? 0 : WaitForChild(process);
+    const std::string how = process == 0 ? "closed the connection" : "crashed: " + EndingOf(status);
     if (keeper.work->isLate) return FinishLost(slot);
-    return Fail(slot, "brvhost's own process " + how + "; the score is as it was, or done");
+    return Fail(slot, "brvhost's own process " + how + "; the score is as it was, or done", MayPass(status));
   }
   while (const auto message = keeper.work ? keeper.channel.Next() : std::nullopt) {
     std::visit([this, slot](const auto& body) { Handle(slot, body); }, *message);
@@ -256,7 +261,11 @@ void Pool::Handle(std::size_t slot, const HandedBackMessage&) {
   slots_[slot].work->deadline = {};
 }
 
-void Pool::Handle(std::size_t, const WarningMessage& message) { terminal_.PrintError(message.text); }
+void Pool::Handle(std::size_t slot, const WarningMessage& message) {
+  terminal_.PrintError(message.text);
+  auto& warnings = FindingsOf(slot).warnings;
+  if (warnings.size() < kMaxWarningsAScore) warnings.push_back(message.text);
+}
 
 void Pool::Handle(std::size_t, const ProgressMessage& message) {
   if (results_.IsOfOneJob()) terminal_.SetBar(message.done, message.total);
@@ -268,20 +277,26 @@ void Pool::Handle(std::size_t, const ProgressEndMessage&) {
 
 void Pool::Handle(std::size_t slot, const BadInputMessage& message) {
   ShowOutput(slot);
-  results_.ReportBadInput(message.text);
+  results_.ReportBadInput(JobOf(slot), FindingsOf(slot), message.text);
   Refuse(slot);
 }
 
 void Pool::Handle(std::size_t slot, const FailureMessage& message) {
   ShowOutput(slot);
-  results_.ReportFailure(message.text);
+  results_.ReportFailure(JobOf(slot), FindingsOf(slot), message.text, false);
+  Refuse(slot);
+}
+
+void Pool::Handle(std::size_t slot, const PassingFailureMessage& message) {
+  ShowOutput(slot);
+  results_.ReportFailure(JobOf(slot), FindingsOf(slot), message.text, true);
   Refuse(slot);
 }
 
 void Pool::Handle(std::size_t slot, const NoMemoryMessage&) {
   extension_.End(slots_[slot].work->job, false);
   KillKeeper(slot);
-  Fail(slot, fmt::format("{}; the score is as it was, or done", kNoMemory));
+  Fail(slot, fmt::format("{}; the score is as it was, or done", kNoMemory), true);
 }
 
 void Pool::Refuse(std::size_t slot) {
@@ -289,11 +304,13 @@ void Pool::Refuse(std::size_t slot) {
   Finish(slot);
 }
 
-void Pool::Handle(std::size_t slot, const MemberMessage& message) { slots_[slot].work->findings.member = message.text; }
+void Pool::Handle(std::size_t slot, const MemberMessage& message) { FindingsOf(slot).member = message.text; }
+
+void Pool::Handle(std::size_t slot, const RegionMessage& message) { FindingsOf(slot).region = message.text; }
 
 void Pool::Handle(std::size_t slot, const ChangesMessage& message) {
   ShowOutput(slot);
-  slots_[slot].work->findings.changes = message.text;
+  FindingsOf(slot).changes = message.text;
   ListChanges();
 }
 
@@ -315,7 +332,7 @@ void Pool::ListChanges() {
 
 void Pool::Handle(std::size_t slot, const DoneMessage& message) {
   ShowOutput(slot);
-  results_.ReportDone(JobOf(slot), message);
+  results_.ReportDone(JobOf(slot), FindingsOf(slot), message);
   Finish(slot);
 }
 
@@ -327,14 +344,19 @@ void Pool::Handle(std::size_t slot, const LostMessage&) {
 }
 
 void Pool::FinishLost(std::size_t slot) {
-  if (InterruptCount() > 0) return Finish(slot);
+  if (InterruptCount() > 0) return Interrupt(slot);
   if (slots_[slot].work->workerStatus == EndedMessage::kNotStarted && Busy() > 1) {
     waiting_.push_front(slots_[slot].work->job);
     Finish(slot);
     parallel_ = Busy();
     return;
   }
-  Fail(slot, WhyLost(slot) + "; nothing was written");
+  Fail(slot, WhyLost(slot) + "; nothing was written", IsLossPassing(*slots_[slot].work));
+}
+
+bool Pool::IsLossPassing(const Work& work) const {
+  const auto status = work.workerStatus.value_or(EndedMessage::kUnknown);
+  return work.isLate || status < 0 || MayPass(static_cast<int>(status));
 }
 
 std::string Pool::WhyLost(std::size_t slot) const {
@@ -355,9 +377,14 @@ std::string Pool::WhyLost(std::size_t slot) const {
   return fmt::format("the extension {} {}", extension_.Name(), EndingOfExtension(static_cast<int>(status), where));
 }
 
-void Pool::Fail(std::size_t slot, const std::string& reason) {
+void Pool::Fail(std::size_t slot, const std::string& reason, bool retry) {
   ShowOutput(slot);
-  results_.ReportFailure(fmt::format("{}: {}", JobOf(slot).score, reason));
+  results_.ReportFailure(JobOf(slot), FindingsOf(slot), fmt::format("{}: {}", JobOf(slot).score, reason), retry);
+  Finish(slot);
+}
+
+void Pool::Interrupt(std::size_t slot) {
+  results_.ReportInterrupted(JobOf(slot), FindingsOf(slot));
   Finish(slot);
 }
 
@@ -391,7 +418,7 @@ void Pool::PassInterruptsOn() {
   extension_.KillAll();
   for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
     KillKeeper(slot);
-    if (slots_[slot].work) Finish(slot);
+    if (slots_[slot].work) Interrupt(slot);
   }
 }
 

@@ -36,6 +36,8 @@ class Pool {
   void StartJobs();
   // Does all jobs, and returns the exit status of the whole. The extension has been loaded.
   [[nodiscard]] int Run();
+  // Instead of Run, after an interrupt: reports that nothing was run.
+  void GiveUp() { results_.Finish(); }
 
  private:
   // How many slots have work.
@@ -64,7 +66,9 @@ class Pool {
   void Handle(std::size_t slot, const ProgressEndMessage& message);
   void Handle(std::size_t slot, const BadInputMessage& message);
   void Handle(std::size_t slot, const FailureMessage& message);
+  void Handle(std::size_t slot, const PassingFailureMessage& message);
   void Handle(std::size_t slot, const MemberMessage& message);
+  void Handle(std::size_t slot, const RegionMessage& message);
   void Handle(std::size_t slot, const ChangesMessage& message);
   void Handle(std::size_t slot, const DoneMessage& message);
   void Handle(std::size_t slot, const LostMessage& message);
@@ -76,14 +80,18 @@ class Pool {
   void Refuse(std::size_t slot);
   // The work has gone without a result, for a reason that is known.
   void FinishLost(std::size_t slot);
-  void Fail(std::size_t slot, const std::string& reason);
+  void Fail(std::size_t slot, const std::string& reason, bool retry);
+  void Interrupt(std::size_t slot);
   // Frees the slot.
   void Finish(std::size_t slot);
   std::string WhyLost(std::size_t slot) const;
+  // Whether it may come out otherwise the next time.
+  bool IsLossPassing(const Work& work) const;
 
   void ShowOutput(std::size_t slot);
   void ShowLine(std::size_t slot, std::string_view line);
   const Job& JobOf(std::size_t slot) const { return jobs_[slots_[slot].work->job]; }
+  Findings& FindingsOf(std::size_t slot) { return slots_[slot].work->findings; }
 
   const std::vector<Job>& jobs_;
   const JobSettings& settings_;

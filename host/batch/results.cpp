@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <cstddef>
 #include <iterator>
 
 #include "host/process/exitstatus.h"
@@ -15,7 +16,7 @@ namespace brvhost {
 namespace {
 
 std::string LineOf(const Job& job, const DoneMessage& done) {
-  const std::string counts = fmt::format("{}: {} of {} entries", job.score, done.changedEntries, done.entries);
+  const std::string counts = fmt::format("{}: {} of {} entries", job.score, done.changedEntries, done.Entries());
   if (!job.target) return counts + " would change";
   return counts + " changed, " + (done.filesWritten > 0 ? "written to " + *job.target : "nothing written");
 }
@@ -27,27 +28,49 @@ std::string LineOf(const std::string& place, const EntryChange& change, const ch
                      change.isHidden != 0 ? "hidden" : "shown");
 }
 
+Outcome OutcomeOf(const Job& job, const DoneMessage& done) {
+  if (done.filesWritten > 0) return Outcome::kWritten;
+  return !job.target && done.changedEntries > 0 ? Outcome::kWouldChange : Outcome::kUnchanged;
+}
+
 }  // namespace
 
-void Results::ReportDone(const Job& job, const DoneMessage& message) {
-  ++(message.changedEntries > 0 ? changed_ : unchanged_);
-  if (IsOfOneJob() || IsDryRun()) terminal_.PrintLine(LineOf(job, message));
-  ShowBar();
+Results::Results(const std::vector<Job>& jobs, const JobSettings& settings, Terminal& terminal)
+    : jobs_(jobs), settings_(settings), terminal_(terminal), isReported_(jobs.size()) {
+  if (settings.printsJson) jsonLines_.emplace(terminal, settings.listsChanges);
 }
 
-void Results::ReportBadInput(const std::string& text) {
+void Results::ReportDone(const Job& job, const Findings& findings, const DoneMessage& done) {
+  ++(done.changedEntries > 0 ? changed_ : unchanged_);
+  if (IsOfOneJob() || IsDryRun()) terminal_.PrintLine(LineOf(job, done));
+  Report(job, findings, {OutcomeOf(job, done), false, done, ""});
+}
+
+void Results::ReportBadInput(const Job& job, const Findings& findings, const std::string& text) {
   ++badInput_;
   terminal_.PrintError(text);
-  ShowBar();
+  Report(job, findings, {Outcome::kBadInput, false, {}, text});
 }
 
-void Results::ReportFailure(const std::string& text) {
+void Results::ReportFailure(const Job& job, const Findings& findings, const std::string& text, bool retry) {
   ++failed_;
   terminal_.PrintError(text);
+  Report(job, findings, {Outcome::kFailed, retry, {}, text});
+}
+
+void Results::ReportInterrupted(const Job& job, const Findings& findings) {
+  ++interrupted_;
+  Report(job, findings, {Outcome::kInterrupted, true, {}, ""});
+}
+
+void Results::Report(const Job& job, const Findings& findings, const ScoreResult& result) {
+  isReported_[static_cast<std::size_t>(&job - jobs_.data())] = true;
+  if (jsonLines_) jsonLines_->End(job, findings, result);
   ShowBar();
 }
 
 void Results::List(const Job& job, const Findings& findings) {
+  if (jsonLines_) return jsonLines_->List(job, findings);
   const std::string place = Printable(findings.member.empty() ? job.score : job.score + ": " + findings.member);
   const char* const becomes = IsDryRun() ? "would be " : "";
   std::string lines;
@@ -55,11 +78,18 @@ void Results::List(const Job& job, const Findings& findings) {
   terminal_.PrintLines(lines);
 }
 
-void Results::PrintSummary() {
+void Results::Finish() {
+  for (std::size_t job = 0; job < jobs_.size(); ++job) {
+    if (jsonLines_ && !isReported_[job]) jsonLines_->End(jobs_[job], {}, {Outcome::kNotRun, true, {}, ""});
+  }
   terminal_.ClearBar();
-  if (IsOfOneJob()) return;
+  if (!IsOfOneJob()) PrintSummary();
+}
+
+void Results::PrintSummary() {
   std::string line = fmt::format("{} scores: {} {}, {} unchanged, {} failed", jobs_.size(), changed_,
                                  IsDryRun() ? "would change" : "changed", unchanged_, badInput_ + failed_);
+  if (interrupted_ > 0) line += fmt::format(", {} interrupted", interrupted_);
   if (NotRun() > 0) line += fmt::format(", {} not run", NotRun());
   terminal_.PrintLine(line);
 }

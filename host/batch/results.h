@@ -1,32 +1,37 @@
 // How the jobs of a run came out, as the user sees it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/batch/findings.h"
 #include "host/batch/job.h"
+#include "host/batch/jsonlines.h"
 #include "host/batch/message.h"
+#include "host/batch/scoreresult.h"
 #include "host/process/terminal.h"
 
 namespace brvhost {
 
-// Each job that is run is reported once, by one of the first three functions; a bar counts them where there are
-// several.
+// Each job that is run is reported once; a bar counts them where there are several.
 class Results {
  public:
-  // Both outlive this object.
-  Results(const std::vector<Job>& jobs, Terminal& terminal) : jobs_(jobs), terminal_(terminal) {}
+  // All of them outlive this object.
+  Results(const std::vector<Job>& jobs, const JobSettings& settings, Terminal& terminal);
 
-  void ReportDone(const Job& job, const DoneMessage& message);
-  void ReportBadInput(const std::string& text);
-  void ReportFailure(const std::string& text);
+  void ReportDone(const Job& job, const Findings& findings, const DoneMessage& done);
+  void ReportBadInput(const Job& job, const Findings& findings, const std::string& text);
+  // `retry`: whether a repetition may help.
+  void ReportFailure(const Job& job, const Findings& findings, const std::string& text, bool retry);
+  void ReportInterrupted(const Job& job, const Findings& findings);
 
   // Prints some of the changes in a score that is not reported yet.
   void List(const Job& job, const Findings& findings);
 
-  // How many came out in which way, where there are several.
-  void PrintSummary();
+  // Reports the scores that are not reported yet as not run, and how many came out in which way, where there are
+  // several.
+  void Finish();
   // The exit status of the whole.
   int Status() const;
 
@@ -35,17 +40,23 @@ class Results {
   std::string Prefixed(const Job& job, const std::string& text) const;
 
  private:
-  int Finished() const { return changed_ + unchanged_ + badInput_ + failed_; }
+  void Report(const Job& job, const Findings& findings, const ScoreResult& result);
+  int Finished() const { return changed_ + unchanged_ + badInput_ + failed_ + interrupted_; }
   int NotRun() const;
   bool IsDryRun() const { return !jobs_.front().target; }
   void ShowBar();
+  void PrintSummary();
 
   const std::vector<Job>& jobs_;
+  const JobSettings& settings_;
   Terminal& terminal_;
+  std::optional<JsonLines> jsonLines_;
+  std::vector<bool> isReported_;  // by job
   int changed_ = 0;
   int unchanged_ = 0;
   int badInput_ = 0;
   int failed_ = 0;
+  int interrupted_ = 0;
 };
 
 }  // namespace brvhost

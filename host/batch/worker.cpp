@@ -10,6 +10,7 @@
 
 #include "BrvEDK/Source/hostrecords.h"
 #include "host/batch/distantuser.h"
+#include "host/batch/mayhelp.h"
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
 #include "host/process/memorylimit.h"
@@ -63,7 +64,7 @@ Message Run(std::string_view document, const JobSettings& settings, const Extens
       return WithEnoughMemory([&] { return RunToTheEnd(image, settings, extension, channel); });
     });
   } catch (const std::exception& error) {
-    return FailureMessage{fmt::format("failed: {}; nothing was written", ReasonOf(error))};
+    return Failure(fmt::format("failed: {}; nothing was written", ReasonOf(error)), MayPass(error));
   }
 }
 

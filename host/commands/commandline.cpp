@@ -89,7 +89,13 @@ void AddTargets(CLI::App& run, Options& options) {
   AddFlag(run, "--dry-run", options.dryRun, "Write nothing; report what would change")->group(kGroup);
 }
 
+CLI::Option* AddJson(CLI::App& command, Options& options, const char* about) {
+  return AddFlag(command, "--json", options.json, about);
+}
+
 void AddReports(CLI::App& run, Options& options) {
+  AddJson(run, options, "Print what became of each score as a line of JSON; all else goes to the standard error")
+      ->group("Report");
   AddFlag(run, "--list", options.list, "Print each entry that changes: its line in the file and its place in the music")
       ->group("Report");
 }
@@ -107,10 +113,12 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   CLI::App& items = *app->add_subcommand("items", kItemsAbout);
   AddBundle(items, options);
   AddConfinement(items, options.confines, "--confine");
+  AddJson(items, options, "Print each item as a line of JSON");
   items.footer(kItemsFooter);
 
   CLI::App& info = *app->add_subcommand("info", kInfoAbout);
   AddScores(info, options);
+  AddJson(info, options, "Print what is known of each score as a line of JSON");
   info.footer(kInfoFooter);
 
   CLI::App& run = *app->add_subcommand("run", kRunAbout);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/commands/commands.h"
+#include "host/commands/infojson.h"
 #include "host/commands/infolines.h"
 #include "host/files/inputfile.h"
 #include "host/files/scorefile.h"
@@ -78,9 +79,18 @@ void ShowScore(const std::string& path, const Options& options) {
   const MemoryLimit limit(options.maxMemory.value_or(DefaultMemory(input.Size())), readers);
   limit.During([&] {
     const ScoreFile file(input, options.maxSize, readers);
-    PrintScore(file);
+    if (options.json) {
+      Print(stdout, "{}\n", JsonOf(file));
+    } else {
+      PrintScore(file);
+    }
     PrintWarnings(file);
   });
+}
+
+void Refuse(const std::string& path, const Options& options, const char* status, bool retry, const std::string& error) {
+  Complain(error);
+  if (options.json) Print(stdout, "{}\n", JsonOfUnread(path, status, retry, error));
 }
 
 }  // namespace
@@ -91,10 +101,10 @@ int ShowInfo(const Options& options) {
     try {
       ShowScore(path, options);
     } catch (const InputError& error) {
-      Complain(Located(path, error.place, error.what()));
+      Refuse(path, options, "badInput", false, Located(path, error.place, error.what()));
       status = kBadInput;
     } catch (const MemoryError& error) {
-      Complain(path + ": " + error.what());
+      Refuse(path, options, "failed", error.mayPass, path + ": " + error.what());
       status = std::max<int>(status, kFailed);
     }
   }

@@ -1,5 +1,7 @@
-#include <algorithm>
+#include <fmt/format.h>
+
 #include <cstdio>
+#include <string>
 
 #include "host/batch/extensionprocess.h"
 #include "host/batch/job.h"
@@ -8,9 +10,27 @@
 #include "host/process/interrupt.h"
 #include "host/process/streams.h"
 #include "host/process/terminal.h"
+#include "host/text/json.h"
 #include "host/text/printable.h"
 
 namespace brvhost {
+namespace {
+
+std::string LineOf(const MenuItem& item, unsigned number) {
+  return fmt::format("{}\t{}\t{}\t{}", number, Printable(item.name), Printable(item.undoName),
+                     Printable(item.explanation));
+}
+
+std::string JsonOf(const MenuItem& item, unsigned number) {
+  return JsonObject()
+      .AddNumber("item", number)
+      .AddText("name", item.name)
+      .AddText("undoName", item.undoName)
+      .AddText("explanation", item.explanation)
+      .Text();
+}
+
+}  // namespace
 
 int ListItems(const Options& options) {
   CountInterrupts();
@@ -21,10 +41,10 @@ int ListItems(const Options& options) {
   ExtensionProcess extension(settings, 0, terminal);
   const auto offer = extension.WaitForOffer();
   if (!offer) return kInterrupted;
-  int number = 0;
+  unsigned number = 0;
   for (const MenuItem& item : offer->items) {
-    Print(stdout, "{}\t{}\t{}\t{}\n", number++, Printable(item.name), Printable(item.undoName),
-          Printable(item.explanation));
+    Print(stdout, "{}\n", options.json ? JsonOf(item, number) : LineOf(item, number));
+    ++number;
   }
   return extension.Finish() ? kDone : kFailed;
 }

@@ -29,6 +29,7 @@ struct Options {
   bool all = false;
 
   bool list = false;
+  bool json = false;
   bool yes = false;
   int jobs = 1;
   std::optional<int> timeout;  // seconds a score

@@ -54,7 +54,8 @@ int Run(const Options& options) {
   settings.secondsAScore = options.timeout;
   settings.confine = options.confines;
   settings.listsChanges = options.list;
-  Terminal terminal;
+  settings.printsJson = options.json;
+  Terminal terminal({.outputIsTaken = options.json});
   CheckSelection(settings.region, options, terminal);
   const std::vector<Job> jobs = JobsOf(options);
   // Several scores share the processors, as --jobs allows.
@@ -66,7 +67,10 @@ int Run(const Options& options) {
   Pool pool(jobs, settings, extension, terminal, parallel);
   pool.StartJobs();
   const auto offer = extension.WaitForOffer();
-  if (!offer) return kInterrupted;
+  if (!offer) {
+    pool.GiveUp();
+    return kInterrupted;
+  }
   CheckItem(*offer, options);
   MakeOutputFolder(options.outputFolder);
   RemoveLeftovers(jobs);

@@ -2,13 +2,17 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
 
 namespace brvhost {
 
 // The message names the file.
 class OutputError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit OutputError(const std::string& message, bool passes = false)
+      : std::runtime_error(message), mayPass(passes) {}
+
+  const bool mayPass;  // whether it may be gone the next time
 };
 
 }  // namespace brvhost

@@ -10,6 +10,7 @@
 
 #include "host/files/filelock.h"
 #include "host/files/outputerror.h"
+#include "host/process/passingerror.h"
 
 namespace brvhost {
 namespace {
@@ -44,7 +45,7 @@ Target::Target(const std::string& name) : name_(name), path_(Resolved(name)) {
   if (access(path_.c_str(), W_OK) != 0) Fail("write");
   file_ = OpenExisting(path_);
   if (!file_) Fail("write");
-  if (!TryToLock(file_.Get())) throw OutputError(name_ + ": another brvhost is working on it");
+  if (!TryToLock(file_.Get())) throw OutputError(name_ + ": another brvhost is working on it", true);
   if (fstat(file_.Get(), &status_) != 0) Fail("write");
 }
 
@@ -65,10 +66,11 @@ void Target::ExpectUnchanged() const {
 }
 
 void Target::Fail(const char* step) const {
-  throw OutputError(name_ + ": cannot " + step + ": " + std::strerror(errno));
+  const int error = errno;
+  throw OutputError(name_ + ": cannot " + step + ": " + std::strerror(error), IsPassing(error));
 }
 
-void Target::FailChanged() const { throw OutputError(name_ + ": was changed while brvhost worked on it"); }
+void Target::FailChanged() const { throw OutputError(name_ + ": was changed while brvhost worked on it", true); }
 
 std::optional<FileIdentity> Target::Seen() const { return file_ ? std::optional(IdentityOf(status_)) : std::nullopt; }
 

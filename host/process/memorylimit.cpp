@@ -55,7 +55,7 @@ std::uint64_t DefaultMemory(std::uint64_t inputSize) {
 }
 
 MemoryLimit::MemoryLimit(std::uint64_t allowance, int threads)
-    : before_(LimitOf(RLIMIT_DATA)), error_("there is not enough memory for this score") {
+    : before_(LimitOf(RLIMIT_DATA)), error_("there is not enough memory for this score", true) {
   const std::uint64_t limit = DataSize() + allowance + static_cast<std::uint64_t>(threads) * StackSize();
   // Where somebody else set a lower limit, that one holds.
   if (limit > before_.rlim_cur || limit > LimitOf(RLIMIT_AS).rlim_cur) return;

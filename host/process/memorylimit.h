@@ -6,13 +6,17 @@
 #include <cstdint>
 #include <new>
 #include <stdexcept>
+#include <string>
 
 namespace brvhost {
 
 // There is not enough memory. The message is for people and does not name the file.
 class MemoryError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit MemoryError(const std::string& message, bool passes = false)
+      : std::runtime_error(message), mayPass(passes) {}
+
+  bool mayPass;  // whether there may be more the next time
 };
 
 // What the work on an input of that many bytes may take, unless the user allows something else: enough for any real

@@ -41,30 +41,30 @@ std::string TypedLine() {
 
 }  // namespace
 
-Terminal::Terminal() : showsBar_(isatty(STDERR_FILENO) != 0), canAsk_(showsBar_ && isatty(STDIN_FILENO) != 0) {}
+Terminal::Terminal(const TerminalUse& use)
+    : use_(use), showsBar_(isatty(STDERR_FILENO) != 0), canAsk_(showsBar_ && isatty(STDIN_FILENO) != 0) {}
 
 Terminal::~Terminal() { ClearBar(); }
 
 void Terminal::PrintLine(const std::string& line) { PrintLines(Printable(line) + "\n"); }
 
-void Terminal::PrintLines(const std::string& lines) {
-  const std::string bar = bar_;
-  ClearBar();
-  Print(stdout, "{}", lines);
-  std::fflush(stdout);
-  if (bar.empty()) return;
-  Print(stderr, "{}", bar);
-  bar_ = bar;
-}
+void Terminal::PrintLines(const std::string& lines) { PrintAboveBar(use_.outputIsTaken ? stderr : stdout, lines); }
+
+void Terminal::PrintOutput(const std::string& text) { PrintAboveBar(stdout, text); }
 
 void Terminal::PrintError(const std::string& line) { PrintBeside("brvhost: " + line); }
 
 void Terminal::PrintForeign(const std::string& line) { PrintBeside(line); }
 
-void Terminal::PrintBeside(const std::string& line) {
+void Terminal::PrintBeside(const std::string& line) { PrintAboveBar(stderr, Printable(line) + "\n"); }
+
+void Terminal::PrintAboveBar(std::FILE* stream, const std::string& text) {
   const std::string bar = bar_;
   ClearBar();
-  Print(stderr, "{}\n{}", Printable(line), bar);
+  Print(stream, "{}", text);
+  std::fflush(stream);
+  if (bar.empty()) return;
+  Print(stderr, "{}", bar);
   bar_ = bar;
 }
 

@@ -2,13 +2,18 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <string>
 
 namespace brvhost {
 
+struct TerminalUse {
+  bool outputIsTaken = false;  // by what is for programs: people are shown everything on the standard error
+};
+
 class Terminal {
  public:
-  Terminal();
+  explicit Terminal(const TerminalUse& use = {});
   ~Terminal();
 
   // Whole lines, above the bar. Whatever in them a terminal would obey is left out. An error begins with "brvhost: ";
@@ -16,6 +21,8 @@ class Terminal {
   void PrintLine(const std::string& line);
   // Several, each with its end, whose text is printable.
   void PrintLines(const std::string& lines);
+  // What is for programs, as it is.
+  void PrintOutput(const std::string& text);
   void PrintError(const std::string& line);
   void PrintForeign(const std::string& line);
 
@@ -30,7 +37,9 @@ class Terminal {
 
  private:
   void PrintBeside(const std::string& line);
+  void PrintAboveBar(std::FILE* stream, const std::string& text);
 
+  const TerminalUse use_;
   bool showsBar_;
   bool canAsk_;
   std::string bar_;  // as it stands on the screen

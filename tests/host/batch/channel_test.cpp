@@ -1,5 +1,6 @@
 #include "host/batch/channel.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <unistd.h>
@@ -31,8 +32,8 @@ struct Describe {
   std::string operator()(const BadInputMessage& message) const { return "bad input " + message.text; }
   std::string operator()(const FailureMessage& message) const { return "failure " + message.text; }
   std::string operator()(const DoneMessage& message) const {
-    return "done " + std::to_string(message.changedEntries) + " of " + std::to_string(message.entries) + ", written " +
-           std::to_string(message.filesWritten);
+    return fmt::format("done {} of {} {} {}, hidden {}, written {}", message.changedEntries, message.notes,
+                       message.chords, message.rests, message.hiddenEntries, message.filesWritten);
   }
   std::string operator()(const LostMessage&) const { return "lost"; }
   std::string operator()(const JobMessage& message) const { return "job " + std::to_string(message.job); }
@@ -55,6 +56,8 @@ struct Describe {
   std::string operator()(const MemberMessage& message) const { return "member " + message.text; }
   std::string operator()(const ChangesMessage& message) const { return "changes " + message.text; }
   std::string operator()(const MoreMessage&) const { return "more"; }
+  std::string operator()(const RegionMessage& message) const { return "region " + message.text; }
+  std::string operator()(const PassingFailureMessage& message) const { return "passing failure " + message.text; }
 };
 
 // One of each kind, in their order.
@@ -69,7 +72,7 @@ std::vector<Message> AllMessages() {
           WarningMessage{"a.xml:2:1: warning"},
           BadInputMessage{"a.xml: is empty"},
           FailureMessage{"a.xml: cannot write"},
-          DoneMessage{7, UINT64_MAX, 1},
+          DoneMessage{7, UINT64_MAX, 4, 3, 2, 1},
           LostMessage{},
           JobMessage{3},
           WorkerEndedMessage{},
@@ -84,7 +87,9 @@ std::vector<Message> AllMessages() {
           NoMemoryMessage{},
           MemberMessage{"score.xml"},
           ChangesMessage{"bytes"},
-          MoreMessage{}};
+          MoreMessage{},
+          RegionMessage{"[]"},
+          PassingFailureMessage{"a.xml: cannot write"}};
 }
 
 const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger lines\n", 24),
@@ -97,7 +102,7 @@ const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger 
                                                 "warning a.xml:2:1: warning",
                                                 "bad input a.xml: is empty",
                                                 "failure a.xml: cannot write",
-                                                "done 7 of 18446744073709551615, written 1",
+                                                "done 7 of 18446744073709551615 4 3, hidden 2, written 1",
                                                 "lost",
                                                 "job 3",
                                                 "worker ended",
@@ -112,7 +117,9 @@ const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger 
                                                 "no memory",
                                                 "member score.xml",
                                                 "changes bytes",
-                                                "more"};
+                                                "more",
+                                                "region []",
+                                                "passing failure a.xml: cannot write"};
 
 TEST(Messages, AreAllOfTheseKinds) {
   const auto messages = AllMessages();
