@@ -3,8 +3,11 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace brvhost {
+
+inline constexpr std::string_view kBundleEnding = ".bundle";
 
 // "LegerLines" for "bundles/LegerLines.bundle/".
 inline std::string NameOfBundle(const std::string& path) {

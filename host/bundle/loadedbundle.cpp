@@ -3,10 +3,10 @@
 #include <dlfcn.h>
 #include <fmt/format.h>
 
-#include <climits>
 #include <filesystem>
 #include <system_error>
 
+#include "host/bundle/bundleexecutable.h"
 #include "host/bundle/createbundle.h"
 #include "host/bundle/missingexecutable.h"
 #include "host/bundle/otherprocessor.h"
@@ -24,14 +24,6 @@ CFBundleRef BundleAt(const std::string& path) {
   const CFBundleRef bundle = CreateBundle(absolute);
   if (bundle == nullptr) throw BundleError(path + ": is not a bundle");
   return bundle;
-}
-
-// Empty where there is none.
-std::string ExecutableOf(CFBundleRef bundle) {
-  const Owned<CFURLRef> url(CFBundleCopyExecutableURL(bundle));
-  char path[PATH_MAX];
-  auto* const bytes = reinterpret_cast<UInt8*>(path);
-  return url && CFURLGetFileSystemRepresentation(url.Get(), true, bytes, sizeof(path)) ? path : "";
 }
 
 // dlopen, called as what it is: its declaration promises that it throws nothing, and compilers count on that, but the

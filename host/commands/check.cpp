@@ -5,6 +5,7 @@
 #include <string>
 #include <system_error>
 
+#include "host/bundle/bundlesearch.h"
 #include "host/bundle/loadedbundle.h"
 #include "host/check/facts.h"
 #include "host/check/isolated.h"
@@ -31,16 +32,17 @@ std::string TryConfinement() {
 }  // namespace
 
 int Check(const Options& options) {
+  const std::string bundle = PathOfBundle(options.bundle);
   std::error_code error;
-  if (!std::filesystem::is_directory(options.bundle, error)) {
-    throw BundleError(options.bundle + ": there is no such bundle");
+  if (!std::filesystem::is_directory(bundle, error)) {
+    throw BundleError(bundle + ": there is no such bundle");
   }
   if (options.checkConfines) {
     const std::string wrong = RunIsolated(TryConfinement, options.factTimeout);
     if (!wrong.empty()) throw std::runtime_error(wrong + "; --no-confine checks it all the same");
   }
   int status = kDone;
-  for (const Fact& fact : FactsAbout(options.bundle)) {
+  for (const Fact& fact : FactsAbout(bundle)) {
     const auto check = [&] {
       if (options.checkConfines) Confine();
       return fact.check();

@@ -11,7 +11,11 @@ namespace brvhost {
 namespace {
 
 void AddBundle(CLI::App& command, Options& options) {
-  command.add_option("BUNDLE", options.bundle, "The extension's bundle, a folder")->required()->type_name("");
+  command
+      .add_option("BUNDLE", options.bundle,
+                  "The extension: its bundle, a folder, or its name, as `brvhost list` has it")
+      ->required()
+      ->type_name("");
 }
 
 // An option with a value. `read` is given the option's long name and the value; what it throws comes out of the
@@ -109,6 +113,8 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   app->set_version_flag("--version", std::string("brvhost ") + kVersion, "Print the version and exit");
   app->set_help_flag("-h,--help", "Print this help and exit");
   app->get_formatter()->column_width(34);
+
+  app->add_subcommand("list", kListAbout)->footer(kListFooter);
 
   CLI::App& items = *app->add_subcommand("items", kItemsAbout);
   AddBundle(items, options);

@@ -14,9 +14,27 @@ inline constexpr const char* kCommonFooter = R"(EXIT STATUS
   130  interrupted
 
 EXAMPLES
-  brvhost items LegerLines.bundle
-  brvhost run LegerLines.bundle --item 0 --all sonata.musicxml -o hidden.musicxml
-  brvhost run LegerLines.bundle --item 0 --all --in-place --jobs 4 scores/*.mxl)";
+  brvhost items LegerLines
+  brvhost run LegerLines --item 0 --all sonata.musicxml -o hidden.musicxml
+  brvhost run LegerLines --item 0 --all --in-place --jobs 4 scores/*.mxl)";
+
+inline constexpr const char* kListAbout =
+    "Lists the extensions that are installed, one to a line: its name, its version, its languages, the systems that it "
+    "has executables for, and the path of its bundle, with tabs between them. No code of theirs is run.";
+
+inline constexpr const char* kListFooter = R"(INSTALLED EXTENSIONS
+  An extension that is installed is found by its name, the one of its bundle without the ending: LegerLines for
+  LegerLines.bundle. Bundles are looked for in the folders that the variable BRVHOST_PATH lists, with colons between
+  them; then in the user's, $XDG_DATA_HOME/brvhost or ~/.local/share/brvhost; then in the one that is installed with
+  brvhost. Of two with the same name the first is found. The other is listed, too, with what hides it at the end of its
+  line. A name with a slash in it, and one that something in the working folder has, is a path.
+
+EXIT STATUS
+  0    done
+  1    the list could not be written
+  2    bad usage
+  3    a bundle that cannot be used here, named on the standard error; the others are listed
+  130  interrupted)";
 
 inline constexpr const char* kItemsFooter = R"(EXIT STATUS
   0    done
@@ -94,9 +112,9 @@ EXIT STATUS
 
 EXAMPLES
   Hide the ledger lines in the left hand of measures 5 to 8:
-    brvhost run LegerLines.bundle --item 0 --staves 2 --measures 5-8 piano.musicxml -o hidden.musicxml
+    brvhost run LegerLines --item 0 --staves 2 --measures 5-8 piano.musicxml -o hidden.musicxml
   Show them again in a folder of scores, two at a time:
-    brvhost run LegerLines.bundle --item 1 --all --in-place --jobs 2 scores/*.mxl)";
+    brvhost run LegerLines --item 1 --all --in-place --jobs 2 scores/*.mxl)";
 
 inline constexpr const char* kCheckAbout =
     "Checks an extension against the calling convention, in a process of its own that may write no file, use no "

@@ -12,6 +12,7 @@
 #include "host/batch/job.h"
 #include "host/batch/offer.h"
 #include "host/batch/pool.h"
+#include "host/bundle/bundlesearch.h"
 #include "host/bundle/loadedbundle.h"
 #include "host/commands/commands.h"
 #include "host/commands/regionoptions.h"
@@ -33,19 +34,19 @@ void MakeOutputFolder(const std::string& folder) {
   if (error) throw UsageError(fmt::format("--out-dir {}: {}", folder, error.message()));
 }
 
-void CheckItem(const Offer& offer, const Options& options) {
+void CheckItem(const Offer& offer, const Options& options, const std::string& bundle) {
   const auto count = std::ssize(offer.items);
   if (options.item < 0 || options.item >= count) {
     throw UsageError(fmt::format("--item {}: the extension has {} items, from 0", options.item, count));
   }
-  if (!offer.isEnabled) throw BundleError(options.bundle + ": the extension's menu items are disabled");
+  if (!offer.isEnabled) throw BundleError(bundle + ": the extension's menu items are disabled");
 }
 
 }  // namespace
 
 int Run(const Options& options) {
   JobSettings settings;
-  settings.bundle = options.bundle;
+  settings.bundle = PathOfBundle(options.bundle);
   settings.item = options.item;
   settings.region = RegionOptions(options);
   settings.agree = options.yes;
@@ -71,7 +72,7 @@ int Run(const Options& options) {
     pool.GiveUp();
     return kInterrupted;
   }
-  CheckItem(*offer, options);
+  CheckItem(*offer, options, settings.bundle);
   MakeOutputFolder(options.outputFolder);
   RemoveLeftovers(jobs);
   const int status = pool.Run();

@@ -59,7 +59,7 @@ std::string ZshOption(const OptionText& option) {
   const std::string action = IsFolder(option.value) ? "_files -/" : IsFile(option.value) ? "_files" : "";
   const std::string value = option.value.empty() ? "" : fmt::format(":{}:{}", option.value, action);
   for (const std::string& name : option.names) {
-    lines += fmt::format("        '{}[{}]{}' \\\n", name, Escaped(option.about), value);
+    lines += fmt::format(" \\\n        '{}[{}]{}'", name, Escaped(option.about), value);
   }
   return lines;
 }
@@ -109,16 +109,15 @@ std::string ZshCompletion(const CLI::App& app) {
   }
   text += "  )\n  if (( CURRENT == 2 )); then\n    _describe command commands\n    return\n  fi\n  case $words[2] in\n";
   for (const CommandText& command : DescribeCommands(app)) {
-    text += fmt::format("    {})\n      shift words; (( CURRENT-- ))\n      _arguments \\\n", command.name);
+    text += fmt::format("    {})\n      shift words; (( CURRENT-- ))\n      _arguments", command.name);
     for (const OptionText& option : command.options) text += ZshOption(option);
     int number = 0;
     for (const std::string& argument : command.arguments) {
       const bool isBundle = argument == "BUNDLE";
-      text += isBundle ? fmt::format("        '{}:bundle:_files -/'", ++number)
-                       : std::string("        '*:score:_files -g \"*.(musicxml|xml|mxl)(-.)\"'");
-      text += argument == command.arguments.back() ? "\n" : " \\\n";
+      text += isBundle ? fmt::format(" \\\n        '{}:bundle:_files -/'", ++number)
+                       : std::string(" \\\n        '*:score:_files -g \"*.(musicxml|xml|mxl)(-.)\"'");
     }
-    text += "      ;;\n";
+    text += "\n      ;;\n";
   }
   return text + "  esac\n}\n_brvhost \"$@\"\n";
 }

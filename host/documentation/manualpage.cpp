@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "host/documentation/installedpaths.h"
+#include "host/bundle/installedpaths.h"
 #include "host/documentation/optionlist.h"
 #include "host/version.h"
 
@@ -58,10 +58,11 @@ std::string CommandSection(const CommandText& command) {
 
 // The path of the bundle that is installed with the program, for the prefix of this build and for any other.
 std::string BundleEntry() {
+  constexpr const char* kBundle = "/LegerLines.bundle";
   const std::string about =
-      fmt::format("The bundle of LegerLines, if brvhost is {}. From the folder of brvhost it is {}.", kInstalledProgram,
-                  kBundleFromProgram);
-  return fmt::format(".TP\n\\fI{}\\fR\n{}\n", Escaped(kInstalledBundle), Escaped(about));
+      fmt::format("The bundle of LegerLines, if brvhost is {}. From the folder of brvhost it is {}{}.",
+                  kInstalledProgram, kBundlesFromProgram, kBundle);
+  return fmt::format(".TP\n\\fI{}{}\\fR\n{}\n", Escaped(kInstalledBundles), kBundle, Escaped(about));
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "host/files/temporaryname.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <unistd.h>
@@ -10,20 +9,16 @@
 #include <csignal>
 #include <cstdint>
 #include <cstdio>
-#include <memory>
 #include <optional>
 #include <string_view>
 
 #include "host/files/filelock.h"
+#include "host/files/foldernames.h"
 #include "host/process/descriptor.h"
 #include "host/process/processorigin.h"
 
 namespace brvhost {
 namespace {
-
-struct Close {
-  void operator()(DIR* folder) const { closedir(folder); }
-};
 
 struct Owner {
   std::string machine;
@@ -89,11 +84,9 @@ std::string TemporaryName() {
 
 void RemoveAbandonedFiles(const std::string& folder) {
   const Owner self = ThisProcess();
-  // The C++ library's directory iterators end the program when memory runs out.
-  const std::unique_ptr<DIR, Close> files(opendir(folder.c_str()));
-  if (files == nullptr) return;
-  while (const dirent* const file = readdir(files.get())) {
-    const std::string name = file->d_name;
+  const auto names = NamesIn(folder);
+  if (!names) return;
+  for (const std::string& name : *names) {
     const auto owner = OwnerOf(name);
     if (owner && IsDead(*owner, self)) RemoveUnlessLocked(fmt::format("{}/{}", folder, name));
   }

@@ -14,7 +14,7 @@ MANUAL = SHARE / "man/man1/brvhost.1"
 BASH = SHARE / "bash-completion/completions/brvhost"
 ZSH = SHARE / "zsh/site-functions/_brvhost"
 DOCUMENTS = os.environ["BRVHOST_DOCS"]
-COMMANDS = ["items", "info", "run", "check"]
+COMMANDS = ["list", "items", "info", "run", "check"]
 
 
 def options_in_help(command):

@@ -97,6 +97,15 @@ class Installed(Case):
         program = self.prefix / "bin/brvhost"
         self.assertEqual(self.sh(f"{program} items {program.parent / path} | cut -f 2"), "Hide Ledger Lines\nShow Ledger Lines\n")
 
+    def test_bundle_is_found_by_its_name_wherever_it_is_installed(self):
+        moved = self.folder / "moved"
+        self.prefix.rename(moved)
+        (self.folder / "brvhost").symlink_to(moved / "bin/brvhost")
+        for program in (moved / "bin/brvhost", self.folder / "brvhost"):
+            self.assertEqual(self.sh(f"cd /; {program} items LegerLines | cut -f 2"), "Hide Ledger Lines\nShow Ledger Lines\n")
+        path = moved / "lib/brvhost/LegerLines.bundle"
+        self.assertEqual(self.sh(f"{moved}/bin/brvhost list | cut -f 1,5", HOME=self.folder), f"LegerLines\t{path}\n")
+
     def test_bundle_does_not_look_for_libraries_itself(self):
         image, = (self.prefix / "lib/brvhost/LegerLines.bundle").rglob("*.so")
         self.assertNotRegex(self.sh(f"readelf -d {image}"), r"\b(RPATH|RUNPATH)\b")

@@ -1,0 +1,41 @@
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "host/bundle/bundlefolders.h"
+#include "host/bundle/installedbundles.h"
+#include "host/commands/commands.h"
+#include "host/process/exitstatus.h"
+#include "host/process/streams.h"
+#include "host/text/printable.h"
+
+namespace brvhost {
+namespace {
+
+std::string Joined(const std::vector<std::string>& texts) { return fmt::format("{}", fmt::join(texts, ", ")); }
+
+void PrintBundle(const InstalledBundle& bundle) {
+  const std::string hidden = bundle.hiddenBy.empty() ? "" : "hidden by " + bundle.hiddenBy;
+  Print(stdout, "{}\t{}\t{}\t{}\t{}{}{}\n", Printable(bundle.name), Printable(bundle.version),
+        Printable(Joined(bundle.languages)), Printable(Joined(bundle.systems)), Printable(bundle.path),
+        hidden.empty() ? "" : "\t", Printable(hidden));
+}
+
+}  // namespace
+
+int ListBundles() {
+  int status = kDone;
+  for (const InstalledBundle& bundle : InstalledBundles(BundleFolders())) {
+    if (bundle.wrong.empty()) {
+      PrintBundle(bundle);
+      continue;
+    }
+    Print(stderr, "brvhost: {}\n", Printable(bundle.path + ": " + bundle.wrong));
+    status = kBadBundle;
+  }
+  return status;
+}
+
+}  // namespace brvhost
