@@ -154,9 +154,9 @@ class Keeper {
 
   // What ends the work on the score: a result, or a message for the supervisor.
   Message AskWorker(const Score& score) {
-    const auto region = RegionOf(settings_.region, score);
-    if (settings_.printsJson) supervisor_.Send(RegionMessage{JsonOfRegion(region, settings_.region.layers)});
-    const std::string image = ImageOf(score, region);
+    const std::vector<Block> blocks = BlocksOf(settings_.region, score);
+    if (settings_.printsJson) supervisor_.Send(RegionMessage{JsonOfRegion(blocks)});
+    const std::string image = ImageOf(score, blocks);
     worker_.Distrust(score.entries.size() + kMaxText);
     supervisor_.Send(HandedOutMessage{});
     worker_.Send(DocumentMessage{image});  // a worker that is gone may have left a message

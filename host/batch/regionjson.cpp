@@ -3,42 +3,49 @@
 #include <cstdint>
 
 #include "host/score/fraction.h"
+#include "host/score/numberruns.h"
 #include "host/score/score.h"
 #include "host/text/json.h"
 
 namespace brvhost {
 namespace {
 
-std::string JsonOfRange(int first, int last) {
+std::string JsonOfRun(const NumberRun& run) {
   return JsonObject()
-      .AddNumber("first", static_cast<std::uint64_t>(first))
-      .AddNumber("last", static_cast<std::uint64_t>(last))
+      .AddNumber("first", static_cast<std::uint64_t>(run.first))
+      .AddNumber("last", static_cast<std::uint64_t>(run.last))
       .Text();
 }
 
-// Layers count from 1 here, as on the command line.
-std::string JsonOfLayers(const std::vector<int>& layers) {
+std::string JsonOfLayers(const std::vector<NumberRun>& layers) {
   if (layers.empty()) return "null";
-  std::vector<std::string> numbers;
-  for (const int layer : layers) numbers.push_back(std::to_string(layer + 1));
-  return JsonArrayOf(numbers);
+  std::vector<std::string> runs;
+  for (const NumberRun& run : layers) runs.push_back(JsonOfRun(run));
+  return JsonArrayOf(runs);
 }
 
 std::string JsonOfPosition(std::int32_t position) {
   return position == INT32_MAX ? "null" : JsonOf(TextOf({position, kTicksPerQuarter}));
 }
 
+std::string JsonOfBlock(const Block& block) {
+  const EREGION& region = block.region;
+  return JsonObject()
+      .AddJson("staves", JsonOfRun({region.startStaff, region.endStaff}))
+      .AddJson("measures", JsonOfRun({region.startMeasure, region.endMeasure}))
+      .AddJson("layers", JsonOfLayers(block.layers))
+      .AddJson("startAt", JsonOfPosition(region.startPosition))
+      .AddJson("endAt", JsonOfPosition(region.endPosition))
+      .Text();
+}
+
 }  // namespace
 
-std::string JsonOfRegion(const std::optional<EREGION>& region, const std::vector<int>& layers) {
-  if (!region) return "null";
-  JsonObject block;
-  block.AddJson("staves", JsonOfRange(region->startStaff, region->endStaff))
-      .AddJson("measures", JsonOfRange(region->startMeasure, region->endMeasure))
-      .AddJson("layers", JsonOfLayers(layers))
-      .AddJson("startAt", JsonOfPosition(region->startPosition))
-      .AddJson("endAt", JsonOfPosition(region->endPosition));
-  return JsonArrayOf({block.Text()});
+std::string JsonOfRegion(const std::vector<Block>& blocks) {
+  if (blocks.empty()) return "null";
+  std::vector<std::string> json;
+  for (const Block& block : blocks) json.push_back(JsonOfBlock(block));
+  return JsonArrayOf(json);
 }
 
 }  // namespace brvhost

@@ -1,15 +1,14 @@
 // The region of a score that an extension works on, in JSON.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "BrvEDK/Source/hostrecords.h"
+#include "host/score/region.h"
 
 namespace brvhost {
 
-// A list of its blocks, or null where nothing is selected. `layers`, from 0, are those that are shown; all when empty.
-std::string JsonOfRegion(const std::optional<EREGION>& region, const std::vector<int>& layers);
+// A list of its blocks, or null where nothing is selected.
+std::string JsonOfRegion(const std::vector<Block>& blocks);
 
 }  // namespace brvhost

@@ -26,11 +26,19 @@ namespace {
 void Invoke(DocumentImage& image, OpenDocument& document, const JobSettings& settings, const Extension& extension,
             Channel& channel) {
   DistantUser user(channel, settings.agree);
-  Session session(extension, document, user, {image.region, settings.region.layers});
-  // The extension may write to either record.
-  std::optional<EREGION> selected = image.region;
-  EREGION fallback = WholeScore(image.score);
-  extension.Invoke(settings.item, selected ? &*selected : nullptr, &fallback);
+  Session session(extension, document, user);
+  // The extension may write to its records.
+  const auto invoke = [&](EREGION* selected) {
+    EREGION fallback = WholeScore(image.score);
+    extension.Invoke(settings.item, selected, &fallback);
+  };
+  if (image.blocks.empty()) invoke(nullptr);
+  for (const Block& block : image.blocks) {
+    session.Select(block);
+    EREGION selected = block.region;
+    invoke(&selected);
+    if (session.HasFailed() || InterruptCount() > 0) break;
+  }
   extension.Terminate();
   session.RethrowFailure();  // the extension may have gone on with half of its work
 }

@@ -45,7 +45,9 @@ Trial::Trial(const std::string& bundlePath, Kind kind)
       user_(kind == kSelected),
       score_(TrialScore()),
       document_(score_),
-      session_(extension_, document_, user_, kind == kSelected ? Selection{WholeScore(score_), {}} : Selection{}) {}
+      session_(extension_, document_, user_) {
+  if (kind == kSelected) session_.Select({WholeScore(score_), {}});
+}
 
 int Trial::InvokeOnWholeScore(int item) {
   EREGION region = WholeScore(score_);

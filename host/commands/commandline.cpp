@@ -77,11 +77,11 @@ void AddRegion(CLI::App& run, Options& options) {
   const auto add = [&run](const char* name, std::string& value, const char* type, const char* about) {
     AddText(run, name, type, value, about)->group("Region");
   };
-  add("--staves", options.staves, "A-B", "Only these staves");
-  add("--measures", options.measures, "A-B", "Only these measures");
+  add("--staves", options.staves, "LIST", "Only these staves: 1,3,5-8");
+  add("--measures", options.measures, "LIST", "Only these measures: 1,3,5-8");
   add("--start-at", options.startAt, "Q", "In the first measure, only from Q quarter notes on: 2, 5/2 or 2.5");
   add("--end-at", options.endAt, "Q", "In the last measure, only up to Q quarter notes, itself included");
-  add("--layers", options.layers, "N,...", "Only these layers; the others count as hidden");
+  add("--layers", options.layers, "LIST", "Only these layers; the others count as hidden");
   AddFlag(run, "--all", options.all, "The whole score")->group("Region");
 }
 

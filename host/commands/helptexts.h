@@ -67,10 +67,16 @@ inline constexpr const char* kRunFooter = R"(THE REGION
   bad usage, unless --yes agrees beforehand.
 
   Staves count from 1 through all parts, measures from 1 by their order, whatever their printed numbers, and the layers
-  of a staff from 1, in the order in which its voices first appear. A range is written 3, 2-5, 2- or -5. One range may
-  serve many scores: a last staff or measure beyond the score is taken for the score's last, and --end-at does not apply
-  in a measure beyond the score. A first staff or measure that the score does not have is refused, and so are a layer
-  that none of the region's staves has, a position beyond the end of its measure, and a region that starts after its end.
+  of a staff from 1, in the order in which its voices first appear. Each is a list of ranges, in any order: 3, 2-5, 2-,
+  -5 or 1,3,5-8. One list may serve many scores: a last staff, measure or layer beyond the score is taken for the score's
+  last, and --end-at does not apply in a measure beyond the score. A range that starts at a staff or a measure that the
+  score does not have is refused, and so are a layer that none of the region's staves has, a position beyond the end of
+  its measure, and a region that starts after its end.
+
+  An extension works on one block at a time: staves and measures next to one another. Where the lists leave any out, the
+  item is run once for each block, by staves and then by measures, on the same open score, which is written once. An item
+  that shows a message shows it for each block; Ctrl-C ends all. --start-at counts in the first measure of the whole
+  region, --end-at in the last.
 
 WHILE IT RUNS
   On a terminal, a bar shows the progress. Ctrl-C is to the extension what Command-period is in the application: it
@@ -113,6 +119,8 @@ EXIT STATUS
 EXAMPLES
   Hide the ledger lines in the left hand of measures 5 to 8:
     brvhost run LegerLines --item 0 --staves 2 --measures 5-8 piano.musicxml -o hidden.musicxml
+  Hide them in the outer parts of a quartet, but for measures 9 to 20:
+    brvhost run LegerLines --item 0 --staves 1,4 --measures 1-8,21- quartet.mxl -o hidden.mxl
   Show them again in a folder of scores, two at a time:
     brvhost run LegerLines --item 1 --all --in-place --jobs 2 scores/*.mxl)";
 

@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <initializer_list>
 #include <optional>
 #include <string>
@@ -17,12 +16,18 @@
 namespace brvhost {
 namespace {
 
-std::optional<NumberRange> RangeOption(const char* name, const std::string& text) {
-  if (text.empty()) return std::nullopt;
+NumberRange RangeFrom(const char* name, const std::string& list, const std::string& text) {
   const auto range = ParseNumberRange(text);
-  if (!range) throw UsageError(fmt::format("{} {}: is not a range such as 3, 2-5, 2- or -5", name, text));
-  if (range->IsReversed()) throw UsageError(fmt::format("{} {}: starts after its end", name, text));
-  return range;
+  if (!range) throw UsageError(fmt::format("{} {}: is not a list of ranges such as 3, 2-5, 2- or -5", name, list));
+  if (!range->IsReversed()) return *range;
+  throw UsageError(fmt::format("{} {}: {}starts after its end", name, list, list == text ? "" : text + " "));
+}
+
+std::vector<NumberRange> RangesOption(const char* name, const std::string& list) {
+  std::vector<NumberRange> ranges;
+  if (list.empty()) return ranges;
+  for (const std::string& text : TextsOfList(list)) ranges.push_back(RangeFrom(name, list, text));
+  return ranges;
 }
 
 std::optional<Fraction> QuartersOption(const char* name, const std::string& text) {
@@ -32,21 +37,6 @@ std::optional<Fraction> QuartersOption(const char* name, const std::string& text
     throw UsageError(fmt::format("{} {}: is not a number of quarter notes such as 2, 5/2 or 2.5", name, text));
   }
   return quarters;
-}
-
-std::vector<int> LayersOption(const std::string& text) {
-  if (text.empty()) return {};
-  std::vector<int> layers;
-  for (std::size_t start = 0; start <= text.size();) {
-    const std::size_t comma = std::min(text.find(',', start), text.size());
-    const auto range = ParseNumberRange(text.substr(start, comma - start));
-    if (!range || range->last != range->first) {
-      throw UsageError(fmt::format("--layers {}: is not a list of layers such as 1,3", text));
-    }
-    layers.push_back(range->first - 1);
-    start = comma + 1;
-  }
-  return layers;
 }
 
 // Layers may be chosen in the whole score too.
@@ -63,25 +53,28 @@ void CheckAll(const Options& options) {
 
 // Whether the region ends in the measure that it starts in, whatever the score.
 bool IsInOneMeasure(const RegionRequest& region) {
-  return region.measures && region.measures->last == region.measures->first;
+  const auto& measures = region.measures;
+  return !measures.empty() && std::ranges::all_of(measures, [&measures](const NumberRange& range) {
+    return range.first == measures[0].first && range.last == range.first;
+  });
 }
 
 void CheckOrder(const RegionRequest& region, const Options& options) {
   if (!region.startAt || !region.endAt || !IsInOneMeasure(region)) return;
   if (PositionAt(*region.startAt) <= PositionAt(*region.endAt)) return;
   throw UsageError(fmt::format("--start-at {}: is after --end-at {} in the same measure, {}", options.startAt,
-                               options.endAt, region.measures->first));
+                               options.endAt, region.measures[0].first));
 }
 
 }  // namespace
 
 RegionRequest RegionOptions(const Options& options) {
   RegionRequest region;
-  region.staves = RangeOption("--staves", options.staves);
-  region.measures = RangeOption("--measures", options.measures);
+  region.staves = RangesOption("--staves", options.staves);
+  region.measures = RangesOption("--measures", options.measures);
   region.startAt = QuartersOption("--start-at", options.startAt);
   region.endAt = QuartersOption("--end-at", options.endAt);
-  region.layers = LayersOption(options.layers);
+  region.layers = RangesOption("--layers", options.layers);
   region.all = options.all;
   if (region.all) CheckAll(options);
   CheckOrder(region, options);

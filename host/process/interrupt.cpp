@@ -17,7 +17,10 @@ void OnInterrupt(int) { ++interrupts; }
 
 void OnEnd(int) { interrupts = 2; }
 
-void OnInterruptOfExtension(int) { HoldCancelKeys(); }
+void OnInterruptOfExtension(int) {
+  ++interrupts;
+  HoldCancelKeys();
+}
 
 void Handle(int signal, void (*handler)(int)) {
   struct sigaction action = {};

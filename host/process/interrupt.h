@@ -10,7 +10,7 @@ inline constexpr int kMaxWaitMs = 100;
 // counts as the second. Signals that are ignored, as under nohup, stay so.
 void CountInterrupts();
 
-// For a process that runs an extension: from now on an interrupt holds Command-period down.
+// For a process that runs an extension: from now on an interrupt is counted and holds Command-period down.
 void PressCancelKeysOnInterrupt();
 
 // How many there have been so far.

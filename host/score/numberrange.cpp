@@ -1,8 +1,8 @@
 #include "host/score/numberrange.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
-#include <string_view>
 #include <system_error>
 
 namespace brvhost {
@@ -17,20 +17,29 @@ std::optional<int> ParseNumber(std::string_view text) {
 
 }  // namespace
 
-std::optional<NumberRange> ParseNumberRange(const std::string& text) {
-  const std::string_view view(text);
-  const std::size_t dash = view.find('-');
-  const std::string_view first = view.substr(0, dash);
+std::optional<NumberRange> ParseNumberRange(std::string_view text) {
+  const std::size_t dash = text.find('-');
+  const std::string_view first = text.substr(0, dash);
   if (dash == std::string_view::npos) {
     const auto number = ParseNumber(first);
     return number ? std::optional(NumberRange{*number, *number}) : std::nullopt;
   }
-  const std::string_view last = view.substr(dash + 1);
+  const std::string_view last = text.substr(dash + 1);
   if (first.empty() && last.empty()) return std::nullopt;
   const auto from = first.empty() ? std::optional(1) : ParseNumber(first);
   const auto to = last.empty() ? std::nullopt : ParseNumber(last);
   if (!from || (!last.empty() && !to)) return std::nullopt;
   return NumberRange{*from, to};
+}
+
+std::vector<std::string> TextsOfList(std::string_view list) {
+  std::vector<std::string> items;
+  for (std::size_t start = 0; start <= list.size();) {
+    const std::size_t comma = std::min(list.find(',', start), list.size());
+    items.emplace_back(list.substr(start, comma - start));
+    start = comma + 1;
+  }
+  return items;
 }
 
 }  // namespace brvhost

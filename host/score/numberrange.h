@@ -3,6 +3,8 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace brvhost {
 
@@ -15,6 +17,9 @@ struct NumberRange {
 };
 
 // "3", "2-5", "2-" or "-5". Null for anything else.
-std::optional<NumberRange> ParseNumberRange(const std::string& text);
+std::optional<NumberRange> ParseNumberRange(std::string_view text);
+
+// What stands between the commas of a list; one text where there is none.
+std::vector<std::string> TextsOfList(std::string_view list);
 
 }  // namespace brvhost

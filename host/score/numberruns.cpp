@@ -17,6 +17,11 @@ std::vector<NumberRun> Merged(std::vector<NumberRun> runs) {
   return merged;
 }
 
+bool Contains(const std::vector<NumberRun>& runs, int number) {
+  return std::ranges::any_of(runs,
+                             [number](const NumberRun& run) { return run.first <= number && number <= run.last; });
+}
+
 std::string TextOf(const std::vector<NumberRun>& runs) {
   std::string text;
   for (const NumberRun& run : runs) {

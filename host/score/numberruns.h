@@ -17,6 +17,8 @@ struct NumberRun {
 // The same numbers in ascending order: runs that overlap or follow one another become one.
 std::vector<NumberRun> Merged(std::vector<NumberRun> runs);
 
+bool Contains(const std::vector<NumberRun>& runs, int number);
+
 // "1, 3, 5-8".
 std::string TextOf(const std::vector<NumberRun>& runs);
 

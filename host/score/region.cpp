@@ -3,24 +3,31 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 
 #include "host/text/inputerror.h"
 
 namespace brvhost {
 namespace {
 
-struct Span {
-  std::int16_t first;
-  std::int16_t last;
-};
+using Ranges = std::vector<NumberRange>;
+using Runs = std::vector<NumberRun>;
 
-Span SpanOf(const std::optional<NumberRange>& range, int count, const char* what) {
-  if (!range) return {1, static_cast<std::int16_t>(count)};
-  if (range->first > count) {
-    throw InputError(fmt::format("the region starts at {} {}, but the score has only {}", what, range->first, count));
+// The numbers of the ranges that a score has, which counts them up to `count`.
+Runs RunsIn(const Ranges& ranges, int count, const char* what) {
+  if (ranges.empty()) return {{1, count}};
+  Ranges inOrder = ranges;
+  std::ranges::sort(inOrder, {}, &NumberRange::first);
+  Runs runs;
+  for (const NumberRange& range : inOrder) {
+    if (range.first > count) {
+      throw InputError(fmt::format("the region {} at {} {}, but the score has only {}",
+                                   runs.empty() ? "starts" : "goes on", what, range.first, count));
+    }
+    runs.push_back({range.first, std::min(range.last.value_or(count), count)});
   }
-  return {static_cast<std::int16_t>(range->first),
-          static_cast<std::int16_t>(std::min(range->last.value_or(count), count))};
+  return Merged(std::move(runs));
 }
 
 std::string QuartersAt(std::int32_t position) { return TextOf({position, kTicksPerQuarter}); }
@@ -37,7 +44,9 @@ std::int32_t PositionIn(int measure, const Fraction& quarters, const char* does,
 
 // Whether the measure that --end-at is for is one of the score's.
 bool HasLastMeasure(const RegionRequest& request, const Score& score) {
-  return !request.measures || request.measures->last.value_or(score.measures) <= score.measures;
+  return std::ranges::all_of(request.measures, [&score](const NumberRange& range) {
+    return range.last.value_or(score.measures) <= score.measures;
+  });
 }
 
 void CheckOrder(const EREGION& region) {
@@ -47,52 +56,68 @@ void CheckOrder(const EREGION& region) {
                   QuartersAt(region.startPosition), +region.startMeasure, QuartersAt(region.endPosition)));
 }
 
-int LayersOn(const Span& staves, const Score& score) {
+int LayersOn(const Runs& staves, const Score& score) {
   int layers = 0;
   for (const ScoreFrame& frame : score.frames) {
-    if (frame.staff >= staves.first && frame.staff <= staves.last) layers = std::max(layers, frame.layer + 1);
+    if (frame.layer >= layers && Contains(staves, frame.staff)) layers = frame.layer + 1;
   }
   return layers;
 }
 
-void CheckLayers(const std::vector<int>& shown, const Span& staves, const Score& score) {
-  if (shown.empty()) return;
+Runs ShownLayers(const Ranges& shown, const Runs& staves, const Score& score) {
+  if (shown.empty()) return {};
   const int layers = LayersOn(staves, score);
-  const int last = std::ranges::max(shown);
-  if (last < layers) return;
-  throw InputError(fmt::format("the region is to show layer {}, but its staves have only {}", last + 1, layers));
+  Runs runs;
+  for (const NumberRange& range : shown) {
+    if (range.first > layers) {
+      throw InputError(fmt::format("the region is to show layer {}, but its staves have only {}", range.first, layers));
+    }
+    runs.push_back({range.first, std::min(range.last.value_or(layers), layers)});
+  }
+  return Merged(std::move(runs));
+}
+
+EREGION RegionAt(const NumberRun& staves, const NumberRun& measures) {
+  EREGION region{};
+  region.startStaff = static_cast<std::int16_t>(staves.first);
+  region.startMeasure = static_cast<std::int16_t>(measures.first);
+  region.endStaff = static_cast<std::int16_t>(staves.last);
+  region.endMeasure = static_cast<std::int16_t>(measures.last);
+  region.endPosition = INT32_MAX;
+  return region;
+}
+
+// A region for each run of measures, on these staves.
+std::vector<EREGION> RegionsOf(const RegionRequest& request, const Runs& measures, const NumberRun& staves,
+                               const Score& score) {
+  std::vector<EREGION> regions;
+  for (const NumberRun& run : measures) regions.push_back(RegionAt(staves, run));
+  EREGION& first = regions.front();
+  EREGION& last = regions.back();
+  if (request.startAt) first.startPosition = PositionIn(first.startMeasure, *request.startAt, "starts", score);
+  if (request.endAt && HasLastMeasure(request, score)) {
+    last.endPosition = PositionIn(last.endMeasure, *request.endAt, "ends", score);
+  }
+  std::ranges::for_each(regions, CheckOrder);
+  return regions;
 }
 
 }  // namespace
 
 std::int32_t PositionAt(const Fraction& quarters) { return quarters.Rounded(kTicksPerQuarter).value_or(INT32_MAX); }
 
-EREGION WholeScore(const Score& score) {
-  EREGION region{};
-  region.startStaff = 1;
-  region.startMeasure = 1;
-  region.endStaff = static_cast<std::int16_t>(score.staves);
-  region.endMeasure = static_cast<std::int16_t>(score.measures);
-  region.endPosition = INT32_MAX;
-  return region;
-}
+EREGION WholeScore(const Score& score) { return RegionAt({1, score.staves}, {1, score.measures}); }
 
-std::optional<EREGION> RegionOf(const RegionRequest& request, const Score& score) {
-  if (request.IsEmpty()) return std::nullopt;
-  EREGION region = WholeScore(score);
-  const Span staves = SpanOf(request.staves, score.staves, "staff");
-  const Span measures = SpanOf(request.measures, score.measures, "measure");
-  region.startStaff = staves.first;
-  region.endStaff = staves.last;
-  region.startMeasure = measures.first;
-  region.endMeasure = measures.last;
-  CheckLayers(request.layers, staves, score);
-  if (request.startAt) region.startPosition = PositionIn(measures.first, *request.startAt, "starts", score);
-  if (request.endAt && HasLastMeasure(request, score)) {
-    region.endPosition = PositionIn(measures.last, *request.endAt, "ends", score);
+std::vector<Block> BlocksOf(const RegionRequest& request, const Score& score) {
+  if (request.IsEmpty()) return {};
+  const Runs staves = RunsIn(request.staves, score.staves, "staff");
+  const Runs measures = RunsIn(request.measures, score.measures, "measure");
+  const Runs layers = ShownLayers(request.layers, staves, score);
+  std::vector<Block> blocks;
+  for (const NumberRun& run : staves) {
+    for (const EREGION& region : RegionsOf(request, measures, run, score)) blocks.push_back({region, layers});
   }
-  CheckOrder(region);
-  return region;
+  return blocks;
 }
 
 }  // namespace brvhost

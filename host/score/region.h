@@ -8,20 +8,28 @@
 #include "BrvEDK/Source/hostrecords.h"
 #include "host/score/fraction.h"
 #include "host/score/numberrange.h"
+#include "host/score/numberruns.h"
 #include "host/score/score.h"
 
 namespace brvhost {
 
-// No range is reversed, and the region does not start after its end, as far as that is known without a score.
+// No range is reversed, and the region does not start after its end, as far as that is known without a score. Empty
+// lists are of all that there is.
 struct RegionRequest {
-  std::optional<NumberRange> staves;
-  std::optional<NumberRange> measures;
+  std::vector<NumberRange> staves;
+  std::vector<NumberRange> measures;
   std::optional<Fraction> startAt;  // quarters from the barline of the first measure
   std::optional<Fraction> endAt;    // quarters from the barline of the last measure, included
-  std::vector<int> layers;          // the only ones that are shown, from 0; all when empty
+  std::vector<NumberRange> layers;  // the only ones that are shown
   bool all = false;                 // the whole score
 
-  bool IsEmpty() const { return !all && !staves && !measures && !startAt && !endAt && layers.empty(); }
+  bool IsEmpty() const { return !all && staves.empty() && measures.empty() && !startAt && !endAt && layers.empty(); }
+};
+
+// Staves and measures next to one another, which an extension can work on at one go.
+struct Block {
+  EREGION region{};
+  std::vector<NumberRun> layers;  // that are shown, from 1; all when empty
 };
 
 // The nearest position; the last one for a number too large for a position.
@@ -29,9 +37,12 @@ std::int32_t PositionAt(const Fraction& quarters);
 
 EREGION WholeScore(const Score& score);
 
-// The region, or null when none was asked for. A range that reaches beyond the score ends with it, as one range may
-// serve many scores; the position in a last measure that is not there does not count. Throws InputError for a start,
-// a position or a layer that the score does not have, and for a region that starts after its end.
-std::optional<EREGION> RegionOf(const RegionRequest& request, const Score& score);
+// The region as blocks, by staves and then by measures: one for each run of staves and each run of measures. None when
+// no region was asked for. The first position counts in the first measure of all, the last one in the last.
+//
+// A range that reaches beyond the score ends with it, as one range may serve many scores; the position in a last
+// measure that is not there does not count. Throws InputError for a range that starts beyond the score, a position or a
+// layer that the score does not have, and for a region that starts after its end.
+std::vector<Block> BlocksOf(const RegionRequest& request, const Score& score);
 
 }  // namespace brvhost

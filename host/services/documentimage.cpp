@@ -100,10 +100,13 @@ ScorePart PartWith(const PartCounts& counts) {
 
 }  // namespace
 
-std::string ImageOf(const Score& score, const std::optional<EREGION>& region) {
+std::string ImageOf(const Score& score, const std::vector<Block>& blocks) {
   Writer writer;
-  writer.Put(region.has_value());
-  writer.Put(region.value_or(EREGION{}));
+  writer.Put(blocks.size());
+  for (const Block& block : blocks) {
+    writer.Put(block.region);
+    writer.PutAll(block.layers);
+  }
   writer.Put(ScoreCounts{score.staves, score.measures, score.layers});
   writer.PutAll(score.entries);
   writer.PutAll(score.frames);
@@ -120,9 +123,11 @@ std::string ImageOf(const Score& score, const std::optional<EREGION>& region) {
 DocumentImage ReadImage(std::string_view bytes) {
   DocumentImage image;
   Reader reader(bytes);
-  const bool hasRegion = reader.Get<bool>();
-  const auto region = reader.Get<EREGION>();
-  if (hasRegion) image.region = region;
+  image.blocks.resize(reader.Get<std::size_t>());
+  for (Block& block : image.blocks) {
+    block.region = reader.Get<EREGION>();
+    block.layers = reader.GetAll<NumberRun>();
+  }
   const auto counts = reader.Get<ScoreCounts>();
   image.score.staves = counts.staves;
   image.score.measures = counts.measures;

@@ -1,12 +1,11 @@
 // What an extension's process has to know of a score: handed over as bytes, so that only other processes read scores.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "BrvEDK/Source/hostrecords.h"
+#include "host/score/region.h"
 #include "host/score/score.h"
 #include "host/services/edatastore.h"
 
@@ -16,11 +15,11 @@ namespace brvhost {
 struct DocumentImage {
   Score score;
   EDataStore records;
-  std::optional<EREGION> region;
+  std::vector<Block> blocks;
 };
 
 // For a process on the same machine.
-std::string ImageOf(const Score& score, const std::optional<EREGION>& region);
+std::string ImageOf(const Score& score, const std::vector<Block>& blocks);
 
 // What ImageOf made bytes of.
 DocumentImage ReadImage(std::string_view bytes);

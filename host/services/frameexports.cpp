@@ -73,9 +73,9 @@ HostResult BX_EndMassEdit(void* handle, short16, BrvVersion) {
 // There is one selection, and each record that is asked for gets it.
 short16 BX_GetCurERegions(EREGION* first, EREGION* second, EREGION* third, BrvVersion) {
   return Serve(0, [&](const Session& session) {
-    if (!session.Region()) return false;
+    if (!session.Selection()) return false;
     for (EREGION* const record : {first, second, third}) {
-      if (record != nullptr) *record = *session.Region();
+      if (record != nullptr) *record = session.Selection()->region;
     }
     return true;
   });

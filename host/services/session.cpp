@@ -1,6 +1,5 @@
 #include "host/services/session.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "BrvEDK/Source/convention.h"
@@ -12,8 +11,8 @@ Session* current = nullptr;
 
 }  // namespace
 
-Session::Session(const Extension& extension, OpenDocument& document, User& user, Selection selection)
-    : extension_(extension), document_(document), user_(user), selection_(std::move(selection)) {
+Session::Session(const Extension& extension, OpenDocument& document, User& user)
+    : extension_(extension), document_(document), user_(user) {
   current = this;
 }
 
@@ -23,8 +22,7 @@ Session* Session::Current() { return current; }
 
 bool Session::IsLayerShown(int layer) const {
   if (layer < 0 || layer >= document_.GetScore().layers) return false;
-  const std::vector<int>& shown = selection_.shownLayers;
-  return shown.empty() || std::ranges::find(shown, layer) != shown.end();
+  return !selection_ || selection_->layers.empty() || Contains(selection_->layers, layer + 1);
 }
 
 int Session::Alert(int kind, const std::string& text) {

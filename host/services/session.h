@@ -5,25 +5,18 @@
 #include <exception>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "BrvEDK/Source/hostrecords.h"
 #include "host/bundle/extension.h"
+#include "host/score/region.h"
 #include "host/services/document.h"
 #include "host/services/user.h"
 
 namespace brvhost {
 
-// What the user chose to work on.
-struct Selection {
-  std::optional<EREGION> region;
-  std::vector<int> shownLayers;  // from 0; all when empty
-};
-
 class Session {
  public:
-  // Extension, document and user outlive the session. At most one session is open at a time.
-  Session(const Extension& extension, OpenDocument& document, User& user, Selection selection);
+  // Extension, document and user outlive the session. At most one session is open at a time. Nothing is selected.
+  Session(const Extension& extension, OpenDocument& document, User& user);
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
@@ -35,8 +28,11 @@ class Session {
   OpenDocument& Document() { return document_; }
   const OpenDocument& Document() const { return document_; }
 
-  // The selected region, if there is one.
-  const std::optional<EREGION>& Region() const { return selection_.region; }
+  // From now on this is selected instead.
+  void Select(const Block& block) { selection_ = block; }
+  // What is selected, if there is anything.
+  const std::optional<Block>& Selection() const { return selection_; }
+  // By its number from 0.
   bool IsLayerShown(int layer) const;
 
   // Shows the alert and returns the answer: kAlertYes for yes and for having seen it, 0 for no.
@@ -45,6 +41,7 @@ class Session {
 
   // Keeps the first exception of a host function, until whoever opened the session asks for it.
   void KeepFailure(std::exception_ptr failure);
+  bool HasFailed() const { return failure_ != nullptr; }
   void RethrowFailure() const;
 
   // One display of progress at a time. The handle is the host's own and never null.
@@ -62,7 +59,7 @@ class Session {
   const Extension& extension_;
   OpenDocument& document_;
   User& user_;
-  const Selection selection_;
+  std::optional<Block> selection_;
   std::optional<Progress> progress_;
   std::exception_ptr failure_;
 };

@@ -128,11 +128,14 @@ class Run(JsonCase):
         self.assertIn(f"brvhost: {line['warnings'][0]}\n", process.stderr)
 
     def test_prints_the_region_as_the_score_has_it(self):
-        self.score.write_text(score(NOTE * 4).replace("<note", "<note", 1))
-        process = self.succeeds(run(HIDE, "--staves", "1-9", "--measures", "1-", "--start-at", "1/2", "--layers", 1,
+        measures = "</measure><measure>".join([NOTE] * 4)
+        self.score.write_text(score(measures))
+        process = self.succeeds(run(HIDE, "--staves", "1-9", "--measures", "1,3-7", "--start-at", "1/2", "--layers", 1,
                                     "--dry-run", "--json", self.score))
-        self.assertEqual(self.one(process)["region"], [{"staves": {"first": 1, "last": 1}, "measures": {"first": 1, "last": 1},
-                                                        "layers": [1], "startAt": "1/2", "endAt": None}])
+        block = {"staves": {"first": 1, "last": 1}, "layers": [{"first": 1, "last": 1}], "endAt": None}
+        self.assertEqual(self.one(process)["region"], [
+            {**block, "measures": {"first": 1, "last": 1}, "startAt": "1/2"},
+            {**block, "measures": {"first": 3, "last": 4}, "startAt": "0"}])
         process = self.succeeds(run(HIDE, "--yes", "--dry-run", "--json", self.score))
         self.assertIsNone(self.one(process)["region"])
 

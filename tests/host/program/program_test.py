@@ -383,13 +383,13 @@ class WrongCommandLines(Case):
         self.refuses("info: is one argument too many; `brvhost items --help` explains what it takes", "items", "a", "info", "b")
 
     def test_end_before_the_value_of_an_option(self):
-        for option, value in (("--item", "N"), ("--staves", "A-B"), ("--jobs", "N"), ("--timeout", "SECONDS"),
-                              ("--max-size", "SIZE"), ("--layers", "N,..."), ("--out-dir", "DIR"), ("--output", "FILE")):
+        for option, value in (("--item", "N"), ("--staves", "LIST"), ("--jobs", "N"), ("--timeout", "SECONDS"),
+                              ("--max-size", "SIZE"), ("--layers", "LIST"), ("--out-dir", "DIR"), ("--output", "FILE")):
             self.refuses_run(f"{option}: needs a value, {option} {value}", option)
         self.refuses_run("-o: needs a value, --output FILE", "-o")
 
     def test_have_nothing_where_a_value_should_be(self):
-        for option, value in (("--item", "N"), ("--staves", "A-B"), ("--output", "FILE")):
+        for option, value in (("--item", "N"), ("--staves", "LIST"), ("--output", "FILE")):
             self.refuses_run(f"{option}: is empty", option, "")
             # The next argument is not the value, either.
             self.refuses_run(f"{option}=: needs a value, {option} {value}", f"{option}=", "0")

@@ -8,7 +8,7 @@ import signal
 import time
 import unittest
 
-from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, PROGRAM, descendants, faulty, run, score)
+from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, descendants, faulty, run, score)
 
 
 class Terminal(Case):
@@ -91,6 +91,14 @@ class Terminal(Case):
         self.assertEqual(status, 130)
         self.assertRegex(shown, r"\[#* *\] 20/1000")
         self.assertEqual(self.score.read_text(), score())
+
+    def test_starts_no_other_block_of_the_region_after_ctrl_c(self):
+        self.score.write_text(score(NOTE * 2).replace('</measure>', '</measure><measure/><measure/>'))
+        before = self.score.read_text()
+        command = ["run", faulty("works_until_cancelled"), "--item", 0, "--measures", "1,3", "--in-place", self.score]
+        shown, status = self.on_terminal(command, b"] 20/1000", b"\x03")
+        self.assertEqual((status, shown.count("working")), (130, 1), shown)
+        self.assertEqual(self.score.read_text(), before)
 
     def test_shows_how_many_scores_are_done(self):
         others = [self.write(f"{number}.musicxml", score()) for number in range(3)]

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace brvhost {
 namespace {
 
@@ -23,6 +26,13 @@ TEST(ParseNumberRange, RefusesWhatIsNotARange) {
   for (const char* text : {"", "-", "0", "0-2", "a", "1-b", "1 - 2", "1-2-3", "99999999999", "1.5"}) {
     EXPECT_FALSE(ParseNumberRange(text)) << text;
   }
+}
+
+TEST(TextsOfList, AreWhatStandsBetweenTheCommas) {
+  using Texts = std::vector<std::string>;
+  EXPECT_EQ(TextsOfList("1,3-4,x"), (Texts{"1", "3-4", "x"}));
+  EXPECT_EQ(TextsOfList("1"), Texts{"1"});
+  EXPECT_EQ(TextsOfList(",1,"), (Texts{"", "1", ""}));
 }
 
 }  // namespace

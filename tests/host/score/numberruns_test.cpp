@@ -38,6 +38,12 @@ RC_GTEST_PROP(Merged, HasTheSameNumbersWithGapsBetweenItsRuns, ()) {
   RC_ASSERT(merged == numbers);
 }
 
+TEST(Contains, FindsTheNumbersOfAllRuns) {
+  const Runs runs = {{2, 3}, {5, 5}};
+  for (const int number : {2, 3, 5}) EXPECT_TRUE(Contains(runs, number)) << number;
+  for (const int number : {1, 4, 6}) EXPECT_FALSE(Contains(runs, number)) << number;
+}
+
 TEST(TextOf, WritesARunOfOneNumberAsThatNumber) {
   EXPECT_EQ(TextOf(Runs{{1, 1}, {3, 3}, {5, 8}}), "1, 3, 5-8");
   EXPECT_EQ(TextOf(Runs{}), "");

@@ -1,9 +1,10 @@
 #include "host/score/region.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "host/text/inputerror.h"
@@ -21,87 +22,123 @@ Score FourByTen() {
   return score;
 }
 
+std::vector<NumberRange> Ranges(const char* list) {
+  std::vector<NumberRange> ranges;
+  for (const std::string& text : TextsOfList(list)) {
+    if (const auto range = ParseNumberRange(text)) ranges.push_back(*range);
+  }
+  return ranges;
+}
+
 // Why the region is refused; nothing if it is not.
 std::string WrongWith(const RegionRequest& request, const Score& score) {
   try {
-    RegionOf(request, score);
+    BlocksOf(request, score);
     return "";
   } catch (const InputError& error) {
     return error.what();
   }
 }
 
+// The blocks as texts: "staves 1-4, measures 1@0-10@end, layers 1-2".
+std::vector<std::string> TextsOf(const std::vector<Block>& blocks) {
+  std::vector<std::string> texts;
+  for (const auto& [region, layers] : blocks) {
+    const std::string end = region.endPosition == INT32_MAX ? "end" : std::to_string(region.endPosition);
+    texts.push_back(fmt::format("staves {}-{}, measures {}@{}-{}@{}, layers {}", +region.startStaff, +region.endStaff,
+                                +region.startMeasure, region.startPosition, +region.endMeasure, end, TextOf(layers)));
+  }
+  return texts;
+}
+
+using Texts = std::vector<std::string>;
+
 RegionRequest Positions(const char* measures, const char* startAt, const char* endAt) {
   RegionRequest request;
-  request.measures = ParseNumberRange(measures);
+  request.measures = Ranges(measures);
   request.startAt = ParseFraction(startAt);
   request.endAt = ParseFraction(endAt);
   return request;
 }
 
-RegionRequest Layers(const char* staves, std::vector<int> layers) {
+RegionRequest Layers(const char* staves, const char* layers) {
   RegionRequest request;
-  request.staves = ParseNumberRange(staves);
-  request.layers = std::move(layers);
+  request.staves = Ranges(staves);
+  request.layers = Ranges(layers);
   return request;
 }
 
-TEST(RegionOf, IsNoneWhenNothingIsAskedFor) { EXPECT_FALSE(RegionOf({}, FourByTen())); }
+RegionRequest StavesAndMeasures(const char* staves, const char* measures) {
+  RegionRequest request;
+  request.staves = Ranges(staves);
+  request.measures = Ranges(measures);
+  return request;
+}
 
-TEST(RegionOf, ReachesAsFarAsTheScoreWhereNothingElseIsGiven) {
+TEST(BlocksOf, AreNoneWhenNothingIsAskedFor) { EXPECT_TRUE(BlocksOf({}, FourByTen()).empty()); }
+
+TEST(BlocksOf, AreTheWholeScoreAsOneWhereThatIsAskedFor) {
+  RegionRequest request;
+  request.all = true;
+  EXPECT_EQ(TextsOf(BlocksOf(request, FourByTen())), Texts{"staves 1-4, measures 1@0-10@end, layers "});
+}
+
+TEST(BlocksOf, ReachAsFarAsTheScoreWhereNothingElseIsGiven) {
   RegionRequest request;
   request.startAt = Fraction{5, 2};
-  const auto region = RegionOf(request, FourByTen());
-  ASSERT_TRUE(region);
-  EXPECT_EQ(+region->startStaff, 1);
-  EXPECT_EQ(+region->endStaff, 4);
-  EXPECT_EQ(+region->startMeasure, 1);
-  EXPECT_EQ(+region->endMeasure, 10);
-  EXPECT_EQ(+region->startPosition, 25200);
-  EXPECT_EQ(+region->endPosition, 0x7FFFFFFF);
+  EXPECT_EQ(TextsOf(BlocksOf(request, FourByTen())), Texts{"staves 1-4, measures 1@25200-10@end, layers "});
 }
 
-TEST(RegionOf, IsTheWholeScoreWhereOnlyLayersAreChosen) {
-  const auto region = RegionOf(Layers("", {0, 2}), FourByTen());
-  ASSERT_TRUE(region);
-  EXPECT_EQ(+region->startStaff, 1);
-  EXPECT_EQ(+region->endStaff, 4);
-  EXPECT_EQ(+region->startMeasure, 1);
-  EXPECT_EQ(+region->endMeasure, 10);
-  EXPECT_EQ(+region->startPosition, 0);
-  EXPECT_EQ(+region->endPosition, 0x7FFFFFFF);
+TEST(BlocksOf, AreTheWholeScoreWhereOnlyLayersAreChosen) {
+  EXPECT_EQ(TextsOf(BlocksOf(Layers("", "1,3"), FourByTen())), Texts{"staves 1-4, measures 1@0-10@end, layers 1, 3"});
 }
 
-TEST(RegionOf, EndsWithTheScore) {
-  RegionRequest request;
-  request.staves = ParseNumberRange("3-9");
-  request.measures = ParseNumberRange("10-");
-  const auto region = RegionOf(request, FourByTen());
-  EXPECT_EQ(+region->startStaff, 3);
-  EXPECT_EQ(+region->endStaff, 4);
-  EXPECT_EQ(+region->startMeasure, 10);
-  EXPECT_EQ(+region->endMeasure, 10);
+TEST(BlocksOf, EndWithTheScore) {
+  EXPECT_EQ(TextsOf(BlocksOf(StavesAndMeasures("3-9", "10-"), FourByTen())),
+            Texts{"staves 3-4, measures 10@0-10@end, layers "});
+  EXPECT_EQ(TextsOf(BlocksOf(Layers("1-2", "2-7"), FourByTen())), Texts{"staves 1-2, measures 1@0-10@end, layers 2-3"});
 }
 
-TEST(RegionOf, EndsAtAPositionOfTheLastMeasureUnlessThatLiesBeyondTheScore) {
+TEST(BlocksOf, AreOneForEachRunOfStavesAndOfMeasures) {
+  EXPECT_EQ(TextsOf(BlocksOf(StavesAndMeasures("4,1,2", "9-,1,2-3,3-5"), FourByTen())),
+            (Texts{"staves 1-2, measures 1@0-5@end, layers ", "staves 1-2, measures 9@0-10@end, layers ",
+                   "staves 4-4, measures 1@0-5@end, layers ", "staves 4-4, measures 9@0-10@end, layers "}));
+}
+
+TEST(BlocksOf, StartAndEndAtAPositionOnlyInTheFirstAndLastMeasureOfAll) {
+  RegionRequest request = Positions("1-2,4,7-8", "1", "2");
+  request.staves = Ranges("1,3");
+  EXPECT_EQ(TextsOf(BlocksOf(request, FourByTen())),
+            (Texts{"staves 1-1, measures 1@10080-2@end, layers ", "staves 1-1, measures 4@0-4@end, layers ",
+                   "staves 1-1, measures 7@0-8@20160, layers ", "staves 3-3, measures 1@10080-2@end, layers ",
+                   "staves 3-3, measures 4@0-4@end, layers ", "staves 3-3, measures 7@0-8@20160, layers "}));
+  EXPECT_EQ(TextsOf(BlocksOf(Positions("8,2", "3", "1"), FourByTen())),
+            (Texts{"staves 1-4, measures 2@30240-2@end, layers ", "staves 1-4, measures 8@0-8@10080, layers "}));
+}
+
+TEST(BlocksOf, EndAtAPositionOfTheLastMeasureUnlessThatLiesBeyondTheScore) {
   const auto endOf = [](const char* measures, const char* endAt) {
-    return +RegionOf(Positions(measures, "", endAt), FourByTen())->endPosition;
+    return +BlocksOf(Positions(measures, "", endAt), FourByTen()).back().region.endPosition;
   };
   EXPECT_EQ(endOf("2-9", "1"), 10080);
   EXPECT_EQ(endOf("2-10", "1"), 10080);
   EXPECT_EQ(endOf("2-", "1"), 10080);
   EXPECT_EQ(endOf("", "1"), 10080);
   EXPECT_EQ(endOf("2-11", "1"), 0x7FFFFFFF);
+  EXPECT_EQ(endOf("2-11,4", "1"), 0x7FFFFFFF);
   EXPECT_EQ(endOf("2-11", "5"), 0x7FFFFFFF) << "the measure may have that position in another score";
 }
 
-TEST(RegionOf, RefusesToStartBeyondTheScore) {
-  RegionRequest request;
-  request.staves = ParseNumberRange("5");
-  EXPECT_EQ(WrongWith(request, FourByTen()), "the region starts at staff 5, but the score has only 4");
+TEST(BlocksOf, RefuseToStartBeyondTheScore) {
+  EXPECT_EQ(WrongWith(StavesAndMeasures("5", ""), FourByTen()),
+            "the region starts at staff 5, but the score has only 4");
+  EXPECT_EQ(WrongWith(StavesAndMeasures("7,5-6", ""), FourByTen()),
+            "the region starts at staff 5, but the score has only 4");
+  EXPECT_EQ(WrongWith(StavesAndMeasures("2", "12,1"), FourByTen()),
+            "the region goes on at measure 12, but the score has only 10");
 }
 
-TEST(RegionOf, RefusesAPositionBeyondItsMeasure) {
+TEST(BlocksOf, RefuseAPositionBeyondItsMeasure) {
   Score score = FourByTen();
   score.measureLengths[2] = 5 * kTicksPerQuarter / 2;
   EXPECT_EQ(WrongWith(Positions("3-4", "5/2", "4"), score), "") << "the length of the measure is one of its positions";
@@ -114,7 +151,7 @@ TEST(RegionOf, RefusesAPositionBeyondItsMeasure) {
   EXPECT_EQ(WrongWith(Positions("", "1", ""), Score()), "the region starts in a measure, but the score has none");
 }
 
-TEST(RegionOf, RefusesToStartAfterItsEnd) {
+TEST(BlocksOf, RefuseToStartAfterTheirEnd) {
   EXPECT_EQ(WrongWith(Positions("10-", "3", "5/2"), FourByTen()),
             "the region starts at position 3 in measure 10, after its end at position 5/2 (in quarter notes)");
   EXPECT_EQ(WrongWith(Positions("10-", "3", "3"), FourByTen()), "");
@@ -122,11 +159,11 @@ TEST(RegionOf, RefusesToStartAfterItsEnd) {
   EXPECT_EQ(WrongWith(Positions("10-11", "3", "1"), FourByTen()), "");
 }
 
-TEST(RegionOf, RefusesALayerThatNoneOfItsStavesHas) {
-  EXPECT_EQ(WrongWith(Layers("1-2", {2}), FourByTen()), "");
-  EXPECT_EQ(WrongWith(Layers("1", {0, 2}), FourByTen()), "the region is to show layer 3, but its staves have only 1");
-  EXPECT_EQ(WrongWith(Layers("", {3}), FourByTen()), "the region is to show layer 4, but its staves have only 3");
-  EXPECT_EQ(WrongWith(Layers("3-", {0}), FourByTen()), "the region is to show layer 1, but its staves have only 0");
+TEST(BlocksOf, RefuseALayerThatNoneOfTheirStavesHas) {
+  EXPECT_EQ(WrongWith(Layers("1-2", "3"), FourByTen()), "");
+  EXPECT_EQ(WrongWith(Layers("1", "1,3"), FourByTen()), "the region is to show layer 3, but its staves have only 1");
+  EXPECT_EQ(WrongWith(Layers("", "4"), FourByTen()), "the region is to show layer 4, but its staves have only 3");
+  EXPECT_EQ(WrongWith(Layers("3-", "1"), FourByTen()), "the region is to show layer 1, but its staves have only 0");
 }
 
 }  // namespace

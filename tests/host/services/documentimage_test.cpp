@@ -29,8 +29,8 @@ std::vector<std::string> LinesOf(const EDataStore& records) {
 
 TEST(DocumentImage, HoldsWhatExtensionsSeeOfAScore) {
   const Score score = TwoMeasures();
-  const DocumentImage image = ReadImage(ImageOf(score, std::nullopt));
-  EXPECT_FALSE(image.region);
+  const DocumentImage image = ReadImage(ImageOf(score, {}));
+  EXPECT_TRUE(image.blocks.empty());
   EXPECT_EQ(image.score.staves, score.staves);
   EXPECT_EQ(image.score.measures, score.measures);
   EXPECT_EQ(image.score.layers, score.layers);
@@ -57,7 +57,7 @@ TEST(DocumentImage, HoldsWhatInstrumentsAreCountedBy) {
       "<score-partwise><part-list><score-part id='A'><score-instrument id='I'/></score-part><score-part id='B'>"
       "<score-instrument id='J'/><score-instrument id='K'/></score-part></part-list><part id='A'><measure>"
       "<attributes><staves>3</staves></attributes></measure></part><part id='B'><measure/></part></score-partwise>");
-  const DocumentImage image = ReadImage(ImageOf(score, std::nullopt));
+  const DocumentImage image = ReadImage(ImageOf(score, {}));
   ASSERT_EQ(image.score.parts.size(), 2u);
   EXPECT_EQ(image.score.parts[0].firstStaff, 1);
   EXPECT_EQ(image.score.parts[0].staves, 3);
@@ -67,13 +67,17 @@ TEST(DocumentImage, HoldsWhatInstrumentsAreCountedBy) {
   EXPECT_EQ(image.score.parts[1].instruments, 2);
 }
 
-TEST(DocumentImage, HoldsTheRegion) {
-  EREGION region{};
-  region.startStaff = 2;
-  region.endPosition = 77;
-  const DocumentImage image = ReadImage(ImageOf(TwoMeasures(), region));
-  ASSERT_TRUE(image.region);
-  EXPECT_EQ(std::memcmp(&*image.region, &region, sizeof(region)), 0);
+TEST(DocumentImage, HoldsTheBlocksOfTheRegion) {
+  std::vector<Block> blocks(2);
+  blocks[0].region.startStaff = 2;
+  blocks[0].layers = {{1, 2}, {4, 4}};
+  blocks[1].region.endPosition = 77;
+  const DocumentImage image = ReadImage(ImageOf(TwoMeasures(), blocks));
+  ASSERT_EQ(image.blocks.size(), 2u);
+  for (std::size_t i = 0; i < 2; ++i) {
+    EXPECT_EQ(std::memcmp(&image.blocks[i].region, &blocks[i].region, sizeof(EREGION)), 0) << i;
+    EXPECT_EQ(image.blocks[i].layers, blocks[i].layers) << i;
+  }
 }
 
 TEST(HiddenBits, AreTakenOverAsTheyWere) {

@@ -116,7 +116,7 @@ class Exports : public testing::Test {
   FarUser user;
   Score score = ReadMusicXml(Partwise(Measure(Note() + Note("<chord/>") + Note())));
   OpenDocument document{score};
-  Session session{extension, document, user, {}};
+  Session session{extension, document, user};
 };
 
 TEST_F(Exports, ReportThatAFrameWasFreed) {
@@ -350,6 +350,8 @@ TEST_F(Exports, KeepNoFailureWhereThereWasNone) {
 // of one staff and one instrument. Part of it is selected, and one layer shown.
 class ExportsOfASelection : public testing::Test {
  protected:
+  ExportsOfASelection() { session.Select({Selected(), {{2, 2}}}); }
+
   static EREGION Selected() {
     EREGION region{};
     region.startStaff = 2;
@@ -376,7 +378,7 @@ class ExportsOfASelection : public testing::Test {
       "<part id='B'><measure><attributes><staves>2</staves></attributes></measure></part>"
       "<part id='C'><measure/></part><part id='D'><measure/></part></score-partwise>");
   OpenDocument document{score};
-  Session session{extension, document, user, {Selected(), {1}}};
+  Session session{extension, document, user};
 };
 
 TEST_F(ExportsOfASelection, FillEachRecordWithTheRegion) {
@@ -403,6 +405,17 @@ TEST_F(ExportsOfASelection, KnowTheLayersThatAreShown) {
   for (const int layer : {-1, 0, 2, 3, 4}) EXPECT_EQ(BX_GetShowLayer(layer, kBrvVersion), 0) << layer;
   EXPECT_EQ(BX_GetShowLayer(1, kBrvVersion), 1);
   EXPECT_EQ(BX_GetShowLayer(0x50001, kBrvVersion), 1);
+}
+
+TEST_F(ExportsOfASelection, FollowTheSelection) {
+  EREGION region = Selected();
+  region.startStaff = 3;
+  session.Select({region, {{1, 1}, {3, 3}}});
+  EREGION record{};
+  EXPECT_EQ(BX_GetCurERegions(&record, nullptr, nullptr, kBrvVersion), 1);
+  EXPECT_EQ(+record.startStaff, 3);
+  for (const int layer : {0, 2}) EXPECT_EQ(BX_GetShowLayer(layer, kBrvVersion), 1) << layer;
+  for (const int layer : {1, 3}) EXPECT_EQ(BX_GetShowLayer(layer, kBrvVersion), 0) << layer;
 }
 
 TEST_F(ExportsOfASelection, CountInstrumentsThroughAllParts) {
