@@ -78,7 +78,8 @@ void AddRegion(CLI::App& run, Options& options) {
     AddText(run, name, type, value, about)->group("Region");
   };
   add("--staves", options.staves, "LIST", "Only these staves: 1,3,5-8");
-  add("--measures", options.measures, "LIST", "Only these measures: 1,3,5-8");
+  add("--measures", options.measures, "LIST",
+      "Only these measures, by their order (1,3,5-8) or by their printed numbers (m12-m20)");
   add("--start-at", options.startAt, "Q", "In the first measure, only from Q quarter notes on: 2, 5/2 or 2.5");
   add("--end-at", options.endAt, "Q", "In the last measure, only up to Q quarter notes, itself included");
   add("--layers", options.layers, "LIST", "Only these layers; the others count as hidden");

@@ -51,7 +51,9 @@ inline constexpr const char* kItemsAbout =
     "command, and its explanation, with tabs between them.";
 
 inline constexpr const char* kInfoAbout =
-    "Reports what each score holds: its parts with their staves, the number of measures, the layers of each staff that "
+    "Reports what each score holds: its parts with their staves, the number of measures, how their order goes with the "
+    "printed numbers where these differ (in parentheses those that are not printed, as of a pick-up), the layers of "
+    "each staff that "
     "hold something, with the voices that they have in the file where these are numbered otherwise, its notes, chords "
     "and rests, how many of them have hidden ledger lines, and each chord of which only some notes have: its staff, "
     "measure, layer and position in quarter notes.";
@@ -66,12 +68,18 @@ inline constexpr const char* kRunFooter = R"(THE REGION
   selected: the extension asks whether it may work on the whole score. Where there is no terminal to ask on, this is
   bad usage, unless --yes agrees beforehand.
 
-  Staves count from 1 through all parts, measures from 1 by their order, whatever their printed numbers, and the layers
+  Staves count from 1 through all parts, measures from 1 by their order, and the layers
   of a staff from 1, in the order in which its voices first appear. Each is a list of ranges, in any order: 3, 2-5, 2-,
   -5 or 1,3,5-8. One list may serve many scores: a last staff, measure or layer beyond the score is taken for the score's
   last, and --end-at does not apply in a measure beyond the score. A range that starts at a staff or a measure that the
   score does not have is refused, and so are a layer that none of the region's staves has, a position beyond the end of
   its measure, and a region that starts after its end.
+
+  A measure is named by its printed number with an m: m12, m12-m20, m12- or -m20; m1 is what is printed as 1, whatever
+  comes before it. A number that is not printed, as that of a pick-up or the rest of a measure that is split (m0, mX1),
+  counts where no printed number is the same. Where several measures have a number, m12/2 is the second of them. Numbers
+  are those of the first part; a dash, a comma or a slash within one follows a backslash. `brvhost info` shows which
+  measures have which numbers.
 
   An extension works on one block at a time: staves and measures next to one another. Where the lists leave any out, the
   item is run once for each block, by staves and then by measures, on the same open score, which is written once. An item

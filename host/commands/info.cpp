@@ -60,6 +60,7 @@ void PrintScore(const ScoreFile& file) {
     Print(stdout, "            {}\n", Printable(part.id + "  " + StavesOf(part) + name));
   }
   Print(stdout, "  staves    {}\n  measures  {}\n", score.staves, score.measures);
+  PrintLines("printed", PrintedLines(score));
   PrintLines("layers", LayerLines(score));
   Print(stdout, "  entries   {}: {} notes, {} chords, {} rests\n", counts.All(), counts.notes, counts.chords,
         counts.rests);

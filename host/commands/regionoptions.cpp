@@ -30,6 +30,27 @@ std::vector<NumberRange> RangesOption(const char* name, const std::string& list)
   return ranges;
 }
 
+// All by order, or all by printed numbers.
+std::vector<MeasureRange> MeasuresOption(const std::string& list) {
+  std::vector<MeasureRange> measures;
+  if (list.find('m') == std::string::npos) {
+    for (const NumberRange& range : RangesOption("--measures", list)) measures.push_back({range, {}, {}});
+    return measures;
+  }
+  for (const std::string& text : TextsOfPrintedList(list)) {
+    const auto range = ParsePrintedRange(text);
+    if (!range) {
+      throw UsageError(fmt::format(
+          "--measures {}: is not a list of printed numbers such as m12, m12-m20, m12-, -m20 or m12/2 (the second "
+          "measure "
+          "with that number): m stands before each, and a backslash before a dash, a comma or a slash within one",
+          list));
+    }
+    measures.push_back(*range);
+  }
+  return measures;
+}
+
 std::optional<Fraction> QuartersOption(const char* name, const std::string& text) {
   if (text.empty()) return std::nullopt;
   const auto quarters = ParseFraction(text);
@@ -54,8 +75,9 @@ void CheckAll(const Options& options) {
 // Whether the region ends in the measure that it starts in, whatever the score.
 bool IsInOneMeasure(const RegionRequest& region) {
   const auto& measures = region.measures;
-  return !measures.empty() && std::ranges::all_of(measures, [&measures](const NumberRange& range) {
-    return range.first == measures[0].first && range.last == range.first;
+  return !measures.empty() && std::ranges::all_of(measures, [&measures](const MeasureRange& range) {
+    const NumberRange& byOrder = range.byOrder;
+    return !range.IsPrinted() && byOrder.last == byOrder.first && byOrder.first == measures[0].byOrder.first;
   });
 }
 
@@ -63,7 +85,7 @@ void CheckOrder(const RegionRequest& region, const Options& options) {
   if (!region.startAt || !region.endAt || !IsInOneMeasure(region)) return;
   if (PositionAt(*region.startAt) <= PositionAt(*region.endAt)) return;
   throw UsageError(fmt::format("--start-at {}: is after --end-at {} in the same measure, {}", options.startAt,
-                               options.endAt, region.measures[0].first));
+                               options.endAt, region.measures[0].byOrder.first));
 }
 
 }  // namespace
@@ -71,7 +93,7 @@ void CheckOrder(const RegionRequest& region, const Options& options) {
 RegionRequest RegionOptions(const Options& options) {
   RegionRequest region;
   region.staves = RangesOption("--staves", options.staves);
-  region.measures = RangesOption("--measures", options.measures);
+  region.measures = MeasuresOption(options.measures);
   region.startAt = QuartersOption("--start-at", options.startAt);
   region.endAt = QuartersOption("--end-at", options.endAt);
   region.layers = RangesOption("--layers", options.layers);

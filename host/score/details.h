@@ -39,6 +39,12 @@ struct MeasureState {
   Meter meter;
 };
 
+// The number of a measure as the document has it; empty where it has none.
+struct MeasureNumber {
+  std::string text;
+  bool isPrinted = true;  // as long as the measure is not an implicit one
+};
+
 struct PartDetails {
   bool statesKey = false;
   bool statesMeter = false;

@@ -22,6 +22,13 @@ void KeepGreatest(std::vector<std::int32_t>& lengths, const std::vector<std::int
   for (std::size_t i = 0; i < others.size(); ++i) lengths[i] = std::max(lengths[i], others[i]);
 }
 
+MeasureNumber NumberFrom(const XmlAttributes& attributes) {
+  const char* const number = attributes.Find("number");
+  const char* const implicit = attributes.Find("implicit");
+  return {std::string(number == nullptr ? "" : WithoutBlanks(number)),
+          implicit == nullptr || !SameName(implicit, "yes")};
+}
+
 }  // namespace
 
 void MusicXmlHandler::StartElement(const char* name, const XmlAttributes& attributes) {
@@ -67,11 +74,13 @@ void MusicXmlHandler::StartOuter(const char* name, const XmlAttributes& attribut
   inBody_ = SameName(name, timewise_ ? "measure" : "part");
   if (!inBody_) sawOthers_ = true;
   if (inBody_ && !timewise_) part_ = NewPart(attributes.Find("id"));
+  if (inBody_ && timewise_) measureNumber_ = NumberFrom(attributes);
 }
 
 void MusicXmlHandler::StartInner(const char* name, const XmlAttributes& attributes) {
   if (!inBody_ || !SameName(name, timewise_ ? "part" : "measure")) return;
   if (timewise_) part_ = PartWithId(attributes.Find("id"));
+  if (part_ == &parts_.front()) score_.measureNumbers.push_back(timewise_ ? measureNumber_ : NumberFrom(attributes));
   inMeasure_ = true;
   part_->builder.BeginMeasure();
   part_->attributes.BeginMeasure();
@@ -202,6 +211,7 @@ bool MusicXmlHandler::GoesOnWith(const MusicXmlHandler& next) const {
 void MusicXmlHandler::Append(MusicXmlHandler&& next) {
   const auto notes = static_cast<std::uint32_t>(score_.notes.size());
   const auto entries = static_cast<std::uint32_t>(score_.entries.size());
+  if (parts_.empty()) score_.measureNumbers = std::move(next.score_.measureNumbers);
   for (ScoreEntry& entry : next.score_.entries) entry.firstNote += notes;
   for (Part& part : next.parts_) {
     for (ScoreFrame& frame : part.builder.Frames()) frame.firstEntry += entries;

@@ -68,6 +68,7 @@ class MusicXmlHandler : public XmlHandler {
   Score score_;
   std::deque<Part> parts_;
   int staves_ = 0;
+  MeasureNumber measureNumber_;  // of the measure of a timewise score
   std::unordered_map<std::string, Part*> partsById_;
   PartListReader partList_;
 

@@ -42,11 +42,16 @@ std::int32_t PositionIn(int measure, const Fraction& quarters, const char* does,
                                does, TextOf(quarters), measure, QuartersAt(length)));
 }
 
+Ranges RangesByOrder(const std::vector<MeasureRange>& measures, const Score& score) {
+  Ranges ranges;
+  for (const MeasureRange& range : measures) ranges.push_back(ByOrder(range, score));
+  return ranges;
+}
+
 // Whether the measure that --end-at is for is one of the score's.
-bool HasLastMeasure(const RegionRequest& request, const Score& score) {
-  return std::ranges::all_of(request.measures, [&score](const NumberRange& range) {
-    return range.last.value_or(score.measures) <= score.measures;
-  });
+bool HasLast(const Ranges& measures, const Score& score) {
+  return std::ranges::all_of(
+      measures, [&score](const NumberRange& range) { return range.last.value_or(score.measures) <= score.measures; });
 }
 
 void CheckOrder(const EREGION& region) {
@@ -87,15 +92,17 @@ EREGION RegionAt(const NumberRun& staves, const NumberRun& measures) {
   return region;
 }
 
-// A region for each run of measures, on these staves.
-std::vector<EREGION> RegionsOf(const RegionRequest& request, const Runs& measures, const NumberRun& staves,
-                               const Score& score) {
+// A region for each run of measures, on all staves.
+std::vector<EREGION> RegionsOf(const RegionRequest& request, const Score& score) {
+  const Ranges measures = RangesByOrder(request.measures, score);
   std::vector<EREGION> regions;
-  for (const NumberRun& run : measures) regions.push_back(RegionAt(staves, run));
+  for (const NumberRun& run : RunsIn(measures, score.measures, "measure")) {
+    regions.push_back(RegionAt({1, score.staves}, run));
+  }
   EREGION& first = regions.front();
   EREGION& last = regions.back();
   if (request.startAt) first.startPosition = PositionIn(first.startMeasure, *request.startAt, "starts", score);
-  if (request.endAt && HasLastMeasure(request, score)) {
+  if (request.endAt && HasLast(measures, score)) {
     last.endPosition = PositionIn(last.endMeasure, *request.endAt, "ends", score);
   }
   std::ranges::for_each(regions, CheckOrder);
@@ -111,11 +118,15 @@ EREGION WholeScore(const Score& score) { return RegionAt({1, score.staves}, {1, 
 std::vector<Block> BlocksOf(const RegionRequest& request, const Score& score) {
   if (request.IsEmpty()) return {};
   const Runs staves = RunsIn(request.staves, score.staves, "staff");
-  const Runs measures = RunsIn(request.measures, score.measures, "measure");
   const Runs layers = ShownLayers(request.layers, staves, score);
+  const std::vector<EREGION> regions = RegionsOf(request, score);
   std::vector<Block> blocks;
   for (const NumberRun& run : staves) {
-    for (const EREGION& region : RegionsOf(request, measures, run, score)) blocks.push_back({region, layers});
+    for (const EREGION& region : regions) {
+      blocks.push_back({region, layers});
+      blocks.back().region.startStaff = static_cast<std::int16_t>(run.first);
+      blocks.back().region.endStaff = static_cast<std::int16_t>(run.last);
+    }
   }
   return blocks;
 }

@@ -7,6 +7,7 @@
 
 #include "BrvEDK/Source/hostrecords.h"
 #include "host/score/fraction.h"
+#include "host/score/measurenumbers.h"
 #include "host/score/numberrange.h"
 #include "host/score/numberruns.h"
 #include "host/score/score.h"
@@ -17,7 +18,7 @@ namespace brvhost {
 // lists are of all that there is.
 struct RegionRequest {
   std::vector<NumberRange> staves;
-  std::vector<NumberRange> measures;
+  std::vector<MeasureRange> measures;
   std::optional<Fraction> startAt;  // quarters from the barline of the first measure
   std::optional<Fraction> endAt;    // quarters from the barline of the last measure, included
   std::vector<NumberRange> layers;  // the only ones that are shown

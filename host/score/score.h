@@ -76,7 +76,8 @@ struct Score {
   std::vector<PartGroup> groups;  // their parts are indices of `parts`
   int staves = 0;
   int measures = 0;
-  std::vector<std::int32_t> measureLengths;  // in ticks, by measure: how far the clock of any part gets
+  std::vector<std::int32_t> measureLengths;   // in ticks, by measure: how far the clock of any part gets
+  std::vector<MeasureNumber> measureNumbers;  // of the first part's measures
   int layers = kMinLayers;
   CodeUnits units = CodeUnits::kBytes;  // in which the document was read, and is changed
 

@@ -27,6 +27,7 @@ inline std::string Everything(const Score& score) {
   std::ostringstream text;
   text << score.staves << ' ' << score.measures << ' ' << score.layers << '\n';
   for (const std::int32_t length : score.measureLengths) text << "length " << length << '\n';
+  for (const MeasureNumber& number : score.measureNumbers) text << number.text << ' ' << number.isPrinted << '\n';
   for (const ScoreWarning& warning : score.warnings)
     text << warning.line << ':' << warning.column << warning.text << '\n';
   for (const PartGroup& group : score.groups) {

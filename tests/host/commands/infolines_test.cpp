@@ -36,5 +36,29 @@ TEST(LayerLines, AreSharedByStavesThatAreAlike) {
             (Lines{"staves 1, 3-4: 1", "staves 2, 5: 1 (voice 5)"}));
 }
 
+Score Numbered(std::vector<MeasureNumber> numbers) {
+  Score score;
+  score.measures = static_cast<int>(numbers.size());
+  score.measureNumbers = std::move(numbers);
+  return score;
+}
+
+TEST(PrintedLines, AreNoneWhereEachNumberIsItsMeasuresOrder) {
+  EXPECT_EQ(PrintedLines(Numbered({{"1"}, {"2"}, {"3"}})), Lines{});
+  EXPECT_EQ(PrintedLines(Score()), Lines{});
+}
+
+TEST(PrintedLines, AreOneForEachSequenceOfNumbers) {
+  EXPECT_EQ(PrintedLines(Numbered({{"0", false}, {"1"}, {"2"}, {"X1", false}, {"1"}, {"2"}})),
+            (Lines{"1-4: (0), 1-2, (X1)", "5-6: 1-2"}));
+  EXPECT_EQ(PrintedLines(Numbered({{"1"}, {"2", false}})), Lines{"1-2: 1, (2)"});
+}
+
+TEST(PrintedLines, AreThereWhereTheFirstPartHasFewerMeasures) {
+  Score score = Numbered({{"1"}, {"2"}});
+  score.measures = 3;
+  EXPECT_EQ(PrintedLines(score), Lines{"1-2: 1-2"});
+}
+
 }  // namespace
 }  // namespace brvhost

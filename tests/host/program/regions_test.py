@@ -2,7 +2,7 @@
 
 import unittest
 
-from brvhost import Case, HIDDEN_NOTE, HIDE, NOTE, faulty, run
+from brvhost import Case, HIDDEN_NOTE, HIDE, NOTE, brvhost, faulty, run
 
 
 def part_of(number, measures):
@@ -70,6 +70,47 @@ class Lists(Case):
             in_voices(voice).replace("<note", '<note print-leger="no"' if hide else "<note") for voice, hide in enumerate(hidden, 1))]))
         self.fails(run(HIDE, "--layers", "1,6-7", self.score, "--dry-run"), 2,
                    "the region is to show layer 6, but its staves have only 5")
+
+
+class PrintedNumbers(Case):
+    NUMBERS = [("0", False), ("1", True), ("2", True), ("X1", False), ("3-4", True), ("1", True), ("2", True)]
+
+    def setUp(self):
+        super().setUp()
+        self.score = self.write("score.musicxml", self.numbered(set()))
+        self.out = self.folder / "out.musicxml"
+
+    def numbered(self, hidden):
+        """A score of a pick-up, two measures, the rest of a split one, one for two measures, and a new start."""
+        measures = "".join(f'<measure number="{number}"{"" if printed else " implicit=" + chr(34) + "yes" + chr(34)}>'
+                           f"{HIDDEN_NOTE if order in hidden else NOTE}</measure>"
+                           for order, (number, printed) in enumerate(self.NUMBERS, 1))
+        return f'<score-partwise><part id="A">{measures}</part></score-partwise>'
+
+    def test_name_measures(self):
+        for measures, hidden in {"m0": {1}, "mX1": {4}, "m0-m1/1": {1, 2}, "m2/2,m1/2": {6, 7}, r"m3\-4-": {5, 6, 7},
+                                 "-mX1": {1, 2, 3, 4}}.items():
+            self.succeeds(run(HIDE, "--measures", measures, self.score, "-o", self.out))
+            self.assertEqual(self.out.read_text(), self.numbered(hidden), measures)
+            self.out.unlink()
+
+    def test_are_refused_where_they_name_none_or_several(self):
+        for measures, message in {
+                "m1": "the printed number 1 is that of 2 measures: m1/1 is measure 2, m1/2 is measure 6",
+                "m3": "the score has no measure with the printed number 3; those that it has are (0), 1-2, (X1), 3-4, 1-2"}.items():
+            process = run(HIDE, "--measures", measures, self.score, "--dry-run")
+            self.assertEqual((process.returncode, process.stderr), (2, f"brvhost: {self.score}: {message}\n"))
+
+    def test_are_refused_with_advice_where_they_are_badly_written(self):
+        for measures in ("m12-20", "12-m20", "m3,5", "m", "m3,", "m1-2-m4"):
+            process = run(HIDE, "--measures", measures, self.score, "--dry-run")
+            self.assertEqual((process.returncode, process.stderr), (2, f"brvhost: --measures {measures}: is not a list of printed "
+                             "numbers such as m12, m12-m20, m12-, -m20 or m12/2 (the second measure with that number): m stands "
+                             "before each, and a backslash before a dash, a comma or a slash within one\n"))
+
+    def test_are_shown_beside_the_order(self):
+        self.assertIn("\n  measures  7\n  printed   1-5: (0), 1-2, (X1), 3-4\n            6-7: 1-2\n  layers    ",
+                      self.succeeds(brvhost("info", self.score)).stdout)
 
 
 class Blocks(Case):

@@ -57,6 +57,26 @@ TEST(ReadMusicXml, CountsMeasuresByOrderWhateverTheirNumbers) {
   EXPECT_EQ(EntriesOf(score), (Entries{{1, 3, 0, 0, 1}}));
 }
 
+// In parentheses where they are not printed.
+std::vector<std::string> NumbersOf(const Score& score) {
+  std::vector<std::string> numbers;
+  for (const auto& [text, isPrinted] : score.measureNumbers) numbers.push_back(isPrinted ? text : "(" + text + ")");
+  return numbers;
+}
+
+TEST(ReadMusicXml, KeepsTheNumbersOfTheFirstPartsMeasures) {
+  using Numbers = std::vector<std::string>;
+  EXPECT_EQ(
+      NumbersOf(ReadMusicXml("<score-partwise><part id='A'><measure number='0' implicit='yes'/><measure number=' 1 '/>"
+                             "<measure implicit='no' number='1a'/><measure/></part><part id='B'><measure number='7'/>"
+                             "</part></score-partwise>")),
+      (Numbers{"(0)", "1", "1a", ""}));
+  EXPECT_EQ(NumbersOf(ReadMusicXml("<score-timewise><measure number='1'><part id='A'/><part id='B'/></measure>"
+                                   "<measure number='X' implicit='yes'><part id='B'/><part id='A'/></measure>"
+                                   "</score-timewise>")),
+            (Numbers{"1", "(X)"}));
+}
+
 TEST(ReadMusicXml, MakesLayersOfAStaffsVoicesInTheirOrder) {
   const Score score = ScoreOf(Note("<voice>5</voice>") + Note("<voice>b</voice>") + Note("<voice> 5 </voice>") +
                               Note("<voice>1</voice><staff>2</staff>"));

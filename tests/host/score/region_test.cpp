@@ -53,9 +53,15 @@ std::vector<std::string> TextsOf(const std::vector<Block>& blocks) {
 
 using Texts = std::vector<std::string>;
 
+std::vector<MeasureRange> Measures(const char* list) {
+  std::vector<MeasureRange> measures;
+  for (const NumberRange& range : Ranges(list)) measures.push_back({range, {}, {}});
+  return measures;
+}
+
 RegionRequest Positions(const char* measures, const char* startAt, const char* endAt) {
   RegionRequest request;
-  request.measures = Ranges(measures);
+  request.measures = Measures(measures);
   request.startAt = ParseFraction(startAt);
   request.endAt = ParseFraction(endAt);
   return request;
@@ -71,7 +77,7 @@ RegionRequest Layers(const char* staves, const char* layers) {
 RegionRequest StavesAndMeasures(const char* staves, const char* measures) {
   RegionRequest request;
   request.staves = Ranges(staves);
-  request.measures = Ranges(measures);
+  request.measures = Measures(measures);
   return request;
 }
 
@@ -127,6 +133,15 @@ TEST(BlocksOf, EndAtAPositionOfTheLastMeasureUnlessThatLiesBeyondTheScore) {
   EXPECT_EQ(endOf("2-11", "1"), 0x7FFFFFFF);
   EXPECT_EQ(endOf("2-11,4", "1"), 0x7FFFFFFF);
   EXPECT_EQ(endOf("2-11", "5"), 0x7FFFFFFF) << "the measure may have that position in another score";
+}
+
+TEST(BlocksOf, TakeMeasuresByTheirPrintedNumbers) {
+  Score score = FourByTen();
+  for (const char* const number : {"0", "1", "2", "3", "1", "2"}) score.measureNumbers.push_back({number, true});
+  RegionRequest request = Positions("", "1", "2");
+  request.measures = {*ParsePrintedRange("m1/2-"), *ParsePrintedRange("m0"), *ParsePrintedRange("m2/1-m3")};
+  EXPECT_EQ(TextsOf(BlocksOf(request, score)),
+            (Texts{"staves 1-4, measures 1@10080-1@end, layers ", "staves 1-4, measures 3@0-10@20160, layers "}));
 }
 
 TEST(BlocksOf, RefuseToStartBeyondTheScore) {
