@@ -27,7 +27,7 @@ namespace {
 using namespace brvhost;
 
 int Perform(const CLI::App& app, const Options& options) {
-  if (app.got_subcommand("list")) return ListBundles();
+  if (app.got_subcommand("list")) return ListBundles(options);
   if (app.got_subcommand("items")) return ListItems(options);
   if (app.got_subcommand("info")) return ShowInfo(options);
   if (app.got_subcommand("run")) return Run(options);

@@ -24,6 +24,7 @@ struct JobSettings {
   bool confine = false;                    // what the extension may do outside its process
   bool listsChanges = false;               // entry by entry
   bool printsJson = false;                 // a line for each score
+  bool namesEachScore = false;             // also where there are several
 };
 
 struct Job {

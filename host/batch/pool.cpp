@@ -262,7 +262,7 @@ void Pool::Handle(std::size_t slot, const HandedBackMessage&) {
 }
 
 void Pool::Handle(std::size_t slot, const WarningMessage& message) {
-  terminal_.PrintError(message.text);
+  terminal_.PrintWarning(message.text);
   auto& warnings = FindingsOf(slot).warnings;
   if (warnings.size() < kMaxWarningsAScore) warnings.push_back(message.text);
 }

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <chrono>
 #include <cstddef>
 #include <iterator>
 
@@ -42,7 +43,7 @@ Results::Results(const std::vector<Job>& jobs, const JobSettings& settings, Term
 
 void Results::ReportDone(const Job& job, const Findings& findings, const DoneMessage& done) {
   ++(done.changedEntries > 0 ? changed_ : unchanged_);
-  if (IsOfOneJob() || IsDryRun()) terminal_.PrintLine(LineOf(job, done));
+  if (IsOfOneJob() || IsDryRun() || settings_.namesEachScore) terminal_.PrintLine(LineOf(job, done));
   Report(job, findings, {OutcomeOf(job, done), false, done, ""});
 }
 
@@ -60,7 +61,13 @@ void Results::ReportFailure(const Job& job, const Findings& findings, const std:
 
 void Results::ReportInterrupted(const Job& job, const Findings& findings) {
   ++interrupted_;
+  if (settings_.namesEachScore) terminal_.PrintLine(job.score + ": interrupted");
   Report(job, findings, {Outcome::kInterrupted, true, {}, ""});
+}
+
+void Results::ReportNotRun(const Job& job) {
+  if (settings_.namesEachScore) terminal_.PrintLine(job.score + ": not run");
+  if (jsonLines_) jsonLines_->End(job, {}, {Outcome::kNotRun, true, {}, ""});
 }
 
 void Results::Report(const Job& job, const Findings& findings, const ScoreResult& result) {
@@ -80,7 +87,7 @@ void Results::List(const Job& job, const Findings& findings) {
 
 void Results::Finish() {
   for (std::size_t job = 0; job < jobs_.size(); ++job) {
-    if (jsonLines_ && !isReported_[job]) jsonLines_->End(jobs_[job], {}, {Outcome::kNotRun, true, {}, ""});
+    if (!isReported_[job]) ReportNotRun(jobs_[job]);
   }
   terminal_.ClearBar();
   if (!IsOfOneJob()) PrintSummary();
@@ -107,7 +114,15 @@ std::string Results::Prefixed(const Job& job, const std::string& text) const {
 int Results::NotRun() const { return static_cast<int>(std::ssize(jobs_)) - Finished(); }
 
 void Results::ShowBar() {
-  if (!IsOfOneJob()) terminal_.SetBar(Finished(), std::ssize(jobs_));
+  if (IsOfOneJob()) return;
+  std::string remark;
+  if (const int failed = badInput_ + failed_; failed > 0) remark = fmt::format(", {} failed", failed);
+  const auto elapsed = std::chrono::steady_clock::now() - start_;
+  const int total = static_cast<int>(jobs_.size());
+  const std::string left =
+      timeLeft_.After(std::chrono::duration_cast<std::chrono::milliseconds>(elapsed), Finished(), total);
+  if (!left.empty()) remark += ", " + left;
+  terminal_.SetBar(Finished(), total, remark);
 }
 
 }  // namespace brvhost

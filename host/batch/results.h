@@ -1,6 +1,7 @@
 // How the jobs of a run came out, as the user sees it.
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "host/batch/jsonlines.h"
 #include "host/batch/message.h"
 #include "host/batch/scoreresult.h"
+#include "host/batch/timeleft.h"
 #include "host/process/terminal.h"
 
 namespace brvhost {
@@ -40,6 +42,7 @@ class Results {
   std::string Prefixed(const Job& job, const std::string& text) const;
 
  private:
+  void ReportNotRun(const Job& job);
   void Report(const Job& job, const Findings& findings, const ScoreResult& result);
   int Finished() const { return changed_ + unchanged_ + badInput_ + failed_ + interrupted_; }
   int NotRun() const;
@@ -52,6 +55,8 @@ class Results {
   Terminal& terminal_;
   std::optional<JsonLines> jsonLines_;
   std::vector<bool> isReported_;  // by job
+  const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  TimeLeft timeLeft_;
   int changed_ = 0;
   int unchanged_ = 0;
   int badInput_ = 0;

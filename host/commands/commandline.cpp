@@ -103,6 +103,10 @@ void AddReports(CLI::App& run, Options& options) {
       ->group("Report");
   AddFlag(run, "--list", options.list, "Print each entry that changes: its line in the file and its place in the music")
       ->group("Report");
+  AddFlag(run, "-q,--quiet", options.quiet, "Print only what went wrong, and what --list and --json ask for")
+      ->group("Report");
+  AddFlag(run, "-v,--verbose", options.verbose, "Name each score as it ends, also where there are several")
+      ->group("Report");
 }
 
 }  // namespace
@@ -115,7 +119,9 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   app->set_help_flag("-h,--help", "Print this help and exit");
   app->get_formatter()->column_width(34);
 
-  app->add_subcommand("list", kListAbout)->footer(kListFooter);
+  CLI::App& list = *app->add_subcommand("list", kListAbout);
+  AddJson(list, options, "Print each extension as a line of JSON");
+  list.footer(kListFooter);
 
   CLI::App& items = *app->add_subcommand("items", kItemsAbout);
   AddBundle(items, options);

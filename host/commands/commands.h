@@ -5,7 +5,7 @@
 
 namespace brvhost {
 
-[[nodiscard]] int ListBundles();
+[[nodiscard]] int ListBundles(const Options& options);
 [[nodiscard]] int ListItems(const Options& options);
 [[nodiscard]] int ShowInfo(const Options& options);
 [[nodiscard]] int Run(const Options& options);

@@ -100,10 +100,20 @@ WHILE IT RUNS
   notes of an entry or their positions, nothing is written, and the exit status is 1.
 
 WHAT IT REPORTS
-  For a single score, how many of its entries (notes, chords and rests) have changed; for several, how many scores have.
-  With --dry-run each score is named with its entries that would change. With --list each of these has a line: the
-  score, the line in it (in its member, for an .mxl) of the entry's first note, then staff, measure, layer, position in
-  quarter notes, and whether its ledger lines are hidden or shown now. Such a line is printed when the score is written.
+  For a single score, how many of its entries (notes, chords and rests) have changed; for several, how many scores have,
+  and with --verbose the entries of each. With --dry-run each score is named with its entries that would change. With
+  --list each of these has a line: the score, the line in it (in its member, for an .mxl) of the entry's first note, then
+  staff, measure, layer, position in quarter notes, and whether its ledger lines are hidden or shown now. It is printed
+  when the score is written. With --quiet there are no warnings, no bar, nothing from the extension, and no counts.
+
+  With --json each score has a line of JSON on the standard output, as it ends, and all else goes to the standard error:
+  "score", "target", "status" (written, unchanged, wouldChange, badInput, failed, interrupted or notRun), "retry",
+  "counts", "region", "warnings", "error", and "changes" with --list.
+
+REPEATING A RUN
+  Exit status 1 where something was lacking or in the way (memory, space on the disk, another run, the time of --timeout)
+  and 130 may be 0 the next time; 2 and 3 will not, nor 1 where the extension is what failed. "retry" of --json answers
+  it for each score. A run can be repeated as it is: what is done already comes out the same.
 
 FILES
   A result is written beside its target and takes the target's name when it is complete, so that a failure leaves the

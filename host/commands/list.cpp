@@ -9,6 +9,7 @@
 #include "host/commands/commands.h"
 #include "host/process/exitstatus.h"
 #include "host/process/streams.h"
+#include "host/text/json.h"
 #include "host/text/printable.h"
 
 namespace brvhost {
@@ -23,13 +24,27 @@ void PrintBundle(const InstalledBundle& bundle) {
         hidden.empty() ? "" : "\t", Printable(hidden));
 }
 
+std::string JsonOf(const InstalledBundle& bundle) {
+  JsonObject object;
+  object.AddPath("name", bundle.name).AddPath("path", bundle.path).AddText("version", bundle.version);
+  object.AddJson("languages", JsonArrayOfTexts(bundle.languages)).AddJson("systems", JsonArrayOfTexts(bundle.systems));
+  if (bundle.hiddenBy.empty()) {
+    object.AddNull("hiddenBy");
+  } else {
+    object.AddPath("hiddenBy", bundle.hiddenBy);
+  }
+  object.AddJson("error", bundle.wrong.empty() ? "null" : brvhost::JsonOf(bundle.path + ": " + bundle.wrong));
+  return object.Text();
+}
+
 }  // namespace
 
-int ListBundles() {
+int ListBundles(const Options& options) {
   int status = kDone;
   for (const InstalledBundle& bundle : InstalledBundles(BundleFolders())) {
+    if (options.json) Print(stdout, "{}\n", JsonOf(bundle));
     if (bundle.wrong.empty()) {
-      PrintBundle(bundle);
+      if (!options.json) PrintBundle(bundle);
       continue;
     }
     Print(stderr, "brvhost: {}\n", Printable(bundle.path + ": " + bundle.wrong));

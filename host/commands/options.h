@@ -30,6 +30,8 @@ struct Options {
 
   bool list = false;
   bool json = false;
+  bool quiet = false;
+  bool verbose = false;
   bool yes = false;
   int jobs = 1;
   std::optional<int> timeout;  // seconds a score

@@ -56,7 +56,9 @@ int Run(const Options& options) {
   settings.confine = options.confines;
   settings.listsChanges = options.list;
   settings.printsJson = options.json;
-  Terminal terminal({.outputIsTaken = options.json});
+  settings.namesEachScore = options.verbose;
+  if (options.quiet && options.verbose) throw UsageError("--quiet and --verbose: one or the other, not both");
+  Terminal terminal({.isQuiet = options.quiet, .outputIsTaken = options.json});
   CheckSelection(settings.region, options, terminal);
   const std::vector<Job> jobs = JobsOf(options);
   // Several scores share the processors, as --jobs allows.

@@ -15,7 +15,8 @@
 namespace brvhost {
 namespace {
 
-constexpr int kBarWidth = 40;
+// Beside it there are 50 columns for numbers and a remark.
+constexpr int kBarWidth = 28;
 
 std::string BarOf(std::int64_t done, std::int64_t total) {
   const std::int64_t part = total <= 0 ? 0 : std::clamp<std::int64_t>(done, 0, total);
@@ -42,11 +43,13 @@ std::string TypedLine() {
 }  // namespace
 
 Terminal::Terminal(const TerminalUse& use)
-    : use_(use), showsBar_(isatty(STDERR_FILENO) != 0), canAsk_(showsBar_ && isatty(STDIN_FILENO) != 0) {}
+    : use_(use), isThere_(isatty(STDERR_FILENO) != 0), canAsk_(isThere_ && isatty(STDIN_FILENO) != 0) {}
 
 Terminal::~Terminal() { ClearBar(); }
 
-void Terminal::PrintLine(const std::string& line) { PrintLines(Printable(line) + "\n"); }
+void Terminal::PrintLine(const std::string& line) {
+  if (!use_.isQuiet) PrintLines(Printable(line) + "\n");
+}
 
 void Terminal::PrintLines(const std::string& lines) { PrintAboveBar(use_.outputIsTaken ? stderr : stdout, lines); }
 
@@ -54,7 +57,13 @@ void Terminal::PrintOutput(const std::string& text) { PrintAboveBar(stdout, text
 
 void Terminal::PrintError(const std::string& line) { PrintBeside("brvhost: " + line); }
 
-void Terminal::PrintForeign(const std::string& line) { PrintBeside(line); }
+void Terminal::PrintWarning(const std::string& line) {
+  if (!use_.isQuiet) PrintError(line);
+}
+
+void Terminal::PrintForeign(const std::string& line) {
+  if (!use_.isQuiet) PrintBeside(line);
+}
 
 void Terminal::PrintBeside(const std::string& line) { PrintAboveBar(stderr, Printable(line) + "\n"); }
 
@@ -68,10 +77,10 @@ void Terminal::PrintAboveBar(std::FILE* stream, const std::string& text) {
   bar_ = bar;
 }
 
-void Terminal::SetBar(std::int64_t done, std::int64_t total) {
-  if (!showsBar_) return;
+void Terminal::SetBar(std::int64_t done, std::int64_t total, const std::string& remark) {
+  if (!isThere_ || use_.isQuiet) return;
   ClearBar();
-  bar_ = BarOf(done, total);
+  bar_ = BarOf(done, total) + remark;
   Print(stderr, "{}", bar_);
 }
 

@@ -8,6 +8,7 @@
 namespace brvhost {
 
 struct TerminalUse {
+  bool isQuiet = false;        // only what was asked for and what went wrong
   bool outputIsTaken = false;  // by what is for programs: people are shown everything on the standard error
 };
 
@@ -16,18 +17,19 @@ class Terminal {
   explicit Terminal(const TerminalUse& use = {});
   ~Terminal();
 
-  // Whole lines, above the bar. Whatever in them a terminal would obey is left out. An error begins with "brvhost: ";
-  // what an extension prints comes beside the errors, so that the results stay the program's own.
+  // Whole lines, above the bar. Whatever in them a terminal would obey is left out. An error begins with "brvhost: ",
+  // and so does a warning; what an extension prints comes beside them, so that the results stay the program's own.
   void PrintLine(const std::string& line);
-  // Several, each with its end, whose text is printable.
+  // Several that were asked for, each with its end, whose text is printable.
   void PrintLines(const std::string& lines);
   // What is for programs, as it is.
   void PrintOutput(const std::string& text);
   void PrintError(const std::string& line);
+  void PrintWarning(const std::string& line);
   void PrintForeign(const std::string& line);
 
   // Draws the bar, on a terminal only. It stays until it is set again or cleared, or a question is asked.
-  void SetBar(std::int64_t done, std::int64_t total);
+  void SetBar(std::int64_t done, std::int64_t total, const std::string& remark = "");
   void ClearBar();
 
   // Whether there is a terminal to read answers from and to show questions on.
@@ -40,7 +42,7 @@ class Terminal {
   void PrintAboveBar(std::FILE* stream, const std::string& text);
 
   const TerminalUse use_;
-  bool showsBar_;
+  bool isThere_;
   bool canAsk_;
   std::string bar_;  // as it stands on the screen
 };

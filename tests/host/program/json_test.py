@@ -12,7 +12,7 @@ import signal
 import subprocess
 import unittest
 
-from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SHOW, brvhost, faulty, run, score)
+from brvhost import (Case, EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SHOW, brvhost, faulty, run, score)
 from misbehaviour import MISBEHAVES, misbehaviour
 
 try:
@@ -213,6 +213,26 @@ class Info(JsonCase):
         self.assertEqual((process.returncode, process.stderr), (2, "".join(f"brvhost: {error}\n" for error in errors)))
 
 
+class List(JsonCase):
+    def test_prints_which_extensions_are_installed(self):
+        folders = [self.folder / name for name in ("first", "second")]
+        for folder in folders:
+            shutil.copytree(LEGER_LINES, folder / "LegerLines.bundle")
+        (folders[1] / "Broken.bundle").mkdir()
+        environment = {"BRVHOST_PATH": ":".join(map(str, folders)), "XDG_DATA_HOME": str(self.folder)}
+        process = brvhost("list", "--json", environment=environment)
+        lines = {line["path"]: line for line in self.lines("list", process.stdout)}
+        hiding, hidden, broken = [str(folder / f"{name}.bundle") for folder, name in
+                                  ((folders[0], "LegerLines"), (folders[1], "LegerLines"), (folders[1], "Broken"))]
+        self.assertEqual([line["hiddenBy"] for line in (lines[hiding], lines[hidden])], [None, hiding])
+        languages = sorted(path.stem for path in pathlib.Path(LEGER_LINES).glob("Contents/Resources/*.lproj"))
+        self.assertEqual((lines[hiding]["name"], lines[hiding]["languages"], lines[hiding]["error"]),
+                         ("LegerLines", languages, None))
+        self.assertIn(EXECUTABLE_FOLDER.replace("-", " on ", 1), lines[hiding]["systems"])
+        self.assertEqual(process.stderr, f"brvhost: {lines[broken]['error']}\n")
+        self.assertEqual(process.returncode, 3)
+
+
 class Document(JsonCase):
     def test_shows_what_the_commands_print(self):
         for sample in SAMPLES.glob("*.musicxml"):
@@ -227,6 +247,10 @@ class Document(JsonCase):
                 unfolded = shown.replace("\n     ", "")
                 self.assertEqual(process.stdout, re.sub(r"^    ", "", unfolded, flags=re.MULTILINE))
                 self.lines(command.split()[0], process.stdout)
+
+    def test_shows_a_line_of_the_list(self):
+        shown = (DOCUMENTS / "json.md").read_text().partition("## list")[2].partition("\n    ")[2]
+        self.assertEqual(self.lines("list", shown.replace("\n     ", ""))[0]["name"], "LegerLines")
 
 
 if __name__ == "__main__":

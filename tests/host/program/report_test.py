@@ -1,8 +1,10 @@
 """What a run reports for people: which entries change, which scores would."""
 
+import signal
+import subprocess
 import unittest
 
-from brvhost import Case, HIDDEN_NOTE, HIDE, NOTE, SHOW, run, score
+from brvhost import Case, HIDDEN_NOTE, HIDE, NOTE, PROGRAM, SHOW, faulty, run, score
 
 # More than one message brings.
 MANY = 3000
@@ -76,6 +78,57 @@ class DryRuns(Case):
 """)
         self.fails(process, 2, f"brvhost: {bad}:1:1: not MusicXML")
         self.assertEqual({path.name: path.read_text() for path in scores}, texts)
+
+
+class Loudness(Case):
+    def setUp(self):
+        super().setUp()
+        chord = NOTE.replace("<duration>", "<chord/><duration>")
+        mixed = self.write("a.musicxml", score(HIDDEN_NOTE + chord))  # of which there is a warning
+        self.scores = [mixed, self.write("b.musicxml", score()), self.write("c.musicxml", "<x/>")]
+
+    def test_by_default_counts_scores(self):
+        process = run(HIDE, "--all", "--in-place", *self.scores)
+        self.assertEqual((process.returncode, process.stdout), (2, "3 scores: 2 changed, 0 unchanged, 1 failed\n"))
+        self.assertIn(": warning: ", process.stderr)
+
+    def test_that_is_quiet_leaves_errors(self):
+        process = run(HIDE, "--all", "--in-place", "--quiet", *self.scores)
+        self.assertEqual((process.returncode, process.stdout), (2, ""))
+        self.assertEqual(process.stderr, f"brvhost: {self.scores[2]}:1:1: not MusicXML: the root element is <x>\n")
+
+    def test_that_is_quiet_leaves_out_what_the_extension_shows_and_prints(self):
+        for bundle in ("prints", "shows_terminal_controls"):
+            process = self.succeeds(run(0, "--all", "--in-place", "-q", self.scores[1], bundle=faulty(bundle)))
+            self.assertEqual((process.stdout, process.stderr), ("", ""))
+
+    def test_that_is_quiet_leaves_lists(self):
+        process = self.succeeds(run(HIDE, "--all", "--dry-run", "--quiet", "--list", self.scores[1]))
+        self.assertEqual(process.stdout, f"{self.scores[1]}:1: staff 1, measure 1, layer 1, position 0: would be hidden\n")
+
+    def test_that_is_verbose_names_each_score(self):
+        process = run(HIDE, "--all", "--in-place", "--verbose", *self.scores)
+        self.assertEqual(process.stdout, f"""\
+{self.scores[0]}: 1 of 1 entries changed, written to {self.scores[0]}
+{self.scores[1]}: 1 of 1 entries changed, written to {self.scores[1]}
+3 scores: 2 changed, 0 unchanged, 1 failed
+""")
+
+    def test_that_is_verbose_names_what_an_interrupt_has_left_undone(self):
+        command = [PROGRAM, "run", faulty("works_until_cancelled"), "--item", "0", "--all", "--in-place", "-v",
+                   *map(str, self.scores)]
+        process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        self.assertIn("working", process.stdout.readline())
+        process.send_signal(signal.SIGINT)
+        output, _ = process.communicate(timeout=30)
+        self.assertEqual(process.returncode, 130)
+        self.assertEqual(output.splitlines()[-4:], [
+            f"{self.scores[0]}: interrupted", f"{self.scores[1]}: not run", f"{self.scores[2]}: not run",
+            "3 scores: 0 changed, 0 unchanged, 0 failed, 1 interrupted, 2 not run"])
+
+    def test_cannot_be_both(self):
+        process = run(HIDE, "--all", "--in-place", "-q", "-v", *self.scores)
+        self.assertEqual((process.returncode, process.stderr), (2, "brvhost: --quiet and --verbose: one or the other, not both\n"))
 
 
 if __name__ == "__main__":

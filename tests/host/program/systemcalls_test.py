@@ -126,7 +126,7 @@ class SystemCalls(Case):
         self.survives((SUPERVISOR, KEEPER, "0.1", LOADER, "0.1.1.1"), *hiding(self.score, "-o", self.out))
 
     def test_that_fail_leave_a_result_whole_that_is_reported_in_json(self):
-        self.survives((SUPERVISOR, KEEPER), *hiding("--json", "--list", self.score, "-o", self.out))
+        self.survives((SUPERVISOR, KEEPER), *hiding("--json", "--list", "--quiet", self.score, "-o", self.out))
 
     def test_that_fail_leave_the_score_itself_whole(self):
         self.survives((KEEPER,), *hiding("--in-place", self.score))

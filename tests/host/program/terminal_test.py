@@ -7,8 +7,10 @@ import select
 import signal
 import time
 import unittest
+import unittest.mock
 
 from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, descendants, faulty, run, score)
+from misbehaviour import MISBEHAVES, misbehaviour
 
 
 class Terminal(Case):
@@ -106,6 +108,28 @@ class Terminal(Case):
         self.assertEqual(status, 0)
         self.assertIn("] 3/3", shown)
         self.assertTrue(re.search(r"3 scores: 3 changed", shown))
+
+    def test_shows_how_many_scores_have_failed(self):
+        others = [self.write(f"{number}.musicxml", "<x/>" if number else score()) for number in range(3)]
+        shown, status = self.on_terminal(["run", LEGER_LINES, "--item", HIDE, "--all", "--in-place", *others])
+        self.assertEqual(status, 2)
+        self.assertIn("] 2/3, 1 failed", shown)
+        self.assertIn("] 3/3, 2 failed", shown)
+
+    def test_shows_how_much_time_is_left(self):
+        others = [self.write(f"{number}.musicxml", score()) for number in range(9)]
+        command = ["run", MISBEHAVES, "--item", 0, "--all", "--in-place", "--timeout", 1, *others]
+        with unittest.mock.patch.dict(os.environ, misbehaviour("BrevixExtensionInvoke", "hang")):
+            shown, status = self.on_terminal(command)
+        self.assertEqual(status, 1)
+        self.assertRegex(shown, r"\] 4/9, 4 failed\s*\r")
+        self.assertRegex(shown, r"\] 8/9, 8 failed, 10 s left")
+        self.assertRegex(shown, r"\] 9/9, 9 failed\s*\r")
+
+    def test_shows_no_bar_where_it_is_to_be_quiet(self):
+        others = [self.write(f"{number}.musicxml", score()) for number in range(3)]
+        shown, status = self.on_terminal(["run", LEGER_LINES, "--item", HIDE, "--all", "--in-place", "--quiet", *others])
+        self.assertEqual((shown, status), ("", 0))
 
     def test_shows_no_bar_elsewhere(self):
         others = [self.write(f"{number}.musicxml", score()) for number in range(3)]
