@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <string>
+#include <vector>
 
 #include "host/commands/helptexts.h"
 #include "host/commands/optionvalues.h"
@@ -73,16 +74,31 @@ void AddScores(CLI::App& command, Options& options) {
           "The most memory that the work on a score may take (1 GB, or 16 times the size of a large file)");
 }
 
+// Each occurrence has one value.
+CLI::Option* AddTexts(CLI::App& command, const char* name, const char* type, std::vector<std::string>& texts,
+                      const char* about) {
+  const auto take = [name, &texts](const std::vector<std::string>& values) {
+    for (const std::string& value : values) RefuseEmpty(name, value);
+    texts = values;
+  };
+  return command.add_option_function<std::vector<std::string>>(name, take, about)
+      ->type_name(type)
+      ->allow_extra_args(false);
+}
+
 void AddRegion(CLI::App& run, Options& options) {
   const auto add = [&run](const char* name, std::string& value, const char* type, const char* about) {
     AddText(run, name, type, value, about)->group("Region");
   };
   add("--staves", options.staves, "LIST", "Only these staves: 1,3,5-8");
+  AddTexts(run, "--parts", "NAMES", options.parts, "Only the staves of these parts: \"Violin I,Viola\"")
+      ->group("Region");
   add("--measures", options.measures, "LIST",
       "Only these measures, by their order (1,3,5-8) or by their printed numbers (m12-m20)");
   add("--start-at", options.startAt, "Q", "In the first measure, only from Q quarter notes on: 2, 5/2 or 2.5");
   add("--end-at", options.endAt, "Q", "In the last measure, only up to Q quarter notes, itself included");
   add("--layers", options.layers, "LIST", "Only these layers; the others count as hidden");
+  add("--voices", options.voices, "NAMES", "Only these voices of each part: 1,2");
   AddFlag(run, "--all", options.all, "The whole score")->group("Region");
 }
 

@@ -63,8 +63,8 @@ inline constexpr const char* kRunAbout =
     "attribute print-leger of those notes that the extension changed, and in nothing else.";
 
 inline constexpr const char* kRunFooter = R"(THE REGION
-  With any of --staves, --measures, --start-at and --end-at, the extension works on that region; an end that is not
-  given is that of the score. With --all, or with --layers alone, it is the whole score. With none of these nothing is
+  With any of --staves, --parts, --measures, --start-at and --end-at, the extension works on that region; an end that is
+  not given is that of the score. With --all, or with --layers or --voices alone, it is the whole score. With none of these nothing is
   selected: the extension asks whether it may work on the whole score. Where there is no terminal to ask on, this is
   bad usage, unless --yes agrees beforehand.
 
@@ -80,6 +80,11 @@ inline constexpr const char* kRunFooter = R"(THE REGION
   counts where no printed number is the same. Where several measures have a number, m12/2 is the second of them. Numbers
   are those of the first part; a dash, a comma or a slash within one follows a backslash. `brvhost info` shows which
   measures have which numbers.
+
+  --parts names parts instead of staves, by their names, abbreviations or IDs; where no part has a name as it is written,
+  case does not count. A name that several parts have takes all of them. A name with a comma in it is given by itself; the
+  option may be repeated. --voices names voices as the file does, instead of layers: of each staff only the layers of
+  these are shown, and staves that have none of them are left out.
 
   An extension works on one block at a time: staves and measures next to one another. Where the lists leave any out, the
   item is run once for each block, by staves and then by measures, on the same open score, which is written once. An item

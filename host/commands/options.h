@@ -22,10 +22,12 @@ struct Options {
   bool dryRun = false;
 
   std::string staves;
+  std::vector<std::string> parts;
   std::string measures;
   std::string startAt;
   std::string endAt;
   std::string layers;
+  std::string voices;
   bool all = false;
 
   bool list = false;

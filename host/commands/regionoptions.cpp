@@ -62,13 +62,24 @@ std::optional<Fraction> QuartersOption(const char* name, const std::string& text
 
 // Layers may be chosen in the whole score too.
 void CheckAll(const Options& options) {
-  const std::initializer_list<std::pair<const char*, const std::string&>> parts = {{"--staves", options.staves},
-                                                                                   {"--measures", options.measures},
-                                                                                   {"--start-at", options.startAt},
-                                                                                   {"--end-at", options.endAt}};
-  for (const auto& [name, value] : parts) {
+  const std::string parts = options.parts.empty() ? "" : options.parts[0];
+  const std::initializer_list<std::pair<const char*, const std::string&>> selected = {{"--staves", options.staves},
+                                                                                      {"--parts", parts},
+                                                                                      {"--measures", options.measures},
+                                                                                      {"--start-at", options.startAt},
+                                                                                      {"--end-at", options.endAt}};
+  for (const auto& [name, value] : selected) {
     if (value.empty()) continue;
     throw UsageError(fmt::format("--all and {} {}: the whole score or a part of it, not both", name, value));
+  }
+}
+
+void CheckAlternatives(const RegionRequest& region) {
+  if (!region.parts.empty() && !region.staves.empty()) {
+    throw UsageError("--parts and --staves: both name staves; give one of them");
+  }
+  if (!region.voices.empty() && !region.layers.empty()) {
+    throw UsageError("--voices and --layers: both name layers; give one of them");
   }
 }
 
@@ -97,6 +108,9 @@ RegionRequest RegionOptions(const Options& options) {
   region.startAt = QuartersOption("--start-at", options.startAt);
   region.endAt = QuartersOption("--end-at", options.endAt);
   region.layers = RangesOption("--layers", options.layers);
+  region.parts = options.parts;
+  if (!options.voices.empty()) region.voices = TextsOfList(options.voices);
+  CheckAlternatives(region);
   region.all = options.all;
   if (region.all) CheckAll(options);
   CheckOrder(region, options);
@@ -106,8 +120,8 @@ RegionRequest RegionOptions(const Options& options) {
 void CheckSelection(const RegionRequest& region, const Options& options, const Terminal& terminal) {
   if (!region.IsEmpty() || options.yes || terminal.CanAsk()) return;
   throw UsageError(
-      "nothing is selected, and there is no terminal to ask on: name a region (--staves, --measures, --start-at, "
-      "--end-at, --layers), take the whole score (--all), or agree to every question (--yes)");
+      "nothing is selected, and there is no terminal to ask on: name a region (--staves, --parts, --measures, "
+      "--start-at, --end-at, --layers, --voices), take the whole score (--all), or agree to every question (--yes)");
 }
 
 }  // namespace brvhost

@@ -11,12 +11,12 @@
 #include <system_error>
 
 #include "host/text/inputerror.h"
+#include "host/text/shortlist.h"
 
 namespace brvhost {
 namespace {
 
 constexpr std::string_view kSpecial = "-/,\\";
-constexpr std::size_t kMostChoices = 6;
 
 // The first place of a character that no backslash precedes; the size of the text where there is none.
 std::size_t FindPlain(std::string_view text, char character) {
@@ -69,20 +69,13 @@ std::vector<int> MeasuresWith(const std::string& text, bool isPrinted, const Sco
   return measures;
 }
 
-// The texts as a list; of many, only the first.
-std::string ListOf(const std::vector<std::string>& texts) {
-  std::string list;
-  for (std::size_t i = 0; i < std::min(texts.size(), kMostChoices); ++i) list += (i == 0 ? "" : ", ") + texts[i];
-  return texts.size() > kMostChoices ? fmt::format("{} and {} more", list, texts.size() - kMostChoices) : list;
-}
-
 std::string ChoicesOf(const PrintedNumber& number, const std::vector<int>& measures) {
   std::vector<std::string> choices;
   for (const int measure : measures) {
     const PrintedNumber choice{number.text, static_cast<int>(choices.size()) + 1};
     choices.push_back(fmt::format("{} is measure {}", Written(choice), measure));
   }
-  return ListOf(choices);
+  return ShortList(choices);
 }
 
 [[noreturn]] void ThrowMissing(const PrintedNumber& number, const Score& score) {
@@ -91,7 +84,7 @@ std::string ChoicesOf(const PrintedNumber& number, const std::vector<int>& measu
     std::ranges::move(sequence.numbers, std::back_inserter(numbers));
   }
   throw InputError(fmt::format("the score has no measure with the printed number {}; those that it has are {}",
-                               number.text, numbers.empty() ? "none" : ListOf(numbers)));
+                               number.text, numbers.empty() ? "none" : ShortList(numbers)));
 }
 
 int MeasureWith(const PrintedNumber& number, const Score& score) {

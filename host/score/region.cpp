@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <utility>
 
+#include "host/score/namedparts.h"
+#include "host/score/shownlayers.h"
 #include "host/text/inputerror.h"
 
 namespace brvhost {
@@ -61,25 +63,10 @@ void CheckOrder(const EREGION& region) {
                   QuartersAt(region.startPosition), +region.startMeasure, QuartersAt(region.endPosition)));
 }
 
-int LayersOn(const Runs& staves, const Score& score) {
-  int layers = 0;
-  for (const ScoreFrame& frame : score.frames) {
-    if (frame.layer >= layers && Contains(staves, frame.staff)) layers = frame.layer + 1;
-  }
-  return layers;
-}
-
-Runs ShownLayers(const Ranges& shown, const Runs& staves, const Score& score) {
-  if (shown.empty()) return {};
-  const int layers = LayersOn(staves, score);
-  Runs runs;
-  for (const NumberRange& range : shown) {
-    if (range.first > layers) {
-      throw InputError(fmt::format("the region is to show layer {}, but its staves have only {}", range.first, layers));
-    }
-    runs.push_back({range.first, std::min(range.last.value_or(layers), layers)});
-  }
-  return Merged(std::move(runs));
+std::vector<ShownStaves> ShownStavesOf(const RegionRequest& request, const Score& score) {
+  const Runs staves =
+      request.parts.empty() ? RunsIn(request.staves, score.staves, "staff") : StavesOfParts(request.parts, score);
+  return request.voices.empty() ? WithLayers(request.layers, staves, score) : WithVoices(request.voices, staves, score);
 }
 
 EREGION RegionAt(const NumberRun& staves, const NumberRun& measures) {
@@ -117,11 +104,10 @@ EREGION WholeScore(const Score& score) { return RegionAt({1, score.staves}, {1, 
 
 std::vector<Block> BlocksOf(const RegionRequest& request, const Score& score) {
   if (request.IsEmpty()) return {};
-  const Runs staves = RunsIn(request.staves, score.staves, "staff");
-  const Runs layers = ShownLayers(request.layers, staves, score);
+  const std::vector<ShownStaves> staves = ShownStavesOf(request, score);
   const std::vector<EREGION> regions = RegionsOf(request, score);
   std::vector<Block> blocks;
-  for (const NumberRun& run : staves) {
+  for (const auto& [run, layers] : staves) {
     for (const EREGION& region : regions) {
       blocks.push_back({region, layers});
       blocks.back().region.startStaff = static_cast<std::int16_t>(run.first);

@@ -29,7 +29,7 @@ class Help(Case):
             text = self.succeeds(brvhost(command, "--help")).stdout
             self.assertIn(f"Usage: brvhost {command}", text)
             self.assertIn("EXIT STATUS", text)
-        self.assertEqual(len(options_in_help("run")), 22)
+        self.assertEqual(len(options_in_help("run")), 24)
 
     def test_names_the_version(self):
         self.assertRegex(self.succeeds(brvhost("--version")).stdout, r"^brvhost \d+\.\d+\.\d+\n$")

@@ -303,8 +303,8 @@ class BadUsage(Case):
 
     def test_with_nothing_selected_and_nobody_to_ask_loads_nothing(self):
         for path in (self.score, self.folder / "none.musicxml"):
-            self.refuses("brvhost: nothing is selected, and there is no terminal to ask on: name a region (--staves, --measures, "
-                         "--start-at, --end-at, --layers), take the whole score (--all), or agree to every question (--yes)\n",
+            self.refuses("brvhost: nothing is selected, and there is no terminal to ask on: name a region (--staves, --parts, "
+                         "--measures, --start-at, --end-at, --layers, --voices), take the whole score (--all), or agree to every question (--yes)\n",
                          HIDE, path, "--out-dir", self.folder / "new")
     def test_writes_to_no_score_without_being_asked_to(self):
         other = self.write("other.musicxml", score())

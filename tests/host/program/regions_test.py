@@ -72,6 +72,56 @@ class Lists(Case):
                    "the region is to show layer 6, but its staves have only 5")
 
 
+class PartsAndVoices(Case):
+    NAMES = ["Violin I", "Violin II", "Horns 1, 2"]
+
+    def setUp(self):
+        super().setUp()
+        self.score = self.write("score.musicxml", self.with_hidden(set()))
+        self.out = self.folder / "out.musicxml"
+
+    def with_hidden(self, hidden):
+        """A score of three parts with the voices 1 and 2, and 2 and 5, and 1; the pairs of part and voice are hidden."""
+        voices = [(1, [1, 2]), (2, [2, 5]), (3, [1])]
+        parts = "".join(f'<part id="P{part}"><measure number="1">' + "".join(
+            in_voices(voice).replace("<note", '<note print-leger="no"' if (part, voice) in hidden else "<note")
+            for voice in own) + "</measure></part>" for part, own in voices)
+        names = "".join(f'<score-part id="P{number}"><part-name>{name}</part-name></score-part>'
+                        for number, name in enumerate(self.NAMES, 1))
+        return f"<score-partwise><part-list>{names}</part-list>{parts}</score-partwise>"
+
+    def hides(self, hidden, *options):
+        self.succeeds(run(HIDE, *options, self.score, "-o", self.out))
+        self.assertEqual(self.out.read_text(), self.with_hidden(hidden))
+        self.out.unlink()
+
+    def test_are_selected_by_name(self):
+        self.hides({(2, 2), (2, 5), (3, 1)}, "--parts", "violin ii,P3")
+        self.hides({(1, 1), (1, 2), (3, 1)}, "--parts", "Horns 1, 2", "--parts", "Violin I")
+        self.hides({(1, 1), (3, 1)}, "--voices", "1")
+        self.hides({(1, 2), (2, 2), (2, 5)}, "--voices", "5,2")
+        self.hides({(2, 2)}, "--voices", "2", "--staves", "2-3")
+        self.hides({(1, 1)}, "--voices", "1", "--parts", "VIOLIN I", "--measures", "m1")
+
+    def test_are_refused_where_there_are_none_of_the_name(self):
+        for options, message in {
+                ("--parts", "Violn I"): 'the score has no part "Violn I"; the nearest is Violin I; it has Violin I, Violin II, Horns 1, 2',
+                ("--voices", "1,7"): "the region is to show voice 7, but its staves have only 1, 2, 5"}.items():
+            process = run(HIDE, *options, self.score, "--dry-run")
+            self.assertEqual((process.returncode, process.stderr), (2, f"brvhost: {self.score}: {message}\n"))
+
+    def test_are_refused_beside_what_names_the_same_otherwise(self):
+        for options, message in {
+                ("--parts", "Violin I", "--staves", "1"): "--parts and --staves: both name staves; give one of them",
+                ("--voices", "1", "--layers", "1"): "--voices and --layers: both name layers; give one of them",
+                ("--all", "--parts", "Viola"): "--all and --parts Viola: the whole score or a part of it, not both",
+                ("--parts", ""): "--parts: is empty", ("--parts", "Viola", "--parts", ""): "--parts: is empty",
+                ("--voices", ""): "--voices: is empty",
+                ("--parts",): "--parts: needs a value, --parts NAMES"}.items():
+            process = run(HIDE, self.score, "--dry-run", *options)
+            self.assertEqual((process.returncode, process.stderr), (2, f"brvhost: {message}\n"))
+
+
 class PrintedNumbers(Case):
     NUMBERS = [("0", False), ("1", True), ("2", True), ("X1", False), ("3-4", True), ("1", True), ("2", True)]
 

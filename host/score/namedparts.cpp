@@ -1,0 +1,85 @@
+#include "host/score/namedparts.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+#include "host/score/numberrange.h"
+#include "host/text/blanks.h"
+#include "host/text/foldedcase.h"
+#include "host/text/inputerror.h"
+#include "host/text/nearest.h"
+#include "host/text/shortlist.h"
+
+namespace brvhost {
+namespace {
+
+using Runs = std::vector<NumberRun>;
+
+// By which it can be named.
+std::vector<std::string> NamesOf(const ScorePart& part) {
+  std::vector<std::string> names;
+  for (const std::string* const name : {&part.names.name, &part.names.abbreviation, &part.id}) {
+    if (!name->empty()) names.push_back(*name);
+  }
+  return names;
+}
+
+template <class IsMeant>
+Runs StavesOfPartsWith(const Score& score, const IsMeant& isMeant) {
+  Runs staves;
+  for (const ScorePart& part : score.parts) {
+    if (std::ranges::any_of(NamesOf(part), isMeant))
+      staves.push_back({part.firstStaff, part.firstStaff + part.staves - 1});
+  }
+  return staves;
+}
+
+// None where no part has the name.
+Runs StavesOfPart(std::string_view name, const Score& score) {
+  Runs staves = StavesOfPartsWith(score, [name](const std::string& other) { return other == name; });
+  if (!staves.empty()) return staves;
+  const std::string folded = FoldedCase(name);
+  return StavesOfPartsWith(score, [&folded](const std::string& other) { return FoldedCase(other) == folded; });
+}
+
+[[noreturn]] void ThrowNoPart(std::string_view name, const Score& score) {
+  std::vector<std::string> shown;
+  std::vector<std::string> names;
+  for (const ScorePart& part : score.parts) {
+    std::vector<std::string> own = NamesOf(part);
+    if (!own.empty()) shown.push_back(own.front());
+    std::ranges::move(own, std::back_inserter(names));
+  }
+  std::ranges::sort(names);
+  names.erase(std::unique(names.begin(), names.end()), names.end());
+  const std::string nearest = NearestName(name, names);
+  throw InputError(fmt::format("the score has no part \"{}\"{}{}", name,
+                               nearest.empty() ? "" : fmt::format("; the nearest is {}", nearest),
+                               shown.empty() ? "" : "; it has " + ShortList(shown)));
+}
+
+Runs StavesOfText(std::string_view text, const Score& score) {
+  Runs staves = StavesOfPart(WithoutBlanks(text), score);
+  if (!staves.empty()) return staves;
+  for (const std::string& item : TextsOfList(text)) {
+    const std::string_view name = WithoutBlanks(item);
+    const Runs ofItem = StavesOfPart(name, score);
+    if (ofItem.empty()) ThrowNoPart(name, score);
+    std::ranges::copy(ofItem, std::back_inserter(staves));
+  }
+  return staves;
+}
+
+}  // namespace
+
+std::vector<NumberRun> StavesOfParts(const std::vector<std::string>& texts, const Score& score) {
+  Runs staves;
+  for (const std::string& text : texts) std::ranges::copy(StavesOfText(text, score), std::back_inserter(staves));
+  return Merged(std::move(staves));
+}
+
+}  // namespace brvhost

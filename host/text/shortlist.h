@@ -1,0 +1,12 @@
+// Lists of choices in messages.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace brvhost {
+
+// "a, b, c", and of many only the first: "a, b, c, d, e, f and 7 more".
+std::string ShortList(const std::vector<std::string>& texts);
+
+}  // namespace brvhost
