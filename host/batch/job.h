@@ -7,6 +7,7 @@
 #include <string>
 
 #include "host/files/sizelimit.h"
+#include "host/files/standardstreams.h"
 #include "host/score/region.h"
 
 namespace brvhost {
@@ -28,9 +29,12 @@ struct JobSettings {
 };
 
 struct Job {
-  std::string score;
-  std::optional<std::string> target;  // where the result goes; nowhere when null
+  std::string score;                  // a path, or "-" for the standard input
+  std::optional<std::string> target;  // where the result goes, "-" for the standard output; nowhere when null
   bool onlyIfChanged = false;         // leave the target alone otherwise
+
+  // Whether the result goes to a file.
+  bool HasFile() const { return target && *target != kStandardStream; }
 
   // Whether a result with that many changed entries is written.
   bool Writes(std::size_t changedEntries) const { return target && (changedEntries > 0 || !onlyIfChanged); }

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 #include <poll.h>
-#include <strings.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -20,9 +20,11 @@
 #include "host/batch/mayhelp.h"
 #include "host/batch/regionjson.h"
 #include "host/bundle/bundlename.h"
+#include "host/files/filekind.h"
 #include "host/files/inputfile.h"
 #include "host/files/outputerror.h"
 #include "host/files/scorefile.h"
+#include "host/files/standardstreams.h"
 #include "host/files/target.h"
 #include "host/process/interrupt.h"
 #include "host/process/memorylimit.h"
@@ -42,23 +44,24 @@ constexpr std::size_t kChangesAMessage = 1024;
 // What the messages of a worker may have beside its result.
 constexpr std::size_t kMaxText = std::size_t{1} << 20;
 
-bool IsNamedMxl(const std::string& path) {
-  constexpr std::size_t kLength = 4;
-  return path.size() >= kLength && strcasecmp(path.c_str() + path.size() - kLength, ".mxl") == 0;
-}
-
 // Compressed and plain scores keep to the names that their readers know them by.
 void CheckTarget(const Job& job, const ScoreFile& file) {
-  if (!job.target || *job.target == job.score || IsNamedMxl(*job.target) == file.IsCompressed()) return;
-  if (IsNamedMxl(job.score) != file.IsCompressed()) return;  // the name was misleading to begin with
+  if (!job.HasFile() || *job.target == job.score || IsNamedMxl(*job.target) == file.IsCompressed()) return;
+  const bool hasName = job.score != kStandardStream;
+  if (hasName && IsNamedMxl(job.score) != file.IsCompressed()) return;  // the name was misleading to begin with
   throw OutputError(*job.target + (file.IsCompressed() ? ": the score is compressed, and so is the result: name it .mxl"
                                                        : ": the score is not compressed, nor is the result: name it "
                                                          ".musicxml"));
 }
 
+void CheckStandardOutput(const Job& job, const ScoreFile& file) {
+  if (!job.target || job.HasFile() || !file.IsCompressed() || isatty(STDOUT_FILENO) == 0) return;
+  throw OutputError(OutputName(*job.target) + ": is a terminal; a compressed score goes to a file or a pipe");
+}
+
 // Where the result goes, looked at before the score is read.
 std::optional<Target> TargetOf(const Job& job, const InputFile& score) {
-  if (!job.target) return std::nullopt;
+  if (!job.HasFile()) return std::nullopt;
   std::optional<Target> target(*job.target);
   if (*job.target == job.score) target->ExpectSameAs(score.Identity());
   return target;
@@ -76,7 +79,12 @@ bool IsInterrupted() { return InterruptCount() > 0; }
 class Keeper {
  public:
   Keeper(const Job& job, const JobSettings& settings, Channel& supervisor, Channel worker)
-      : job_(job), settings_(settings), supervisor_(supervisor), worker_(std::move(worker)) {}
+
+      : job_(job),
+        name_(InputName(job.score)),
+        settings_(settings),
+        supervisor_(supervisor),
+        worker_(std::move(worker)) {}
 
   // The last message about the job.
   Message Run() {
@@ -85,11 +93,11 @@ class Keeper {
       const MemoryLimit limit(settings_.maxMemory.value_or(DefaultMemory(input.Size())), settings_.readers);
       return limit.During([&] { return RunOpened(input); });
     } catch (const InputError& error) {
-      return BadInputMessage{Located(job_.score, error.place, error.what())};
+      return BadInputMessage{Located(name_, error.place, error.what())};
     } catch (const OutputError& error) {
       return Failure(error.what(), MayPass(error));
     } catch (const std::exception& error) {
-      return Failure(job_.score + ": " + ReasonOf(error), MayPass(error));
+      return Failure(name_ + ": " + ReasonOf(error), MayPass(error));
     }
   }
 
@@ -100,6 +108,7 @@ class Keeper {
     if (file.IsCompressed()) supervisor_.Send(MemberMessage{file.Member()});
     SendWarnings(file);
     CheckTarget(job_, file);
+    CheckStandardOutput(job_, file);
     Message answer = AskWorker(file.GetScore());
     const auto* const result = std::get_if<ResultMessage>(&answer);
     if (result == nullptr) return answer;
@@ -116,7 +125,9 @@ class Keeper {
     const bool isWritten = job_.Writes(edits.ChangedEntries());
     // Before anything is written, as it may take more memory than there is.
     const std::vector<EntryChange> changes = settings_.listsChanges ? file.Changes() : std::vector<EntryChange>();
-    if (isWritten) {
+    if (isWritten && !target) {
+      if (!file.Print(edits, STDOUT_FILENO, OutputName(*job_.target), IsInterrupted)) return LostMessage{};
+    } else if (isWritten) {
       const auto warnings = file.Save(edits, *target, IsInterrupted);
       if (!warnings) return LostMessage{};
       for (const std::string& warning : *warnings) Warn(warning);
@@ -206,7 +217,7 @@ class Keeper {
 
   // "score.musicxml: the extension LegerLines ...".
   std::string OfExtension(const std::string& clause, const char* kind = "") const {
-    return fmt::format("{}: {}the extension {} {}", job_.score, kind, NameOfBundle(settings_.bundle), clause);
+    return fmt::format("{}: {}the extension {} {}", name_, kind, NameOfBundle(settings_.bundle), clause);
   }
 
   std::optional<Message> HearSupervisor() {
@@ -227,6 +238,7 @@ class Keeper {
   }
 
   const Job& job_;
+  const std::string name_;  // of the score
   const JobSettings& settings_;
   Channel& supervisor_;
   Channel worker_;

@@ -379,7 +379,8 @@ std::string Pool::WhyLost(std::size_t slot) const {
 
 void Pool::Fail(std::size_t slot, const std::string& reason, bool retry) {
   ShowOutput(slot);
-  results_.ReportFailure(JobOf(slot), FindingsOf(slot), fmt::format("{}: {}", JobOf(slot).score, reason), retry);
+  results_.ReportFailure(JobOf(slot), FindingsOf(slot), fmt::format("{}: {}", InputName(JobOf(slot).score), reason),
+                         retry);
   Finish(slot);
 }
 

@@ -17,9 +17,10 @@ namespace brvhost {
 namespace {
 
 std::string LineOf(const Job& job, const DoneMessage& done) {
-  const std::string counts = fmt::format("{}: {} of {} entries", job.score, done.changedEntries, done.Entries());
+  const std::string counts =
+      fmt::format("{}: {} of {} entries", InputName(job.score), done.changedEntries, done.Entries());
   if (!job.target) return counts + " would change";
-  return counts + " changed, " + (done.filesWritten > 0 ? "written to " + *job.target : "nothing written");
+  return counts + " changed, " + (done.filesWritten > 0 ? "written to " + OutputName(*job.target) : "nothing written");
 }
 
 // Layers count from 1 here, as on the command line.
@@ -61,12 +62,12 @@ void Results::ReportFailure(const Job& job, const Findings& findings, const std:
 
 void Results::ReportInterrupted(const Job& job, const Findings& findings) {
   ++interrupted_;
-  if (settings_.namesEachScore) terminal_.PrintLine(job.score + ": interrupted");
+  if (settings_.namesEachScore) terminal_.PrintLine(InputName(job.score) + ": interrupted");
   Report(job, findings, {Outcome::kInterrupted, true, {}, ""});
 }
 
 void Results::ReportNotRun(const Job& job) {
-  if (settings_.namesEachScore) terminal_.PrintLine(job.score + ": not run");
+  if (settings_.namesEachScore) terminal_.PrintLine(InputName(job.score) + ": not run");
   if (jsonLines_) jsonLines_->End(job, {}, {Outcome::kNotRun, true, {}, ""});
 }
 
@@ -78,7 +79,7 @@ void Results::Report(const Job& job, const Findings& findings, const ScoreResult
 
 void Results::List(const Job& job, const Findings& findings) {
   if (jsonLines_) return jsonLines_->List(job, findings);
-  const std::string place = Printable(findings.member.empty() ? job.score : job.score + ": " + findings.member);
+  const std::string place = Printable(InputName(job.score) + (findings.member.empty() ? "" : ": " + findings.member));
   const char* const becomes = IsDryRun() ? "would be " : "";
   std::string lines;
   for (const EntryChange& change : ChangesFrom(findings.changes)) lines += LineOf(place, change, becomes);
@@ -108,7 +109,7 @@ int Results::Status() const {
 }
 
 std::string Results::Prefixed(const Job& job, const std::string& text) const {
-  return IsOfOneJob() ? text : job.score + ": " + text;
+  return IsOfOneJob() ? text : InputName(job.score) + ": " + text;
 }
 
 int Results::NotRun() const { return static_cast<int>(std::ssize(jobs_)) - Finished(); }

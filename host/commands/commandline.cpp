@@ -6,6 +6,7 @@
 
 #include "host/commands/helptexts.h"
 #include "host/commands/optionvalues.h"
+#include "host/commands/wrongusage.h"
 #include "host/version.h"
 
 namespace brvhost {
@@ -66,7 +67,15 @@ void AddConfinement(CLI::App& command, bool& confines, const char* names) {
 }
 
 void AddScores(CLI::App& command, Options& options) {
-  command.add_option("SCORE", options.scores, "MusicXML: .musicxml, .xml or .mxl")->required()->type_name("");
+  command
+      .add_option(kScoreArgument, options.scores,
+                  "MusicXML: .musicxml, .xml or .mxl; - is the standard input; a folder with --recursive")
+      ->type_name("");
+  AddText(command, kScoreList, "FILE", options.filesFrom,
+          "Take more scores from this file, or from the standard input with -: one name on each line");
+  AddFlag(command, "-0,--null", options.endsNamesWithZero,
+          "In that file, a character 0 ends each name, not a line break");
+  AddFlag(command, "-r,--recursive", options.recursive, "Take the scores in folders, and in those below them");
   AddSize(command, "--max-size", options.maxSize,
           "The most that a compressed score may unpack to, or a pipe may bring: a number of bytes, or with KB, MB, GB "
           "(1 GB)");
@@ -104,9 +113,13 @@ void AddRegion(CLI::App& run, Options& options) {
 
 void AddTargets(CLI::App& run, Options& options) {
   constexpr const char* kGroup = "Result (exactly one of these)";
-  AddText(run, "-o,--output", "FILE", options.output, "Write to this file; for a single score")->group(kGroup);
+  AddText(run, "-o,--output", "FILE", options.output,
+          "Write to this file, or to the standard output with -; for a single score")
+      ->group(kGroup);
   AddFlag(run, "--in-place", options.inPlace, "Write to the score itself, if anything changed")->group(kGroup);
-  AddText(run, "--out-dir", "DIR", options.outputFolder, "Write to this folder, under the score's name")->group(kGroup);
+  AddText(run, "--out-dir", "DIR", options.outputFolder,
+          "Write to this folder, under the score's name; with --recursive, in folders as the score's")
+      ->group(kGroup);
   AddFlag(run, "--dry-run", options.dryRun, "Write nothing; report what would change")->group(kGroup);
 }
 

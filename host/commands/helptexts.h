@@ -120,8 +120,22 @@ REPEATING A RUN
   and 130 may be 0 the next time; 2 and 3 will not, nor 1 where the extension is what failed. "retry" of --json answers
   it for each score. A run can be repeated as it is: what is done already comes out the same.
 
+SCORES
+  A score is compressed or not by its content, whatever its name; so is the one on the standard input (-). A file whose
+  name is "-" is written ./-, but stands as it is in a list (--files-from).
+
+  In a folder (--recursive), files that are named .musicxml, .xml or .mxl are scores, in the order of their names. Each
+  is taken once, under however many names. Links to folders are not followed, and what begins with a dot is passed over.
+  So is a file named .xml whose root element is another than a score's, since folders of scores have other documents in
+  them, such as META-INF/container.xml; one that cannot be read so far counts as a score, and is reported. Results
+  (--out-dir) are in folders as their scores are, so that equal names do not meet; a folder for results that lies in a
+  folder of scores is not searched.
+
 FILES
-  A result is written beside its target and takes the target's name when it is complete, so that a failure leaves the
+  A result on the standard output (-o -) goes there only when the whole score has been worked on, also when nothing
+  changed; what is otherwise printed there is on the standard error then. A compressed one does not go to a terminal.
+
+  Any other result is written beside its target and takes the target's name when it is complete, so that a failure leaves the
   old file whole. What a run leaves that was killed (.brvhost-*) is removed by the next that writes to the folder.
   Compressed scores (.mxl) stay compressed.
 
@@ -145,7 +159,9 @@ EXAMPLES
   Hide them in the outer parts of a quartet, but for measures 9 to 20:
     brvhost run LegerLines --item 0 --staves 1,4 --measures 1-8,21- quartet.mxl -o hidden.mxl
   Show them again in a folder of scores, two at a time:
-    brvhost run LegerLines --item 1 --all --in-place --jobs 2 scores/*.mxl)";
+    brvhost run LegerLines --item 1 --all --in-place --jobs 2 --recursive scores
+  Do the same to those that were changed since yesterday:
+    find scores -name '*.mxl' -mtime -1 -print0 | brvhost run LegerLines --item 1 --all --in-place --files-from - -0)";
 
 inline constexpr const char* kCheckAbout =
     "Checks an extension against the calling convention, in a process of its own that may write no file, use no "

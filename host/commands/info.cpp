@@ -8,8 +8,10 @@
 #include "host/commands/commands.h"
 #include "host/commands/infojson.h"
 #include "host/commands/infolines.h"
+#include "host/commands/scorelist.h"
 #include "host/files/inputfile.h"
 #include "host/files/scorefile.h"
+#include "host/files/standardstreams.h"
 #include "host/process/exitstatus.h"
 #include "host/process/memorylimit.h"
 #include "host/process/processors.h"
@@ -98,14 +100,15 @@ void Refuse(const std::string& path, const Options& options, const char* status,
 
 int ShowInfo(const Options& options) {
   int status = kDone;
-  for (const std::string& path : options.scores) {
+  for (const ListedScore& score : ScoresOf(options)) {
+    const std::string& path = score.path;
     try {
       ShowScore(path, options);
     } catch (const InputError& error) {
-      Refuse(path, options, "badInput", false, Located(path, error.place, error.what()));
+      Refuse(path, options, "badInput", false, Located(InputName(path), error.place, error.what()));
       status = kBadInput;
     } catch (const MemoryError& error) {
-      Refuse(path, options, "failed", error.mayPass, path + ": " + error.what());
+      Refuse(path, options, "failed", error.mayPass, InputName(path) + ": " + error.what());
       status = std::max<int>(status, kFailed);
     }
   }

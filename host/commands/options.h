@@ -13,7 +13,10 @@ namespace brvhost {
 // As the user wrote it; ranges and fractions are read when the command runs.
 struct Options {
   std::string bundle;
-  std::vector<std::string> scores;
+  std::vector<std::string> scores;  // or folders, or "-"
+  std::string filesFrom;            // a file with more of them
+  bool endsNamesWithZero = false;   // in that file
+  bool recursive = false;
 
   int item = 0;
   std::string output;

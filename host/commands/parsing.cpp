@@ -35,7 +35,8 @@ void RefuseEmptyValues(const CLI::App& command, const std::vector<std::string>& 
 
 void ParseCommandLine(CLI::App& app, int argc, const char* const* argv) {
   const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
-  if (const CLI::App* const command = CommandOf(app, arguments)) RefuseEmptyValues(*command, arguments);
+  const CLI::App* const command = CommandOf(app, arguments);
+  if (command != nullptr) RefuseEmptyValues(*command, arguments);
   // The parser takes its arguments from the end, and leaves those that it has not reached when it throws.
   std::vector<std::string> left(arguments.rbegin(), arguments.rend());
   try {
@@ -46,6 +47,8 @@ void ParseCommandLine(CLI::App& app, int argc, const char* const* argv) {
     const std::size_t taken = arguments.size() - left.size();
     throw UsageError(WrongUsage(error, app, arguments[std::max<std::size_t>(taken, 1) - 1]));
   }
+  const std::string wrong = command == nullptr ? "" : MissingScores(*command);
+  if (!wrong.empty()) throw UsageError(wrong);
 }
 
 }  // namespace brvhost

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <filesystem>
 #include <iterator>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "host/batch/extensionprocess.h"
@@ -18,6 +16,7 @@
 #include "host/commands/regionoptions.h"
 #include "host/commands/targets.h"
 #include "host/commands/usageerror.h"
+#include "host/files/standardstreams.h"
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
 #include "host/process/processors.h"
@@ -26,20 +25,19 @@
 namespace brvhost {
 namespace {
 
-namespace fs = std::filesystem;
-
-void MakeOutputFolder(const std::string& folder) {
-  std::error_code error;
-  if (!folder.empty()) fs::create_directories(folder, error);
-  if (error) throw UsageError(fmt::format("--out-dir {}: {}", folder, error.message()));
-}
-
 void CheckItem(const Offer& offer, const Options& options, const std::string& bundle) {
   const auto count = std::ssize(offer.items);
   if (options.item < 0 || options.item >= count) {
     throw UsageError(fmt::format("--item {}: the extension has {} items, from 0", options.item, count));
   }
   if (!offer.isEnabled) throw BundleError(bundle + ": the extension's menu items are disabled");
+}
+
+TerminalUse UseOfTerminal(const Options& options) {
+  if (options.quiet && options.verbose) throw UsageError("--quiet and --verbose: one or the other, not both");
+  const bool printsScore = options.output == kStandardStream;
+  if (options.json && printsScore) throw UsageError("--json and --output -: both are for the standard output");
+  return {.isQuiet = options.quiet, .outputIsTaken = options.json || printsScore};
 }
 
 }  // namespace
@@ -57,8 +55,7 @@ int Run(const Options& options) {
   settings.listsChanges = options.list;
   settings.printsJson = options.json;
   settings.namesEachScore = options.verbose;
-  if (options.quiet && options.verbose) throw UsageError("--quiet and --verbose: one or the other, not both");
-  Terminal terminal({.isQuiet = options.quiet, .outputIsTaken = options.json});
+  Terminal terminal(UseOfTerminal(options));
   CheckSelection(settings.region, options, terminal);
   const std::vector<Job> jobs = JobsOf(options);
   // Several scores share the processors, as --jobs allows.
@@ -75,7 +72,7 @@ int Run(const Options& options) {
     return kInterrupted;
   }
   CheckItem(*offer, options, settings.bundle);
-  MakeOutputFolder(options.outputFolder);
+  MakeFolders(jobs, options);
   RemoveLeftovers(jobs);
   const int status = pool.Run();
   const bool isFinished = extension.Finish();

@@ -13,6 +13,9 @@ namespace brvhost {
 // whatever name.
 std::vector<Job> JobsOf(const Options& options);
 
+// Makes the folders that --out-dir has its results in. Throws UsageError.
+void MakeFolders(const std::vector<Job>& jobs, const Options& options);
+
 // Removes what runs that were killed left in the folders that these jobs write to.
 void RemoveLeftovers(const std::vector<Job>& jobs);
 

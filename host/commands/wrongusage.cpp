@@ -39,10 +39,14 @@ std::string GivenTwice(const CLI::App& command) {
   return "";
 }
 
+std::string Needs(const CLI::App& command, const CLI::Option& option) {
+  return fmt::format("{} needs {}; {}", command.get_name(), Written(option), SeeHelp(command));
+}
+
 std::string Missing(const CLI::App& command) {
   for (const CLI::Option* const option : command.get_options()) {
     if (!option->get_required() || option->count() > 0) continue;
-    return fmt::format("{} needs {}; {}", command.get_name(), Written(*option), SeeHelp(command));
+    return Needs(command, *option);
   }
   return "";
 }
@@ -60,6 +64,12 @@ std::string NoCommand(const CLI::App& app) {
 std::string UnknownCommand(const std::string& argument) {
   if (!argument.starts_with('-')) return fmt::format("there is no command {}; --help lists them", argument);
   return fmt::format("there is no option {} before a command; --help lists what there is", argument);
+}
+
+std::string MissingScores(const CLI::App& command) {
+  const CLI::Option* const scores = command.get_option_no_throw(kScoreArgument);
+  if (scores == nullptr || scores->count() > 0 || command.get_option(kScoreList)->count() > 0) return "";
+  return Needs(command, *scores);
 }
 
 std::string WrongValue(const CLI::App& command, const std::string& argument) {

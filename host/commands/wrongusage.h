@@ -7,8 +7,15 @@
 
 namespace brvhost {
 
+// The scores of a command, of which there may be none where the option names them.
+inline constexpr const char* kScoreArgument = "SCORE";
+inline constexpr const char* kScoreList = "--files-from";
+
 std::string NoCommand(const CLI::App& app);
 std::string UnknownCommand(const std::string& argument);
+
+// That a command that works on scores is given none; empty for all else.
+std::string MissingScores(const CLI::App& command);
 
 // Of an option without the value that it needs, or with one that it cannot have; empty for what is no option.
 std::string WrongValue(const CLI::App& command, const std::string& argument);

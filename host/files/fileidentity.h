@@ -4,6 +4,9 @@
 #include <sys/stat.h>
 
 #include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
 
 namespace brvhost {
 
@@ -19,5 +22,14 @@ struct FileIdentity {
 };
 
 FileIdentity IdentityOf(const struct stat& status);
+
+// A file or a folder, by the numbers of its device and of itself.
+using Inode = std::pair<std::uint64_t, std::uint64_t>;
+
+Inode InodeOf(const struct stat& status);
+// Null where nothing has that name.
+std::optional<Inode> InodeOf(const std::string& path);
+// Null for what is no regular file.
+std::optional<Inode> InodeOfFile(int descriptor);
 
 }  // namespace brvhost

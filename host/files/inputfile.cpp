@@ -8,15 +8,32 @@
 #include <cstddef>
 #include <cstring>
 
+#include "host/files/filekind.h"
+#include "host/files/standardstreams.h"
 #include "host/text/inputerror.h"
 
 namespace brvhost {
 
-InputFile::InputFile(const std::string& path)
-    : path_(path), file_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY)) {
+namespace {
+
+Descriptor Open(const std::string& path) {
+  if (path == kStandardStream) return Descriptor(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0));
+  return Descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY));
+}
+
+// What is wrong with a folder in the place of a score.
+const char* WrongFolder(const std::string& path) {
+  return KindOf(path) == FileKind::kBundle ? "is an extension, not a score"
+                                           : "is a folder; --recursive takes the scores in it";
+}
+
+}  // namespace
+
+InputFile::InputFile(const std::string& path) : path_(InputName(path)), file_(Open(path)) {
   struct stat status;
   if (!file_ || fstat(file_.Get(), &status) != 0) throw InputError(std::strerror(errno));
-  if (S_ISDIR(status.st_mode)) throw InputError("is a folder");
+  if (S_ISDIR(status.st_mode)) throw InputError(WrongFolder(path));
+  if (isatty(file_.Get()) != 0) throw InputError("is a terminal");
   if (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode)) throw InputError("is a device");
   identity_ = IdentityOf(status);
   isPipe_ = !S_ISREG(status.st_mode);

@@ -12,9 +12,11 @@ namespace brvhost {
 
 class InputFile {
  public:
-  // Throws InputError with the system's reason, and for what has no content of its own: a folder, a device.
+  // "-" is the standard input. Throws InputError with the system's reason, and for what has no content of its own: a
+  // folder, a device, a terminal.
   explicit InputFile(const std::string& path);
 
+  // As messages name it.
   const std::string& Path() const { return path_; }
   // As the file was when it was opened.
   const FileIdentity& Identity() const { return identity_; }

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/files/bufferedwriter.h"
 #include "host/files/target.h"
 #include "host/files/unfinishedfile.h"
 
@@ -32,12 +33,11 @@ class SafeFile {
  private:
   void KeepAttributes();
   void Warn(const std::string& text);
-  void Flush();
   void TakeName();
 
   const Target& target_;
   UnfinishedFile file_;
-  std::vector<char> buffer_;
+  BufferedWriter writer_;
   std::vector<std::string> warnings_;
 };
 

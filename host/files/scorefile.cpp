@@ -1,10 +1,13 @@
 #include "host/files/scorefile.h"
 
 #include <algorithm>
-#include <string_view>
+#include <cerrno>
+#include <cstring>
 #include <utility>
 
 #include "host/files/archive.h"
+#include "host/files/bufferedwriter.h"
+#include "host/files/outputerror.h"
 #include "host/files/safefile.h"
 #include "host/score/musicxml.h"
 #include "host/text/inputerror.h"
@@ -26,15 +29,26 @@ ScoreFile::ScoreFile(const InputFile& input, std::uint64_t maxSize, int readers)
 std::optional<std::vector<std::string>> ScoreFile::Save(const LedgerEdits& edits, const Target& target,
                                                         const std::function<bool()>& isCancelled) const {
   SafeFile file(target);
-  if (IsCompressed() && edits.ChangedEntries() == 0) {
-    file.Write(archive_.View());
-  } else if (IsCompressed()) {
-    file.Write(ArchiveWith(edits));
-  } else {
-    edits.Write([&file](std::string_view piece) { file.Write(piece); });
-  }
+  WriteTo([&file](std::string_view piece) { file.Write(piece); }, edits);
   if (isCancelled()) return std::nullopt;
   return file.Commit();
+}
+
+bool ScoreFile::Print(const LedgerEdits& edits, int descriptor, const std::string& name,
+                      const std::function<bool()>& isCancelled) const {
+  const auto expect = [&name](bool isWritten) {
+    if (!isWritten) throw OutputError(name + ": cannot be written: " + std::strerror(errno));
+  };
+  if (isCancelled()) return false;
+  BufferedWriter writer(descriptor);
+  WriteTo([&](std::string_view piece) { expect(writer.Write(piece)); }, edits);
+  expect(writer.Flush());
+  return true;
+}
+
+void ScoreFile::WriteTo(const std::function<void(std::string_view)>& write, const LedgerEdits& edits) const {
+  if (!IsCompressed()) return edits.Write(write);
+  write(edits.ChangedEntries() == 0 ? archive_.View() : std::string_view(ArchiveWith(edits)));
 }
 
 std::string ScoreFile::ArchiveWith(const LedgerEdits& edits) const {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/files/bytes.h"
@@ -43,7 +44,14 @@ class ScoreFile {
   [[nodiscard]] std::optional<std::vector<std::string>> Save(const LedgerEdits& edits, const Target& target,
                                                              const std::function<bool()>& isCancelled) const;
 
+  // Writes the same to a descriptor. False when `isCancelled` returned true before the first byte. Throws OutputError,
+  // which names `name`, and what ReplaceMember throws.
+  [[nodiscard]] bool Print(const LedgerEdits& edits, int descriptor, const std::string& name,
+                           const std::function<bool()>& isCancelled) const;
+
  private:
+  // Hands out the pieces of the file with these edits.
+  void WriteTo(const std::function<void(std::string_view)>& write, const LedgerEdits& edits) const;
   std::string ArchiveWith(const LedgerEdits& edits) const;
 
   std::string path_;

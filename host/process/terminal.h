@@ -9,7 +9,7 @@ namespace brvhost {
 
 struct TerminalUse {
   bool isQuiet = false;        // only what was asked for and what went wrong
-  bool outputIsTaken = false;  // by what is for programs: people are shown everything on the standard error
+  bool outputIsTaken = false;  // by a result, or what is for programs: all other lines are on the standard error
 };
 
 class Terminal {

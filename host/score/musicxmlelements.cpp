@@ -14,6 +14,8 @@ namespace {
 
 }  // namespace
 
+bool IsRootOfScore(const std::string& name) { return name == "score-partwise" || name == "score-timewise"; }
+
 Child ChildNamed(const char* name) {
   if (SameName(name, "note")) return Child::kNote;
   if (SameName(name, "backup")) return Child::kBackup;

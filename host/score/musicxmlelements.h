@@ -7,6 +7,9 @@
 
 namespace brvhost {
 
+// Whether it is the root element of a score.
+bool IsRootOfScore(const std::string& name);
+
 // The children of a measure, as they affect the clock.
 enum class Child { kOther, kNote, kBackup, kForward, kAttributes };
 Child ChildNamed(const char* name);

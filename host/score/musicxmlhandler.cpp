@@ -65,7 +65,7 @@ void MusicXmlHandler::EndElement() {
 void MusicXmlHandler::StartRoot(const char* name) {
   score_.units = position_->Units();
   timewise_ = SameName(name, "score-timewise");
-  if (timewise_ || SameName(name, "score-partwise")) return;
+  if (IsRootOfScore(name)) return;
   throw InputError(std::string("not MusicXML: the root element is <").append(name).append(">"));
 }
 

@@ -48,7 +48,9 @@ TEST_F(InputFiles, AreReadWhole) {
 }
 
 TEST_F(InputFiles, AreNoFoldersAndNoDevices) {
-  EXPECT_EQ(Refusal(folder), "is a folder");
+  EXPECT_EQ(Refusal(folder), "is a folder; --recursive takes the scores in it");
+  std::filesystem::create_directory(folder / "Contents");
+  EXPECT_EQ(Refusal(folder), "is an extension, not a score");
   EXPECT_EQ(Refusal("/dev/zero"), "is a device");
   EXPECT_EQ(Refusal(folder / "none"), "No such file or directory");
 }

@@ -12,7 +12,8 @@ import signal
 import subprocess
 import unittest
 
-from brvhost import (Case, EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SHOW, brvhost, faulty, run, score)
+from brvhost import (Case, EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SHOW, brvhost, faulty,
+                     hiding, run, score)
 from misbehaviour import MISBEHAVES, misbehaviour
 
 try:
@@ -176,6 +177,15 @@ class Run(JsonCase):
         line = self.one(process)
         self.assertEqual((line["score"], line["status"]), (f"{self.folder}/b\ufffd.musicxml", "badInput"))
         self.assertEqual((base64.b64decode(line["scoreBase64"]), base64.b64decode(line["targetBase64"])), (name, name))
+
+    def test_takes_the_standard_input_for_a_score(self):
+        process = brvhost(*hiding("--dry-run", "--json", "-"), stdin=None, input=score())
+        self.assertEqual(self.one(process), {**self.line("wouldChange", **ONE_HIDDEN), "score": "-", "target": None})
+
+    def test_does_not_go_where_the_result_goes(self):
+        process = brvhost(*hiding("--json", self.score, "-o", "-"))
+        self.assertEqual((process.returncode, process.stdout, process.stderr),
+                         (2, "", "brvhost: --json and --output -: both are for the standard output\n"))
 
     def test_prints_nothing_where_no_score_is_begun(self):
         for arguments, status in ((("--item", 7), 2), (("--item", HIDE, "--staves", "x"), 2)):

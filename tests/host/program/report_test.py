@@ -57,6 +57,11 @@ class Changes(Case):
             [f"{path}:{2 + number}: staff 1, measure 1, layer 1, position {number}: hidden" for number in range(MANY)]
             for path in scores])
 
+    def test_are_on_the_standard_error_where_the_result_is_on_the_other(self):
+        process = self.succeeds(run(HIDE, "--list", "--layers", 2, self.score, "-o", "-"))
+        self.assertEqual(process.stderr, f"{self.score}:6: staff 1, measure 1, layer 2, position 3: hidden\n"
+                                         f"{self.score}: 1 of 4 entries changed, written to the standard output\n")
+
     def test_are_none_where_the_result_cannot_be_written(self):
         process = run(HIDE, "--all", "--list", self.score, "-o", self.folder / "none" / "out.musicxml")
         self.fails(process, 1)

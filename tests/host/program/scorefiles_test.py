@@ -143,7 +143,7 @@ class BadScores(Case):
 
     def test_that_are_not_there_are_named(self):
         self.fails(run(HIDE, "--all", "--in-place", self.folder / "none.xml"), 2, "none.xml: No such file")
-        self.fails(run(HIDE, "--all", "--in-place", self.folder), 2, "is a folder")
+        self.fails(run(HIDE, "--all", "--in-place", self.folder), 2, f"brvhost: {self.folder}: is a folder; --recursive takes the scores in it\n")
 
     def test_that_are_devices_are_refused(self):
         self.fails(brvhost("info", "/dev/zero"), 2, "brvhost: /dev/zero: is a device\n")

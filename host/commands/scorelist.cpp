@@ -1,0 +1,118 @@
+#include "host/commands/scorelist.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <optional>
+#include <set>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "host/commands/usageerror.h"
+#include "host/files/bytes.h"
+#include "host/files/fileidentity.h"
+#include "host/files/inputfile.h"
+#include "host/files/scoretree.h"
+#include "host/files/sizelimit.h"
+#include "host/files/standardstreams.h"
+#include "host/text/inputerror.h"
+
+namespace brvhost {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool IsFolder(const std::string& path) {
+  std::error_code error;
+  return fs::is_directory(path, error);
+}
+
+// In a list, "-" is the name of a file.
+std::string FileNamed(std::string_view name) { return name == kStandardStream ? "./-" : std::string(name); }
+
+std::vector<std::string> NamesInList(const Options& options) {
+  if (options.filesFrom.empty()) return {};
+  try {
+    const Bytes list = InputFile(options.filesFrom).Read(kDefaultMaxSize);
+    std::vector<std::string> names;
+    for (std::string_view rest = list.View(); !rest.empty();) {
+      const std::string_view name = rest.substr(0, rest.find(options.endsNamesWithZero ? '\0' : '\n'));
+      if (!name.empty()) names.push_back(FileNamed(name));
+      rest.remove_prefix(std::min(name.size() + 1, rest.size()));
+    }
+    return names;
+  } catch (const InputError& error) {
+    throw UsageError(fmt::format("--files-from {}: {}", options.filesFrom, error.what()));
+  }
+}
+
+void CheckStandardInput(const Options& options) {
+  const auto uses =
+      std::ranges::count(options.scores, kStandardStream) + (options.filesFrom == kStandardStream ? 1 : 0);
+  if (uses > 1) throw UsageError("-: the standard input is asked for twice; it can be read once");
+}
+
+class List {
+ public:
+  explicit List(const Options& options) : options_(options) {}
+
+  void Add(const std::vector<std::string>& names) {
+    if (options_.recursive) See(names);
+    for (const std::string& name : names) {
+      if (options_.recursive && name != kStandardStream && IsFolder(name)) {
+        AddFolder(name);
+      } else {
+        scores_.push_back({name, fs::path(name).filename().string()});
+      }
+    }
+  }
+
+  std::vector<ListedScore> Take() { return std::move(scores_); }
+
+ private:
+  // What is named itself is not found once more in a folder, and results are no scores.
+  void See(const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
+      if (const auto inode = IsFolder(name) ? std::nullopt : InodeOf(name)) seen_.insert(*inode);
+    }
+    const auto results = options_.outputFolder.empty() ? std::nullopt : InodeOf(options_.outputFolder);
+    const auto isIt = [&](const std::string& name) { return InodeOf(name) == results; };
+    if (results && std::ranges::none_of(names, isIt)) seen_.insert(*results);
+  }
+
+  void AddFolder(const std::string& folder) {
+    for (std::string& name : ScoresBelow(folder, seen_)) {
+      std::string path = (fs::path(folder) / name).string();
+      scores_.push_back({std::move(path), std::move(name)});
+    }
+  }
+
+  const Options& options_;
+  std::set<Inode> seen_;
+  std::vector<ListedScore> scores_;
+};
+
+[[noreturn]] void FailWithoutScores(const Options& options, const std::vector<std::string>& names) {
+  if (names.empty()) throw UsageError(fmt::format("--files-from {}: names no score", options.filesFrom));
+  throw UsageError(fmt::format("{}: no file in {} is a score named .musicxml, .xml or .mxl", names[0],
+                               names.size() == 1 ? "it" : "it, or in the others,"));
+}
+
+}  // namespace
+
+std::vector<ListedScore> ScoresOf(const Options& options) {
+  if (options.endsNamesWithZero && options.filesFrom.empty()) throw UsageError("--null: is for --files-from");
+  CheckStandardInput(options);
+  std::vector<std::string> names = options.scores;
+  std::ranges::move(NamesInList(options), std::back_inserter(names));
+  List list(options);
+  list.Add(names);
+  std::vector<ListedScore> scores = list.Take();
+  if (scores.empty()) FailWithoutScores(options, names);
+  return scores;
+}
+
+}  // namespace brvhost
