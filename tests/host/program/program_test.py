@@ -2,8 +2,8 @@
 
 import os
 import pathlib
-import shutil
 import re
+import shutil
 import subprocess
 import unittest
 
