@@ -36,18 +36,8 @@ std::string JsonOfCounts(const DoneMessage& done) {
 // What is known before the changes are.
 JsonObject BeginningOf(const Job& job, const Findings& findings) {
   JsonObject object;
-  object.AddPath("score", job.score);
-  if (findings.member.empty()) {
-    object.AddNull("member");
-  } else {
-    object.AddText("member", findings.member);
-  }
-  if (job.target) {
-    object.AddPath("target", *job.target);
-  } else {
-    object.AddNull("target");
-  }
-  return object;
+  object.AddPath("score", job.score).AddTextOrNull("member", findings.member);
+  return object.AddPathOrNull("target", job.target.value_or(""));
 }
 
 JsonObject EndOf(const Findings& findings, const ScoreResult& result) {
@@ -56,8 +46,7 @@ JsonObject EndOf(const Findings& findings, const ScoreResult& result) {
   object.AddJson("counts", result.done ? JsonOfCounts(*result.done) : "null");
   object.AddJson("region", findings.region.empty() ? "null" : findings.region);
   object.AddJson("warnings", JsonArrayOfTexts(findings.warnings));
-  object.AddJson("error", result.error.empty() ? "null" : JsonOf(result.error));
-  return object;
+  return object.AddTextOrNull("error", result.error);
 }
 
 }  // namespace

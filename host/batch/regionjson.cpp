@@ -3,25 +3,14 @@
 #include <cstdint>
 
 #include "host/score/fraction.h"
-#include "host/score/numberruns.h"
 #include "host/score/score.h"
 #include "host/text/json.h"
 
 namespace brvhost {
 namespace {
 
-std::string JsonOfRun(const NumberRun& run) {
-  return JsonObject()
-      .AddNumber("first", static_cast<std::uint64_t>(run.first))
-      .AddNumber("last", static_cast<std::uint64_t>(run.last))
-      .Text();
-}
-
 std::string JsonOfLayers(const std::vector<NumberRun>& layers) {
-  if (layers.empty()) return "null";
-  std::vector<std::string> runs;
-  for (const NumberRun& run : layers) runs.push_back(JsonOfRun(run));
-  return JsonArrayOf(runs);
+  return layers.empty() ? "null" : JsonArrayOf(layers, JsonOfRun);
 }
 
 std::string JsonOfPosition(std::int32_t position) {
@@ -41,11 +30,15 @@ std::string JsonOfBlock(const Block& block) {
 
 }  // namespace
 
+std::string JsonOfRun(const NumberRun& run) {
+  return JsonObject()
+      .AddNumber("first", static_cast<std::uint64_t>(run.first))
+      .AddNumber("last", static_cast<std::uint64_t>(run.last))
+      .Text();
+}
+
 std::string JsonOfRegion(const std::vector<Block>& blocks) {
-  if (blocks.empty()) return "null";
-  std::vector<std::string> json;
-  for (const Block& block : blocks) json.push_back(JsonOfBlock(block));
-  return JsonArrayOf(json);
+  return blocks.empty() ? "null" : JsonArrayOf(blocks, JsonOfBlock);
 }
 
 }  // namespace brvhost

@@ -1,13 +1,11 @@
 #include "host/commands/infojson.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
-#include <vector>
 
+#include "host/batch/regionjson.h"
 #include "host/score/fraction.h"
 #include "host/score/mixedchords.h"
-#include "host/score/numberruns.h"
 #include "host/score/score.h"
 #include "host/score/summary.h"
 #include "host/text/inputerror.h"
@@ -17,13 +15,6 @@ namespace brvhost {
 namespace {
 
 std::uint64_t Positive(int number) { return static_cast<std::uint64_t>(number); }
-
-template <class List, class Json>
-std::string ArrayOf(const List& list, const Json& json) {
-  std::vector<std::string> items;
-  for (const auto& item : list) items.push_back(json(item));
-  return JsonArrayOf(items);
-}
 
 std::string JsonOfPart(const ScorePart& part) {
   return JsonObject()
@@ -35,13 +26,9 @@ std::string JsonOfPart(const ScorePart& part) {
       .Text();
 }
 
-std::string JsonOfRun(const NumberRun& run) {
-  return JsonObject().AddNumber("first", Positive(run.first)).AddNumber("last", Positive(run.last)).Text();
-}
-
 std::string JsonOfLayers(const LayersOfStaves& layers) {
   return JsonObject()
-      .AddJson("staves", ArrayOf(layers.staves, JsonOfRun))
+      .AddJson("staves", JsonArrayOf(layers.staves, JsonOfRun))
       .AddJson("voices", JsonArrayOfTexts(layers.voices))
       .Text();
 }
@@ -74,18 +61,14 @@ std::string JsonOf(const ScoreFile& file) {
   const Score& score = file.GetScore();
   JsonObject object;
   object.AddPath("score", file.Path());
-  if (file.IsCompressed()) {
-    object.AddText("member", file.Member());
-  } else {
-    object.AddNull("member");
-  }
+  object.AddTextOrNull("member", file.Member());
   object.AddText("status", "read").AddFlag("retry", false);
-  object.AddJson("parts", ArrayOf(score.parts, JsonOfPart));
+  object.AddJson("parts", JsonArrayOf(score.parts, JsonOfPart));
   object.AddNumber("staves", Positive(score.staves)).AddNumber("measures", Positive(score.measures));
-  object.AddJson("layers", ArrayOf(LayersOf(score), JsonOfLayers));
+  object.AddJson("layers", JsonArrayOf(LayersOf(score), JsonOfLayers));
   object.AddJson("counts", JsonOfCounts(score));
-  object.AddJson("mixedChords", ArrayOf(MixedChordsOf(score), JsonOfChord));
-  object.AddJson("warnings", ArrayOf(score.warnings, [&file](const ScoreWarning& warning) {
+  object.AddJson("mixedChords", JsonArrayOf(MixedChordsOf(score), JsonOfChord));
+  object.AddJson("warnings", JsonArrayOf(score.warnings, [&file](const ScoreWarning& warning) {
                    return JsonOf(Located(file.Path(), {warning.line, warning.column}, "warning: " + warning.text));
                  }));
   return object.AddNull("error").Text();

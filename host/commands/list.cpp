@@ -28,12 +28,8 @@ std::string JsonOf(const InstalledBundle& bundle) {
   JsonObject object;
   object.AddPath("name", bundle.name).AddPath("path", bundle.path).AddText("version", bundle.version);
   object.AddJson("languages", JsonArrayOfTexts(bundle.languages)).AddJson("systems", JsonArrayOfTexts(bundle.systems));
-  if (bundle.hiddenBy.empty()) {
-    object.AddNull("hiddenBy");
-  } else {
-    object.AddPath("hiddenBy", bundle.hiddenBy);
-  }
-  object.AddJson("error", bundle.wrong.empty() ? "null" : brvhost::JsonOf(bundle.path + ": " + bundle.wrong));
+  object.AddPathOrNull("hiddenBy", bundle.hiddenBy);
+  object.AddTextOrNull("error", bundle.wrong.empty() ? "" : bundle.path + ": " + bundle.wrong);
   return object.Text();
 }
 

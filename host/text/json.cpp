@@ -3,7 +3,6 @@
 #include <fmt/format.h>
 #include <unicode/utf8.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <iterator>
 
@@ -77,11 +76,7 @@ std::string JsonOf(std::string_view text) {
 
 std::string JsonArrayOf(const std::vector<std::string>& json) { return fmt::format("[{}]", fmt::join(json, ",")); }
 
-std::string JsonArrayOfTexts(const std::vector<std::string>& texts) {
-  std::vector<std::string> json;
-  std::ranges::transform(texts, std::back_inserter(json), JsonOf);
-  return JsonArrayOf(json);
-}
+std::string JsonArrayOfTexts(const std::vector<std::string>& texts) { return JsonArrayOf(texts, JsonOf); }
 
 JsonObject& JsonObject::AddJson(std::string_view name, std::string_view json) {
   if (!members_.empty()) members_ += ',';

@@ -1,7 +1,9 @@
 // JSON as it is printed: on one line, in ASCII, so that no terminal obeys what it holds.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,9 +17,20 @@ std::string JsonOf(std::string_view text);
 std::string JsonArrayOf(const std::vector<std::string>& json);
 std::string JsonArrayOfTexts(const std::vector<std::string>& texts);
 
+// Of a list, with what makes JSON of one of its items.
+template <class List, class Json>
+std::string JsonArrayOf(const List& list, const Json& json) {
+  std::vector<std::string> items;
+  std::ranges::transform(list, std::back_inserter(items), json);
+  return JsonArrayOf(items);
+}
+
 class JsonObject {
  public:
   JsonObject& AddText(std::string_view name, std::string_view text) { return AddJson(name, JsonOf(text)); }
+  JsonObject& AddTextOrNull(std::string_view name, std::string_view text) {
+    return text.empty() ? AddNull(name) : AddText(name, text);
+  }
   JsonObject& AddNumber(std::string_view name, std::uint64_t number) { return AddJson(name, std::to_string(number)); }
   JsonObject& AddFlag(std::string_view name, bool flag) { return AddJson(name, flag ? "true" : "false"); }
   JsonObject& AddNull(std::string_view name) { return AddJson(name, "null"); }
@@ -25,6 +38,9 @@ class JsonObject {
 
   // A path may be any bytes: where it is not UTF-8, a second member has them in base64, under the name with "Base64".
   JsonObject& AddPath(std::string_view name, std::string_view path);
+  JsonObject& AddPathOrNull(std::string_view name, std::string_view path) {
+    return path.empty() ? AddNull(name) : AddPath(name, path);
+  }
 
   // Without the braces.
   const std::string& Members() const { return members_; }
