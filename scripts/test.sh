@@ -3,6 +3,8 @@
 # and runs every test: the bridge as clang++ compiles it, what uses threads with the thread sanitizer, then all of it with the
 # other sanitizers, then all of it as it is shipped: the bundle for Linux, and the bytes of that for macOS.
 set -euo pipefail
+# Tests choose their languages by LANGUAGE, which does not count in the locale C.
+export LC_ALL=C.UTF-8
 cd "$(dirname "$0")/.."
 
 scripts/install-dependencies.sh

@@ -75,7 +75,10 @@ const char* FirstSet(std::initializer_list<const char*> names) {
 }  // namespace
 
 std::vector<std::string> UserLanguages() {
-  std::string_view list = FirstSet({"LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"});
+  const std::string_view locale = FirstSet({"LC_ALL", "LC_MESSAGES", "LANG"});
+  if (locale == "C" || locale == "POSIX") return {};
+  std::string_view list = FirstSet({"LANGUAGE"});
+  if (list.empty()) list = locale;
   std::vector<std::string> languages;
   while (!list.empty()) {
     const std::string_view entry = list.substr(0, list.find(':'));

@@ -8,7 +8,7 @@
 namespace brvplatform {
 
 // The user's languages, first choice first: LANGUAGE as a list, else LC_ALL, LC_MESSAGES or LANG, whichever is set
-// first.
+// first. None where that is "C" or "POSIX", whatever LANGUAGE is: programs then speak as they were written.
 std::vector<std::string> UserLanguages();
 
 // The localization that fits one of the languages best: the language itself, else its parent ("de" for "de-AT"), else

@@ -8,6 +8,11 @@ namespace {
 
 class Localizations : public OwnBundle {
  protected:
+  void SetUp() override {
+    OwnBundle::SetUp();
+    for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) unsetenv(name);
+  }
+
   // A bundle with these localizations, each with a table that has its name, and English.
   void OpenWith(std::initializer_list<const char*> languages) {
     for (const char* const language : languages) {
@@ -64,6 +69,23 @@ TEST_F(Localizations, AreChosenByTheFirstVariableThatIsNotEmpty) {
   setenv("LC_MESSAGES", "fr_FR@euro", 1);
   EXPECT_EQ(Text(CFSTR("k")), "fr");
   for (const char* const name : names) unsetenv(name);
+}
+
+TEST_F(Localizations, AreNotChosenInTheLocaleOfPrograms) {
+  OpenWith({"de", "fr"});
+  for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    for (const char* const locale : {"C", "POSIX"}) {
+      setenv(name, locale, 1);
+      EXPECT_EQ(Served("de"), "en") << name << "=" << locale;
+    }
+    setenv(name, "C.UTF-8", 1);
+    EXPECT_EQ(Served("de"), "de") << "a locale with characters of its own";
+    unsetenv(name);
+  }
+  setenv("LC_ALL", "fr_FR", 1);
+  setenv("LANG", "C", 1);
+  EXPECT_EQ(Served("de"), "de") << "the locale is another";
+  EXPECT_EQ(Served(""), "fr");
 }
 
 TEST_F(Localizations, AreChosenFromAListThatHasGaps) {

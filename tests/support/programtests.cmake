@@ -38,6 +38,8 @@ function(add_program_test name file label)
       BRV_BUILD=${CMAKE_BINARY_DIR}
       PYTHONPATH=${PROJECT_SOURCE_DIR}/tests/support/python
       PYTHONDONTWRITEBYTECODE=1
+      # In the locale C, LANGUAGE does not count.
+      LC_ALL=C.UTF-8
       ${ARGN})
   # What is built with the installed kit is for the same processor.
   if(CMAKE_TOOLCHAIN_FILE)
