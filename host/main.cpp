@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <initializer_list>
 #include <iostream>
 #include <string_view>
 
@@ -89,13 +90,12 @@ int Main(int argc, char** argv) {
   }
 }
 
-// Descriptors that are missing would be taken by files and sockets, and these for the standard streams.
+// Descriptors that are missing would be taken by files and sockets, and these for the standard streams. What is printed
+// on a standard output that is missing is lost, which shows as it does with one that is full.
 void OpenStandardStreams() {
-  int descriptor;
-  do {
-    descriptor = open("/dev/null", O_RDWR);
-  } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
-  if (descriptor >= 0) close(descriptor);
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(stream, F_GETFD) < 0) open("/dev/null", stream == STDERR_FILENO ? O_WRONLY : O_RDONLY);
+  }
 }
 
 }  // namespace

@@ -155,7 +155,7 @@ class Keeper {
     const auto& warnings = file.GetScore().warnings;
     for (std::size_t i = 0; i < warnings.size() && i < kMaxWarnings; ++i) {
       const ScoreWarning& warning = warnings[i];
-      Warn(Located(file.Path(), {warning.line, warning.column}, "warning: " + warning.text));
+      Warn(file.LocatedText({warning.line, warning.column}, "warning: " + warning.text));
     }
     if (warnings.size() <= kMaxWarnings) return;
     Warn(fmt::format("{}: warning: {} more like these", file.Path(), warnings.size() - kMaxWarnings));

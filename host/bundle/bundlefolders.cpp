@@ -8,7 +8,9 @@
 #include <system_error>
 #include <utility>
 
+#include "host/bundle/bundlename.h"
 #include "host/bundle/installedpaths.h"
+#include "host/files/foldernames.h"
 #include "host/process/programpath.h"
 
 namespace brvhost {
@@ -63,6 +65,16 @@ std::vector<std::string> BundleFolders() {
   add(FolderOfUser());
   add(FolderOfProgram());
   return folders;
+}
+
+std::vector<std::string> BundlesIn(const std::vector<std::string>& folders) {
+  std::vector<std::string> bundles;
+  for (const std::string& folder : folders) {
+    for (const std::string& name : NamesIn(folder).value_or(std::vector<std::string>())) {
+      if (name.ends_with(kBundleEnding) && name != kBundleEnding) bundles.push_back(folder + "/" + name);
+    }
+  }
+  return bundles;
 }
 
 }  // namespace brvhost

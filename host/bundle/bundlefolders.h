@@ -11,4 +11,7 @@ namespace brvhost {
 // this program, wherever that is. A folder that is listed twice stands at its first place. They need not exist.
 std::vector<std::string> BundleFolders();
 
+// The paths of what is named as bundles are in these folders, in their order; those of one folder by their names.
+std::vector<std::string> BundlesIn(const std::vector<std::string>& folders);
+
 }  // namespace brvhost

@@ -4,13 +4,13 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <set>
 #include <string_view>
 #include <system_error>
 #include <vector>
 
 #include "host/bundle/bundlefolders.h"
 #include "host/bundle/bundlename.h"
-#include "host/bundle/installedbundles.h"
 #include "host/bundle/loadedbundle.h"
 #include "host/text/nearest.h"
 
@@ -33,11 +33,9 @@ std::string Listed(const std::vector<std::string>& folders) {
 }
 
 std::string NearestInstalled(const std::string& name, const std::vector<std::string>& folders) {
-  std::vector<std::string> names;
-  for (const InstalledBundle& bundle : InstalledBundles(folders)) {
-    if (bundle.hiddenBy.empty()) names.push_back(bundle.name);
-  }
-  return NearestName(name, names);
+  std::set<std::string> names;
+  for (const std::string& path : BundlesIn(folders)) names.insert(NameOfBundle(path));
+  return NearestName(name, {names.begin(), names.end()});
 }
 
 [[noreturn]] void FailToFind(const std::string& asked, const std::string& name,

@@ -3,13 +3,13 @@
 #include <CoreFoundation/CoreFoundation.h>
 
 #include <algorithm>
-#include <cstddef>
 #include <filesystem>
-#include <optional>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "host/bundle/bundleexecutable.h"
+#include "host/bundle/bundlefolders.h"
 #include "host/bundle/bundlename.h"
 #include "host/bundle/bundlesystems.h"
 #include "host/bundle/createbundle.h"
@@ -66,14 +66,11 @@ InstalledBundle Described(const std::string& path) {
 
 std::vector<InstalledBundle> InstalledBundles(const std::vector<std::string>& folders) {
   std::vector<InstalledBundle> bundles;
-  for (const std::string& folder : folders) {
-    for (const std::string& name : NamesIn(folder).value_or(std::vector<std::string>())) {
-      if (!name.ends_with(kBundleEnding) || name == kBundleEnding) continue;
-      InstalledBundle bundle = Described(folder + "/" + name);
-      const auto first = std::ranges::find(bundles, bundle.name, &InstalledBundle::name);
-      if (first != bundles.end()) bundle.hiddenBy = first->path;
-      bundles.push_back(std::move(bundle));
-    }
+  for (const std::string& path : BundlesIn(folders)) {
+    InstalledBundle bundle = Described(path);
+    const auto first = std::ranges::find(bundles, bundle.name, &InstalledBundle::name);
+    if (first != bundles.end()) bundle.hiddenBy = first->path;
+    bundles.push_back(std::move(bundle));
   }
   return bundles;
 }

@@ -5,10 +5,10 @@
 #include <string>
 #include <system_error>
 
-#include "host/bundle/bundlesearch.h"
 #include "host/bundle/loadedbundle.h"
 #include "host/check/facts.h"
 #include "host/check/isolated.h"
+#include "host/commands/bundleargument.h"
 #include "host/commands/commands.h"
 #include "host/process/confinement.h"
 #include "host/process/exitstatus.h"
@@ -32,7 +32,7 @@ std::string TryConfinement() {
 }  // namespace
 
 int Check(const Options& options) {
-  const std::string bundle = PathOfBundle(options.bundle);
+  const std::string bundle = BundleOf(options);
   std::error_code error;
   if (!std::filesystem::is_directory(bundle, error)) {
     throw BundleError(bundle + ": there is no such bundle");

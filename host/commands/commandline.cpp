@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "host/commands/helpformatter.h"
 #include "host/commands/helptexts.h"
 #include "host/commands/optionvalues.h"
 #include "host/commands/wrongusage.h"
@@ -142,11 +143,11 @@ void AddReports(CLI::App& run, Options& options) {
 
 std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   auto app = std::make_unique<CLI::App>(kAbout, "brvhost");
+  app->formatter(std::make_shared<HelpFormatter>());  // and of the commands, which are added later
   app->require_subcommand(1);
   app->footer(kCommonFooter);
   app->set_version_flag("--version", std::string("brvhost ") + kVersion, "Print the version and exit");
   app->set_help_flag("-h,--help", "Print this help and exit");
-  app->get_formatter()->column_width(34);
 
   CLI::App& list = *app->add_subcommand("list", kListAbout);
   AddJson(list, options, "Print each extension as a line of JSON");

@@ -8,15 +8,15 @@ inline constexpr const char* kAbout =
 
 inline constexpr const char* kCommonFooter = R"(EXIT STATUS
   0    done
-  1    a result could not be written, an extension failed, or a check failed
+  1    a result or what is printed could not be written, an extension failed, or a check failed
   2    bad usage, or a score that cannot be used
   3    a bundle that cannot be used
   130  interrupted
 
 EXAMPLES
-  brvhost items LegerLines
-  brvhost run LegerLines --item 0 --all sonata.musicxml -o hidden.musicxml
-  brvhost run LegerLines --item 0 --all --in-place --jobs 4 scores/*.mxl)";
+    brvhost items LegerLines
+    brvhost run LegerLines --item 0 --all sonata.xml -o hidden.xml
+    brvhost run LegerLines --item 0 --all --in-place --jobs 4 scores/*.mxl)";
 
 inline constexpr const char* kListAbout =
     "Lists the extensions that are installed, one to a line: its name, its version, its languages, the systems that it "
@@ -38,13 +38,16 @@ EXIT STATUS
 
 inline constexpr const char* kItemsFooter = R"(EXIT STATUS
   0    done
-  1    the extension failed when it was ended
-  3    a bundle that cannot be used)";
+  1    the list could not be written, or the extension failed when it was ended
+  2    bad usage
+  3    a bundle that cannot be used
+  130  interrupted)";
 
 inline constexpr const char* kInfoFooter = R"(EXIT STATUS
   0    done
-  1    there is not enough memory for a score; the others are still reported
-  2    a score that cannot be used; the others are still reported)";
+  1    there is not enough memory for a score, or the report could not be written; the other scores are still reported
+  2    bad usage, or a score that cannot be used; the other scores are still reported
+  130  interrupted)";
 
 inline constexpr const char* kItemsAbout =
     "Lists the menu items of an extension, one to a line: its number, its name in the menu, its name in the Undo "
@@ -137,7 +140,8 @@ FILES
 
   Any other result is written beside its target and takes the target's name when it is complete, so that a failure leaves the
   old file whole. What a run leaves that was killed (.brvhost-*) is removed by the next that writes to the folder.
-  Compressed scores (.mxl) stay compressed.
+  Compressed scores (.mxl) stay compressed; their other members, and what follows the end of an archive, stay as they
+  are. Where it is the folder of a result that refuses it, the message names the folder.
 
   Only --in-place writes to a score. A file that another run is working on, or that somebody changes while brvhost works
   on it, stays as it is, and the exit status is 1.
@@ -147,7 +151,7 @@ FILES
 
 EXIT STATUS
   0    done, whether or not anything changed
-  1    a result could not be written, the extension failed or changed what a score cannot take, or a score needs too
+  1    a result or what is printed could not be written, the extension failed or changed what a score cannot take, or a score needs too
        much memory; the other scores are done
   2    bad usage, or a score that cannot be used; the other scores are done
   3    a bundle that cannot be used
@@ -155,13 +159,14 @@ EXIT STATUS
 
 EXAMPLES
   Hide the ledger lines in the left hand of measures 5 to 8:
-    brvhost run LegerLines --item 0 --staves 2 --measures 5-8 piano.musicxml -o hidden.musicxml
-  Hide them in the outer parts of a quartet, but for measures 9 to 20:
-    brvhost run LegerLines --item 0 --staves 1,4 --measures 1-8,21- quartet.mxl -o hidden.mxl
+    brvhost run LegerLines --item 0 --staves 2 --measures 5-8 a.xml -o b.xml
+  Hide them in the outer parts of a quartet, up to measure 8:
+    brvhost run LegerLines --item 0 --staves 1,4 --measures -8 a.xml -o b.xml
   Show them again in a folder of scores, two at a time:
-    brvhost run LegerLines --item 1 --all --in-place --jobs 2 --recursive scores
+    brvhost run LegerLines --item 1 --all --in-place --jobs 2 -r scores
   Do the same to those that were changed since yesterday:
-    find scores -name '*.mxl' -mtime -1 -print0 | brvhost run LegerLines --item 1 --all --in-place --files-from - -0)";
+    find scores -name '*.mxl' -mtime -1 -print0 |
+      brvhost run LegerLines --item 1 --all --in-place --files-from - -0)";
 
 inline constexpr const char* kCheckAbout =
     "Checks an extension against the calling convention, in a process of its own that may write no file, use no "
@@ -170,7 +175,9 @@ inline constexpr const char* kCheckAbout =
 
 inline constexpr const char* kCheckFooter = R"(EXIT STATUS
   0    every fact holds
-  1    one does not
-  3    there is no such bundle)";
+  1    one does not, or what is printed could not be written
+  2    bad usage
+  3    there is no such bundle
+  130  interrupted)";
 
 }  // namespace brvhost

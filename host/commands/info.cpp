@@ -72,7 +72,7 @@ void PrintScore(const ScoreFile& file) {
 
 void PrintWarnings(const ScoreFile& file) {
   for (const ScoreWarning& warning : file.GetScore().warnings) {
-    Complain(Located(file.Path(), {warning.line, warning.column}, "warning: " + warning.text));
+    Complain(file.LocatedText({warning.line, warning.column}, "warning: " + warning.text));
   }
 }
 

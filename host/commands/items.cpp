@@ -5,7 +5,7 @@
 
 #include "host/batch/extensionprocess.h"
 #include "host/batch/job.h"
-#include "host/bundle/bundlesearch.h"
+#include "host/commands/bundleargument.h"
 #include "host/commands/commands.h"
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
@@ -37,7 +37,7 @@ int ListItems(const Options& options) {
   CountInterrupts();
   Terminal terminal;
   JobSettings settings;
-  settings.bundle = PathOfBundle(options.bundle);
+  settings.bundle = BundleOf(options);
   settings.confine = options.confines;
   ExtensionProcess extension(settings, 0, terminal);
   const auto offer = extension.WaitForOffer();

@@ -8,6 +8,7 @@
 #include "host/bundle/installedbundles.h"
 #include "host/commands/commands.h"
 #include "host/process/exitstatus.h"
+#include "host/process/memoryshortage.h"
 #include "host/process/streams.h"
 #include "host/text/json.h"
 #include "host/text/printable.h"
@@ -37,7 +38,9 @@ std::string JsonOf(const InstalledBundle& bundle) {
 
 int ListBundles(const Options& options) {
   int status = kDone;
-  for (const InstalledBundle& bundle : InstalledBundles(BundleFolders())) {
+  // What reads a bundle takes a lack of memory for a bundle that lacks something.
+  const auto bundles = WithEnoughMemory([] { return InstalledBundles(BundleFolders()); });
+  for (const InstalledBundle& bundle : bundles) {
     if (options.json) Print(stdout, "{}\n", JsonOf(bundle));
     if (bundle.wrong.empty()) {
       if (!options.json) PrintBundle(bundle);

@@ -17,7 +17,7 @@ const CLI::App* CommandOf(const CLI::App& app, const std::vector<std::string>& a
   const std::string& first = arguments[0];
   const auto commands = app.get_subcommands([&](const CLI::App* command) { return command->check_name(first); });
   if (!commands.empty()) return commands[0];
-  if (app.get_option_no_throw(first) == nullptr) throw UsageError(UnknownCommand(first));
+  if (app.get_option_no_throw(first) == nullptr) throw UsageError(UnknownCommand(app, first));
   return nullptr;
 }
 

@@ -10,8 +10,8 @@
 #include "host/batch/job.h"
 #include "host/batch/offer.h"
 #include "host/batch/pool.h"
-#include "host/bundle/bundlesearch.h"
 #include "host/bundle/loadedbundle.h"
+#include "host/commands/bundleargument.h"
 #include "host/commands/commands.h"
 #include "host/commands/regionoptions.h"
 #include "host/commands/targets.h"
@@ -44,7 +44,7 @@ TerminalUse UseOfTerminal(const Options& options) {
 
 int Run(const Options& options) {
   JobSettings settings;
-  settings.bundle = PathOfBundle(options.bundle);
+  settings.bundle = BundleOf(options);
   settings.item = options.item;
   settings.region = RegionOptions(options);
   settings.agree = options.yes;

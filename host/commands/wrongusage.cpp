@@ -6,6 +6,8 @@
 #include <iterator>
 #include <vector>
 
+#include "host/text/nearest.h"
+
 namespace brvhost {
 namespace {
 
@@ -21,13 +23,44 @@ std::string Written(const CLI::Option& option) {
   return option.get_name() + " " + option.get_type_name();
 }
 
+std::vector<std::string> CommandNames(const CLI::App& app) {
+  std::vector<std::string> names;
+  for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; })) {
+    names.push_back(command->get_name());
+  }
+  return names;
+}
+
+// The name in "--name=value".
+std::string NameIn(const std::string& argument) {
+  const std::string name = argument.substr(0, argument.find('='));
+  return name.substr(std::min(name.find_first_not_of('-'), name.size()));
+}
+
+std::string NearestOption(const CLI::App& app, const std::string& argument) {
+  std::vector<std::string> names;
+  for (const CLI::Option* const option : app.get_options())
+    std::ranges::copy(option->get_lnames(), std::back_inserter(names));
+  return NearestName(NameIn(argument), names);
+}
+
+bool HasOption(const CLI::App& command, const std::string& argument) {
+  return command.get_option_no_throw("--" + NameIn(argument)) != nullptr;
+}
+
+std::string DidYouMean(const std::string& name) { return fmt::format("did you mean {}?", name); }
+
 // The first argument that belongs to nothing; empty where there is none.
 std::string Unexpected(const CLI::App& app, const CLI::App& command) {
   std::vector<std::string> rest = command.remaining();
   std::ranges::copy(app.remaining(), std::back_inserter(rest));
   const auto first = std::ranges::find_if(rest, [](const std::string& argument) { return argument != "--"; });
   if (first == rest.end()) return "";
-  if (first->starts_with('-')) return fmt::format("there is no option {}; {}", *first, SeeHelp(command));
+  if (first->starts_with('-')) {
+    const std::string nearest = NearestOption(command, *first);
+    const std::string advice = nearest.empty() ? SeeHelp(command) : DidYouMean("--" + nearest);
+    return fmt::format("there is no option {}; {}", *first, advice);
+  }
   return fmt::format("{}: is one argument too many; {}", *first, SeeHelp(command));
 }
 
@@ -54,16 +87,24 @@ std::string Missing(const CLI::App& command) {
 }  // namespace
 
 std::string NoCommand(const CLI::App& app) {
-  std::string names;
-  for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; })) {
-    names += (names.empty() ? "" : ", ") + command->get_name();
-  }
-  return fmt::format("a command is missing, one of {}; --help explains them", names);
+  return fmt::format("a command is missing, one of {}; --help explains them", fmt::join(CommandNames(app), ", "));
 }
 
-std::string UnknownCommand(const std::string& argument) {
-  if (!argument.starts_with('-')) return fmt::format("there is no command {}; --help lists them", argument);
-  return fmt::format("there is no option {} before a command; --help lists what there is", argument);
+std::string UnknownCommand(const CLI::App& app, const std::string& argument) {
+  if (!argument.starts_with('-')) {
+    const std::string nearest = NearestName(argument, CommandNames(app));
+    return fmt::format("there is no command {}; {}", argument,
+                       nearest.empty() ? "--help lists them" : DidYouMean(nearest));
+  }
+  std::string advice = "--help lists what there is";
+  for (const std::string& name : CommandNames(app)) {
+    if (HasOption(*app.get_subcommand(name), argument) && !HasOption(app, argument)) {
+      advice = fmt::format("it comes after a command, such as {}", name);
+    }
+  }
+  const std::string nearest = NearestOption(app, argument);
+  if (!nearest.empty() && !HasOption(app, argument)) advice = DidYouMean("--" + nearest);
+  return fmt::format("there is no option {} before a command; {}", argument, advice);
 }
 
 std::string MissingScores(const CLI::App& command) {

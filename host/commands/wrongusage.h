@@ -12,7 +12,7 @@ inline constexpr const char* kScoreArgument = "SCORE";
 inline constexpr const char* kScoreList = "--files-from";
 
 std::string NoCommand(const CLI::App& app);
-std::string UnknownCommand(const std::string& argument);
+std::string UnknownCommand(const CLI::App& app, const std::string& argument);
 
 // That a command that works on scores is given none; empty for all else.
 std::string MissingScores(const CLI::App& command);

@@ -9,6 +9,8 @@
 namespace brvhost {
 namespace {
 
+constexpr const char* kBundleArgument = "BUNDLE";
+
 bool IsFolder(const std::string& value) { return value == "DIR"; }
 bool IsFile(const std::string& value) { return value == "FILE"; }
 
@@ -64,6 +66,18 @@ std::string ZshOption(const OptionText& option) {
   return lines;
 }
 
+// Where a bundle is asked for, as alternatives of a shell pattern over the command and the number of the word: second
+// in a command that takes scores, too, and anywhere in others.
+std::string BundlePlaces(const CLI::App& app) {
+  std::string pattern;
+  for (const CommandText& command : DescribeCommands(app)) {
+    if (command.arguments.empty() || command.arguments[0] != kBundleArgument) continue;
+    pattern +=
+        fmt::format("{}{}:{}", pattern.empty() ? "" : "|", command.name, command.arguments.size() > 1 ? "2" : "*");
+  }
+  return pattern;
+}
+
 }  // namespace
 
 std::string BashCompletion(const CLI::App& app) {
@@ -72,6 +86,18 @@ std::string BashCompletion(const CLI::App& app) {
     cases += fmt::format("    {}) options=\"{}\" ;;\n", command.name, OptionNames(command.options));
   }
   return fmt::format(R"(# bash completion for brvhost
+# The lines of the standard input, which may have blanks in them, become what is offered.
+_brvhost_offer() {{
+  compopt -o filenames
+  mapfile -t COMPREPLY
+}}
+_brvhost_bundles() {{
+  local name rest
+  brvhost list 2>/dev/null | while IFS=$'\t' read -r name rest; do
+    [[ $name != "$1"* ]] || printf '%s\n' "$name"
+  done
+  compgen -d -- "$1"
+}}
 _brvhost() {{
   local word=${{COMP_WORDS[COMP_CWORD]}} previous=${{COMP_WORDS[COMP_CWORD-1]}} options
   COMPREPLY=()
@@ -79,9 +105,12 @@ _brvhost() {{
     COMPREPLY=($(compgen -W "{} {}" -- "$word"))
     return
   fi
+  # As it was typed, a name has the shell's quotes around it, or backslashes in it.
+  word=${{word#[\"\']}}
+  word=${{word//\\/}}
   case $previous in
-    {}) compopt -o filenames; COMPREPLY=($(compgen -d -- "$word")); return ;;
-    {}) compopt -o filenames; COMPREPLY=($(compgen -f -- "$word")); return ;;
+    {}) _brvhost_offer < <(compgen -d -- "$word"); return ;;
+    {}) _brvhost_offer < <(compgen -f -- "$word"); return ;;
     {}) return ;;
   esac
   case ${{COMP_WORDS[1]}} in
@@ -91,19 +120,31 @@ _brvhost() {{
     COMPREPLY=($(compgen -W "$options" -- "$word"))
     return
   fi
-  compopt -o filenames
-  COMPREPLY=($(compgen -d -- "$word") $(compgen -f -X '!*.@(musicxml|xml|mxl)' -- "$word"))
+  case ${{COMP_WORDS[1]}}:$COMP_CWORD in
+    {}) _brvhost_offer < <(_brvhost_bundles "$word"); return ;;
+  esac
+  _brvhost_offer < <(compgen -d -- "$word"; compgen -f -X '!*.@(musicxml|xml|mxl)' -- "$word")
 }}
 shopt -s extglob
 complete -F _brvhost brvhost
 )",
                      CommandNames(app), OptionNames(DescribeOptions(app)), Pattern(app, IsFolder), Pattern(app, IsFile),
-                     Pattern(app, IsPlain), cases);
+                     Pattern(app, IsPlain), cases, BundlePlaces(app));
 }
 
 std::string ZshCompletion(const CLI::App& app) {
-  std::string text =
-      "#compdef brvhost\n# zsh completion for brvhost\n_brvhost() {\n  local -a commands\n  commands=(\n";
+  std::string text = R"zsh(#compdef brvhost
+# zsh completion for brvhost
+_brvhost_bundles() {
+  local -a names
+  names=(${(f)"$(brvhost list 2>/dev/null | cut -f 1)"})
+  compadd -a names
+  _files -/
+}
+_brvhost() {
+  local -a commands
+  commands=(
+)zsh";
   for (const CommandText& command : DescribeCommands(app)) {
     text += fmt::format("    '{}:{}'\n", command.name, Escaped(command.about));
   }
@@ -111,11 +152,10 @@ std::string ZshCompletion(const CLI::App& app) {
   for (const CommandText& command : DescribeCommands(app)) {
     text += fmt::format("    {})\n      shift words; (( CURRENT-- ))\n      _arguments", command.name);
     for (const OptionText& option : command.options) text += ZshOption(option);
-    int number = 0;
     for (const std::string& argument : command.arguments) {
-      const bool isBundle = argument == "BUNDLE";
-      text += isBundle ? fmt::format(" \\\n        '{}:bundle:_files -/'", ++number)
-                       : std::string(" \\\n        '*:score:_files -g \"*.(musicxml|xml|mxl)(-.)\"'");
+      text += " \\\n        ";
+      text += argument == kBundleArgument ? "'1:bundle:_brvhost_bundles'"
+                                          : "'*:score:_files -g \"*.(musicxml|xml|mxl)(-.)\"'";
     }
     text += "\n      ;;\n";
   }

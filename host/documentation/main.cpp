@@ -8,20 +8,24 @@
 #include "host/commands/options.h"
 #include "host/documentation/completions.h"
 #include "host/documentation/manualpage.h"
+#include "host/process/exitstatus.h"
+#include "host/process/streams.h"
 
 int main(int argc, char** argv) {
   brvhost::Options options;
   const auto app = brvhost::DescribeCommandLine(options);
   const std::string_view wanted = argc == 2 ? argv[1] : "";
   if (wanted == "man") {
-    fmt::print("{}", brvhost::ManualPage(*app));
+    brvhost::Print(stdout, "{}", brvhost::ManualPage(*app));
   } else if (wanted == "bash") {
-    fmt::print("{}", brvhost::BashCompletion(*app));
+    brvhost::Print(stdout, "{}", brvhost::BashCompletion(*app));
   } else if (wanted == "zsh") {
-    fmt::print("{}", brvhost::ZshCompletion(*app));
+    brvhost::Print(stdout, "{}", brvhost::ZshCompletion(*app));
   } else {
     fmt::print(stderr, "usage: brvhost-docs man|bash|zsh\n");
-    return 2;
+    return brvhost::kBadInput;
   }
-  return 0;
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return brvhost::kDone;
+  fmt::print(stderr, "brvhost-docs: the standard output cannot be written\n");
+  return brvhost::kFailed;
 }

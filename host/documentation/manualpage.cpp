@@ -2,9 +2,8 @@
 
 #include <fmt/format.h>
 
-#include <sstream>
-
 #include "host/bundle/installedpaths.h"
+#include "host/commands/prose.h"
 #include "host/documentation/optionlist.h"
 #include "host/version.h"
 
@@ -33,16 +32,27 @@ std::string OptionEntry(const OptionText& option) {
   return fmt::format(".TP\n{}{}\n{}\n", names, value, Escaped(option.about));
 }
 
-// A footer's headings become sections of the command; what is indented keeps its lines.
-std::string FooterParagraphs(const std::string& footer) {
+// Headings within a section stand above what they are of; paragraphs are filled, and examples are not.
+std::string FooterPiece(const Prose& piece, bool isAfterHeading) {
+  const std::string text = Escaped(piece.text);
+  switch (piece.kind) {
+    case ProseKind::kHeading:
+      return fmt::format(".PP\n\\fB{}\\fR\n.br\n", text);
+    case ProseKind::kParagraph:
+      return fmt::format("{}{}\n", isAfterHeading ? "" : ".PP\n", text);
+    case ProseKind::kItem:
+      return fmt::format(".TP 5\n{}\n{}\n", piece.label, text);
+    default:
+      return fmt::format(".nf\n    {}\n.fi\n", text);
+  }
+}
+
+std::string FooterText(const std::string& footer) {
   std::string text;
-  std::istringstream lines(footer);
-  for (std::string line; std::getline(lines, line);) {
-    if (line.empty()) continue;
-    if (line[0] == ' ')
-      text += Escaped(line) + "\n.br\n";
-    else
-      text += fmt::format(".PP\n\\fB{}\\fR\n.br\n", Escaped(line));
+  bool isAfterHeading = false;
+  for (const Prose& piece : PiecesOf(footer)) {
+    text += FooterPiece(piece, isAfterHeading);
+    isAfterHeading = piece.kind == ProseKind::kHeading;
   }
   return text;
 }
@@ -53,7 +63,7 @@ std::string CommandSection(const CommandText& command) {
   std::string text =
       fmt::format(".SS brvhost {}{} [\\fIOPTIONS\\fR]\n{}\n", command.name, arguments, Escaped(command.about));
   for (const OptionText& option : command.options) text += OptionEntry(option);
-  return text + FooterParagraphs(command.footer);
+  return text + FooterText(command.footer);
 }
 
 // The path of the bundle that is installed with the program, for the prefix of this build and for any other.
@@ -81,7 +91,7 @@ std::string ManualPage(const CLI::App& app) {
   text += ".SH COMMANDS\n";
   for (const CommandText& command : DescribeCommands(app)) text += CommandSection(command);
   text += ".SH FILES\n" + BundleEntry();
-  return text + ".SH NOTES\n" + FooterParagraphs(app.get_footer());
+  return text + ".SH NOTES\n" + FooterText(app.get_footer());
 }
 
 }  // namespace brvhost

@@ -2,16 +2,21 @@
 
 #include <zip.h>
 
+#include <cstddef>
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <new>
+#include <optional>
 #include <stdexcept>
 #include <utility>
 
+#include "host/files/archiveend.h"
 #include "host/files/archivereason.h"
 #include "host/files/deflate.h"
 #include "host/files/deflatedsource.h"
 #include "host/text/inputerror.h"
+#include "host/text/printable.h"
 #include "host/xml/xmlreader.h"
 
 namespace brvhost {
@@ -37,8 +42,12 @@ std::string ReasonOf(zip_error_t* error) {
   throw std::runtime_error("the archive cannot be written: " + ReasonOf(error));
 }
 
-[[noreturn]] void ThrowLarger(const std::string& name) { ThrowBroken(name + " is larger than the archive states"); }
-[[noreturn]] void ThrowSmaller(const std::string& name) { ThrowBroken(name + " is smaller than the archive states"); }
+[[noreturn]] void ThrowLarger(const std::string& name) {
+  ThrowBroken(Excerpt(name) + " is larger than the archive states");
+}
+[[noreturn]] void ThrowSmaller(const std::string& name) {
+  ThrowBroken(Excerpt(name) + " is smaller than the archive states");
+}
 
 // The memory that an archive is read from, and the library's own that it is written to. The bytes outlive it and stay
 // as they are.
@@ -82,12 +91,12 @@ class Source {
 void ReadToTheEnd(zip_t* archive, const zip_stat_t& status, zip_flags_t flags, Bytes& content) {
   const std::string name = status.name;
   const Member file(zip_fopen_index(archive, status.index, flags));
-  if (file == nullptr) ThrowBroken(name + ": " + ReasonOf(zip_get_error(archive)));
+  if (file == nullptr) ThrowBroken(Excerpt(name) + ": " + ReasonOf(zip_get_error(archive)));
   const zip_int64_t count = zip_fread(file.get(), content.Data(), content.Size());
   // A directory may lie about the size; the checksum is compared where the end is found.
   char beyond;
   const zip_int64_t more = count < 0 ? -1 : zip_fread(file.get(), &beyond, 1);
-  if (more < 0) ThrowBroken(name + ": " + ReasonOf(zip_file_get_error(file.get())));
+  if (more < 0) ThrowBroken(Excerpt(name) + ": " + ReasonOf(zip_file_get_error(file.get())));
   if (more > 0) ThrowLarger(name);
   if (count < static_cast<zip_int64_t>(content.Size())) ThrowSmaller(name);
 }
@@ -97,8 +106,8 @@ void ReadDeflated(zip_t* archive, const zip_stat_t& status, Bytes& content) {
   ReadToTheEnd(archive, status, ZIP_FL_COMPRESSED, stream);
   const Unpacked unpacked = Inflate(stream.View(), content);
   if (unpacked == Unpacked::kTooSmall) ThrowLarger(status.name);
-  if (unpacked == Unpacked::kBroken) ThrowBroken(std::string(status.name) + ": its compressed data is damaged");
-  if (Crc32(content.View()) != status.crc) ThrowBroken(std::string(status.name) + ": its checksum does not match");
+  if (unpacked == Unpacked::kBroken) ThrowBroken(Excerpt(status.name) + ": its compressed data is damaged");
+  if (Crc32(content.View()) != status.crc) ThrowBroken(Excerpt(status.name) + ": its checksum does not match");
 }
 
 // The size that a member may unpack to, and the end of the message about one that unpacks to more.
@@ -113,25 +122,39 @@ std::uint64_t MaxFromOneByte(std::uint16_t method) {
   return method == ZIP_CM_DEFLATE ? 1032 : UINT64_MAX;
 }
 
+// A path in an archive starts at its top, whether or not it begins so.
+std::string_view FromTheTop(std::string_view path) {
+  while (path.starts_with("./") || path.starts_with('/')) path.remove_prefix(path.starts_with('/') ? 1 : 2);
+  return path;
+}
+
 // By its name as UTF-8, whatever encoding the archive has it in. The library's own search reports a lack of memory as a
 // missing member.
-zip_uint64_t IndexOf(zip_t* archive, const std::string& member) {
+std::optional<zip_uint64_t> FindMember(zip_t* archive, const std::function<bool(std::string_view)>& isIt) {
   const auto count = static_cast<zip_uint64_t>(zip_get_num_entries(archive, 0));
   for (zip_uint64_t index = 0; index < count; ++index) {
     const char* const name = zip_get_name(archive, index, 0);
     if (name == nullptr) ThrowBroken(ReasonOf(zip_get_error(archive)));
-    if (member == name) return index;
+    if (isIt(name)) return index;
   }
-  throw InputError("the archive has no member " + member);
+  return std::nullopt;
+}
+
+// The member of that name, or else one that is at the same place.
+zip_uint64_t IndexOf(zip_t* archive, const std::string& member) {
+  if (const auto same = FindMember(archive, [&](std::string_view name) { return name == member; })) return *same;
+  const auto isAlike = [&](std::string_view name) { return FromTheTop(name) == FromTheTop(member); };
+  if (const auto alike = FindMember(archive, isAlike)) return *alike;
+  throw InputError("the archive has no member " + Excerpt(member));
 }
 
 Bytes ReadMember(zip_t* archive, const std::string& name, Limit limit) {
   zip_stat_t status;
   if (zip_stat_index(archive, IndexOf(archive, name), 0, &status) != 0) {
-    ThrowBroken(name + ": " + ReasonOf(zip_get_error(archive)));
+    ThrowBroken(Excerpt(name) + ": " + ReasonOf(zip_get_error(archive)));
   }
   if (status.size > limit.size) {
-    throw InputError(name + " unpacks to more than " + std::to_string(limit.size) + " bytes" + limit.advice);
+    throw InputError(Excerpt(name) + " unpacks to more than " + std::to_string(limit.size) + " bytes" + limit.advice);
   }
   if (status.size / MaxFromOneByte(status.comp_method) > status.comp_size) ThrowSmaller(name);
   Bytes content(status.size);
@@ -218,19 +241,7 @@ void Replace(zip_t* archive, zip_uint64_t index, std::string_view content) {
   zip_set_file_compression(archive, index, ZIP_CM_DEFAULT, 0);
 }
 
-}  // namespace
-
-bool IsArchive(std::string_view bytes) { return bytes.starts_with("PK\x03\x04") || bytes.starts_with("PK\x05\x06"); }
-
-ArchivedScore ReadArchivedScore(std::string_view bytes, std::uint64_t maxSize) {
-  Source source(bytes);
-  const Archive archive = source.Open();
-  std::string member = RootFile(archive.get());
-  Bytes content = ReadMember(archive.get(), member, {maxSize, "; --max-size allows more"});
-  return {std::move(member), std::move(content)};
-}
-
-std::string ReplaceMember(std::string_view bytes, const std::string& member, std::string_view content) {
+std::string ReplaceInArchive(std::string_view bytes, const std::string& member, std::string_view content) {
   bool isStored = false;
   std::string replaced = WithChange(bytes, member, [&](zip_t* archive, zip_uint64_t index) {
     isStored = IsStored(archive, index);
@@ -242,6 +253,23 @@ std::string ReplaceMember(std::string_view bytes, const std::string& member, std
   return WithChange(replaced, member, [](zip_t* archive, zip_uint64_t index) {
     if (zip_set_file_compression(archive, index, ZIP_CM_STORE, 0) != 0) ThrowUnwritable(zip_get_error(archive));
   });
+}
+
+}  // namespace
+
+bool IsArchive(std::string_view bytes) { return bytes.starts_with("PK\x03\x04") || bytes.starts_with("PK\x05\x06"); }
+
+ArchivedScore ReadArchivedScore(std::string_view bytes, std::uint64_t maxSize) {
+  Source source(bytes.substr(0, SizeOfArchive(bytes)));
+  const Archive archive = source.Open();
+  std::string member = RootFile(archive.get());
+  Bytes content = ReadMember(archive.get(), member, {maxSize, "; --max-size allows more"});
+  return {std::move(member), std::move(content)};
+}
+
+std::string ReplaceMember(std::string_view bytes, const std::string& member, std::string_view content) {
+  const std::size_t size = SizeOfArchive(bytes);
+  return ReplaceInArchive(bytes.substr(0, size), member, content).append(bytes.substr(size));
 }
 
 }  // namespace brvhost

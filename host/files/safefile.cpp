@@ -22,7 +22,7 @@ constexpr mode_t kUsual = 0666;
 
 SafeFile::SafeFile(const Target& target)
     : target_(target), file_(target.Folder(), target.Existing() != nullptr ? kPrivate : kUsual), writer_(file_.Get()) {
-  if (!file_) target_.Fail("write");
+  if (!file_) target_.FailInFolder();
   if (target_.Existing() != nullptr) KeepAttributes();
 }
 
@@ -60,11 +60,11 @@ void SafeFile::TakeName() {
     target_.ExpectUnchanged();
     if (file_.TakeFreeName(target_.Path())) return;
     if (errno == EEXIST) target_.FailChanged();
-    target_.Fail("write");
+    target_.FailInFolder();
   }
-  if (!file_.TakeTemporaryName()) target_.Fail("write");
+  if (!file_.TakeTemporaryName()) target_.FailInFolder();
   target_.ExpectUnchanged();
-  if (!file_.Replace(target_.Path())) target_.Fail("replace");
+  if (!file_.Replace(target_.Path())) target_.FailInFolder();
 }
 
 }  // namespace brvhost

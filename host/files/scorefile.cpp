@@ -9,10 +9,26 @@
 #include "host/files/bufferedwriter.h"
 #include "host/files/outputerror.h"
 #include "host/files/safefile.h"
+#include "host/process/passingerror.h"
 #include "host/score/musicxml.h"
 #include "host/text/inputerror.h"
+#include "host/text/printable.h"
 
 namespace brvhost {
+namespace {
+
+// What an error in the document of an archive is reported with, too.
+template <class Work>
+auto InMember(const std::string& member, const Work& work) {
+  try {
+    return work();
+  } catch (const InputError& error) {
+    if (member.empty()) throw;
+    throw InputError(Located(Excerpt(member), error.place, error.what()));
+  }
+}
+
+}  // namespace
 
 ScoreFile::ScoreFile(const InputFile& input, std::uint64_t maxSize, int readers)
     : path_(input.Path()), document_(input.Read(maxSize)) {
@@ -23,7 +39,15 @@ ScoreFile::ScoreFile(const InputFile& input, std::uint64_t maxSize, int readers)
     member_ = std::move(score.member);
     document_ = std::move(score.content);
   }
-  score_ = ReadMusicXml(document_.View(), readers);
+  score_ = InMember(member_, [&] { return ReadMusicXml(document_.View(), readers); });
+}
+
+LedgerEdits ScoreFile::Edits() const {
+  return InMember(member_, [this] { return LedgerEdits(document_.View(), score_); });
+}
+
+std::string ScoreFile::LocatedText(TextPlace place, const std::string& message) const {
+  return Located(IsCompressed() ? path_ + ": " + Excerpt(member_) : path_, place, message);
 }
 
 std::optional<std::vector<std::string>> ScoreFile::Save(const LedgerEdits& edits, const Target& target,
@@ -37,7 +61,10 @@ std::optional<std::vector<std::string>> ScoreFile::Save(const LedgerEdits& edits
 bool ScoreFile::Print(const LedgerEdits& edits, int descriptor, const std::string& name,
                       const std::function<bool()>& isCancelled) const {
   const auto expect = [&name](bool isWritten) {
-    if (!isWritten) throw OutputError(name + ": cannot be written: " + std::strerror(errno));
+    if (!isWritten) {
+      const int error = errno;
+      throw OutputError(name + ": cannot be written: " + std::strerror(error), IsPassing(error));
+    }
   };
   if (isCancelled()) return false;
   BufferedWriter writer(descriptor);

@@ -15,6 +15,7 @@
 #include "host/score/changes.h"
 #include "host/score/ledgeredits.h"
 #include "host/score/score.h"
+#include "host/text/inputerror.h"
 
 namespace brvhost {
 
@@ -27,13 +28,15 @@ class ScoreFile {
   Score& GetScore() { return score_; }
   const Score& GetScore() const { return score_; }
   const std::string& Path() const { return path_; }
+  // "file:line:column: message" about the score's document; within an archive with its name there.
+  std::string LocatedText(TextPlace place, const std::string& message) const;
   bool IsCompressed() const { return !member_.empty(); }
   // The archive's member that has the score; empty in a plain file.
   const std::string& Member() const { return member_; }
 
   // What the ledger lines, as they are now, change in the score's document. Throws InputError where a note cannot be
   // changed.
-  LedgerEdits Edits() const { return LedgerEdits(document_.View(), score_); }
+  LedgerEdits Edits() const;
 
   // The same, entry by entry, with the lines of the document.
   std::vector<EntryChange> Changes() const { return ChangesOf(document_.View(), score_); }

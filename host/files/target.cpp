@@ -26,6 +26,9 @@ std::string Resolved(const std::string& path) {
   return file.string();
 }
 
+// Whether it is the folder that has no space, or cannot be written to, with whatever file.
+bool IsOfFolder(int error) { return error == ENOSPC || error == EDQUOT || error == EROFS || error == ENOTDIR; }
+
 // Open for reading, as closing a file that was open for writing tells those who watch it that it was written.
 Descriptor OpenExisting(const std::string& path) {
   constexpr int kFlags = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
@@ -38,6 +41,7 @@ Descriptor OpenExisting(const std::string& path) {
 
 Target::Target(const std::string& name) : name_(name), path_(Resolved(name)) {
   if (stat(name_.c_str(), &status_) != 0) {
+    if (errno == EACCES) FailInFolder();
     if (errno != ENOENT) Fail("write");
     return;
   }
@@ -67,7 +71,13 @@ void Target::ExpectUnchanged() const {
 
 void Target::Fail(const char* step) const {
   const int error = errno;
+  if (IsOfFolder(error)) FailInFolder();
   throw OutputError(name_ + ": cannot " + step + ": " + std::strerror(error), IsPassing(error));
+}
+
+void Target::FailInFolder() const {
+  const int error = errno;
+  throw OutputError(name_ + ": cannot write to the folder " + Folder() + ": " + std::strerror(error), IsPassing(error));
 }
 
 void Target::FailChanged() const { throw OutputError(name_ + ": was changed while brvhost worked on it", true); }

@@ -34,8 +34,10 @@ class Target {
   // Nobody has changed the place since.
   void ExpectUnchanged() const;
 
-  // "name: cannot step: the system's reason", from errno.
+  // "name: cannot step: the system's reason", from errno; with the folder where that is the reason.
   [[noreturn]] void Fail(const char* step) const;
+  // The same of the folder, which does not take the file.
+  [[noreturn]] void FailInFolder() const;
   [[noreturn]] void FailChanged() const;
 
  private:

@@ -3,13 +3,14 @@
 #include "host/score/score.h"
 #include "host/text/blanks.h"
 #include "host/text/inputerror.h"
+#include "host/text/printable.h"
 #include "host/xml/xmlreader.h"
 
 namespace brvhost {
 namespace {
 
 [[noreturn]] void ThrowBadNumber(const char* what, const std::string& text) {
-  throw InputError(std::string(what).append(" is \"").append(WithoutBlanks(text)).append("\""));
+  throw InputError(std::string(what).append(" is \"").append(Excerpt(WithoutBlanks(text))).append("\""));
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 
 #include "host/text/blanks.h"
 #include "host/text/inputerror.h"
+#include "host/text/printable.h"
 
 namespace brvhost {
 namespace {
@@ -66,7 +67,7 @@ void MusicXmlHandler::StartRoot(const char* name) {
   score_.units = position_->Units();
   timewise_ = SameName(name, "score-timewise");
   if (IsRootOfScore(name)) return;
-  throw InputError(std::string("not MusicXML: the root element is <").append(name).append(">"));
+  throw InputError(std::string("not MusicXML: the root element is <").append(Excerpt(name)).append(">"));
 }
 
 void MusicXmlHandler::StartOuter(const char* name, const XmlAttributes& attributes) {

@@ -4,6 +4,7 @@
 #include <unicode/unistr.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 namespace brvhost {
@@ -33,6 +34,20 @@ std::string Printable(std::string_view text) {
   std::string bytes;
   shown.toUTF8String(bytes);
   return bytes;
+}
+
+std::string Excerpt(std::string_view text) {
+  constexpr std::size_t kMaxCharacters = 60;
+  constexpr std::size_t kMaxBytes = 4 * kMaxCharacters;
+  const auto isFirst = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; };
+  std::string shown = Printable(text.substr(0, kMaxBytes + 1));
+  std::size_t end = 0;
+  for (std::size_t characters = 0; end < shown.size(); ++end) {
+    if (isFirst(shown[end]) && characters++ == kMaxCharacters) break;
+  }
+  if (end == shown.size() && text.size() <= kMaxBytes) return shown;
+  shown.resize(end);
+  return shown + "...";
 }
 
 }  // namespace brvhost

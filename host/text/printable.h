@@ -10,4 +10,7 @@ namespace brvhost {
 // become blanks, and what is not UTF-8 becomes U+FFFD.
 std::string Printable(std::string_view text);
 
+// The same, cut after some sixty characters: for text within a message.
+std::string Excerpt(std::string_view text);
+
 }  // namespace brvhost

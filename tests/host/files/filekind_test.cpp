@@ -3,20 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "tests/host/files/temporaryfolder.h"
 
 namespace brvhost {
 namespace {
 
-class FileKinds : public TemporaryFolder {
- protected:
-  std::string Write(const std::string& name, const std::string& content) const {
-    std::ofstream(folder / name) << content;
-    return folder / name;
-  }
-};
+class FileKinds : public TemporaryFolder {};
 
 TEST_F(FileKinds, OfScoresFollowTheirContentOrTheirName) {
   for (const char* const root :

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <string>
 
@@ -81,6 +82,24 @@ TEST_F(Targets, AreTheScoreThatWasOpenedOrChanged) {
   fs::rename(Write("other", "old"), path);
   EXPECT_EQ(Problem(path, [&] { Target(path.string()).ExpectSameAs(score.Identity()); }),
             "was changed while brvhost worked on it");
+}
+
+TEST_F(Targets, BlameTheFolderThatRefusesThem) {
+  const fs::path path = folder / "score";
+  const Target target(path.string());
+  const auto failure = [&](int error) {
+    return Problem(path, [&] {
+      errno = error;
+      target.Fail("write");
+    });
+  };
+  const std::string blamed = "cannot write to the folder " + folder.string() + ": ";
+  EXPECT_EQ(failure(ENOSPC), blamed + "No space left on device");
+  EXPECT_EQ(failure(EROFS), blamed + "Read-only file system");
+  EXPECT_EQ(failure(EDQUOT), blamed + "Disk quota exceeded");
+  EXPECT_EQ(failure(EFBIG), "cannot write: File too large");
+  const fs::path below = Write("file", "") / "score";
+  EXPECT_EQ(ProblemOf(below), "cannot write to the folder " + below.parent_path().string() + ": Not a directory");
 }
 
 }  // namespace

@@ -95,7 +95,7 @@ class Check(Case):
     def test_refuses_a_bundle_that_cannot_be_there(self):
         loop = self.folder / "loop"
         loop.symlink_to(loop)
-        for bundle in (loop, "x" * 5000):
+        for bundle in (loop, self.folder / ("x" * 5000)):
             self.fails(brvhost("check", bundle), 3, f"brvhost: {bundle}: there is no such bundle\n")
 
     def test_needs_a_place_for_temporary_files(self):

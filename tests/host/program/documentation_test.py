@@ -31,6 +31,19 @@ class Help(Case):
             self.assertIn("EXIT STATUS", text)
         self.assertEqual(len(options_in_help("run")), 27)
 
+    def test_fits_into_80_columns(self):
+        for command in ([], *([command] for command in COMMANDS)):
+            text = self.succeeds(brvhost(*command, "--help")).stdout
+            self.assertEqual([line for line in text.splitlines() if len(line) > 80], [])
+            self.assertNotRegex(text, r" \n|\n\n\n|^\n|\n\n$")
+
+    def test_lists_the_statuses_of_each_command(self):
+        statuses = {"list": "0 1 2 3 130", "items": "0 1 2 3 130", "info": "0 1 2 130", "run": "0 1 2 3 130", "check": "0 1 2 3 130"}
+        for command, listed in statuses.items():
+            text = brvhost(command, "--help").stdout
+            section = re.search(r"^EXIT STATUS\n((?: .*\n)+)", text, re.MULTILINE)[1]
+            self.assertEqual(" ".join(re.findall(r"^  (\d+)  ", section, re.MULTILINE)), listed)
+
     def test_names_the_version(self):
         self.assertRegex(self.succeeds(brvhost("--version")).stdout, r"^brvhost \d+\.\d+\.\d+\n$")
 
@@ -61,42 +74,15 @@ class Manual(Case):
         process = subprocess.run(["groff", "-man", "-Tascii", "-ww", MANUAL], capture_output=True, text=True)
         self.assertEqual((process.returncode, process.stderr), (0, ""))
 
-
-class BashCompletion(Case):
-    def complete(self, *words):
-        script = f'source {BASH}; COMP_WORDS=({" ".join(words)}); COMP_CWORD={len(words) - 1}; compopt() {{ :; }}; ' \
-                 '_brvhost; printf "%s\\n" "${COMPREPLY[@]}"'
-        # Patterns are switched on first: the completion uses them, and bash reads the whole line before it runs any of it.
-        process = subprocess.run(["bash", "-O", "extglob", "-c", script], capture_output=True, text=True, cwd=self.folder)
-        self.assertEqual(process.stderr, "")
-        return set(process.stdout.split())
-
-    def test_completes_commands(self):
-        self.assertEqual(self.complete("brvhost", "i"), {"items", "info"})
-
-    def test_completes_options(self):
-        self.assertEqual(self.complete("brvhost", "run", "--st"), {"--staves", "--start-at"})
-        for command in COMMANDS:
-            self.assertLessEqual(options_in_help(command), self.complete("brvhost", command, "--"))
-
-    def test_completes_scores_and_folders(self):
-        for name in ("a.mxl", "b.musicxml", "c.txt"):
-            self.write(name, "")
-        (self.folder / "d").mkdir()
-        self.assertEqual(self.complete("brvhost", "info", '""'), {"a.mxl", "b.musicxml", "d"})
-        self.assertEqual(self.complete("brvhost", "run", "--out-dir", '""'), {"d"})
-
-
-class ZshCompletion(Case):
-    def test_holds_every_option(self):
-        text = ZSH.read_text()
-        for command in COMMANDS:
-            for option in options_in_help(command):
-                self.assertIn(f"'{option}[", text)
-
-    @unittest.skipUnless(shutil.which("zsh"), "no zsh")
-    def test_is_good_zsh(self):
-        self.succeeds(subprocess.run(["zsh", "-n", ZSH], capture_output=True, text=True))
+    @unittest.skipUnless(shutil.which("groff"), "no groff")
+    def test_fills_its_paragraphs(self):
+        for width in (60, 100):
+            process = subprocess.run(["groff", "-man", "-Tascii", "-P-cbou", f"-rLL={width}n", MANUAL], capture_output=True, text=True)
+            words = [line.split() for line in process.stdout.splitlines()]
+            longest = max(len(line) for line in process.stdout.splitlines() if "brvhost" not in line)
+            self.assertIn(longest, range(width - 8, width + 1))
+            self.assertIn(["THE", "REGION"], words)
+            self.assertNotIn("EXIT STATUS 0", process.stdout)
 
 
 if __name__ == "__main__":

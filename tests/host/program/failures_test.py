@@ -30,7 +30,7 @@ class Failures(Case):
         old = target / "out.musicxml"
         old.write_text("old")
         process = run(HIDE, "--all", self.score, "-o", self.folder / "none" / "out.musicxml")
-        self.fails(process, 1, "none/out.musicxml: cannot write: No such file or directory")
+        self.fails(process, 1, f"none/out.musicxml: cannot write to the folder {self.folder}/none: No such file or directory\n")
         self.fails(run(HIDE, "--all", self.score, "-o", target), 1, "is not a regular file")
         self.fails(run(HIDE, "--all", self.score, "-o", "/dev/full"), 1, "/dev/full: is not a regular file")
         self.assertEqual(old.read_text(), "old")

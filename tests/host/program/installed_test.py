@@ -65,7 +65,7 @@ class Names(Installed):
     def test_lead_to_what_is_in_the_working_folder_before_all_others(self):
         self.install(self.first)
         (self.folder / "here/LegerLines").mkdir()
-        self.fails(self.brvhost("items", "LegerLines"), 3, f"brvhost: LegerLines: has no executable for {SYSTEM}\n")
+        self.fails(self.brvhost("items", "LegerLines"), 3, "brvhost: LegerLines: is a folder, not a bundle\n")
 
     def test_with_a_slash_are_paths(self):
         self.install(self.first)
@@ -74,6 +74,7 @@ class Names(Installed):
 
     def test_that_nothing_has_are_reported_with_what_was_searched(self):
         path = self.install(self.first)
+        self.install(self.second)
         searched = f"{self.first}, {self.second}, {self.users} and {self.programs}"
         for name, bundle, advice in (("LegerLine", "LegerLine", "did you mean LegerLines?"),
                                      ("legerlines.bundle", "legerlines", "did you mean LegerLines?"),

@@ -101,7 +101,7 @@ class Run(JsonCase):
     def test_prints_that_no_repetition_helps_where_there_is_no_such_folder(self):
         target = self.folder / "none" / "out.musicxml"
         process = run(HIDE, "--all", "--json", self.score, "-o", target)
-        error = f"{target}: cannot write: No such file or directory"
+        error = f"{target}: cannot write to the folder {target.parent}: No such file or directory"
         self.assertEqual(self.one(process), self.line("failed", target=target, error=error))
 
     def test_prints_that_no_repetition_helps_where_the_extension_is_at_fault(self):

@@ -62,7 +62,7 @@ class Memory(Case):
         process, peak = peak_of("info", path)
         place = len(HEAD) + 3 * (256 - 3) + 1  # three elements are open when the nested ones start
         self.assertEqual((process.returncode, process.stderr),
-                         (2, f"brvhost: {path}:1:{place}: elements are nested more than 256 deep\n"))
+                         (2, f"brvhost: {path}: x.xml:1:{place}: elements are nested more than 256 deep\n"))
         self.assertLess(peak, 300 * MEGABYTE)
 
     def test_that_one_score_lacks_is_there_for_the_others(self):

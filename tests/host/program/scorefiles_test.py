@@ -54,7 +54,7 @@ class BadScores(Case):
                      "e.mxl: not a readable .mxl archive: it has no directory at its end; the file may be cut off\n")
         self.refuses("f.mxl", whole[:100] + b"\0\0\0\0" + whole[104:], "f.mxl: ")
         self.refuses("g.mxl", self.archive({"META-INF/container.xml": self.container("x.xml"), "x.xml": "<html/>"}),
-                     "g.mxl:1:1: not MusicXML")
+                     "g.mxl: x.xml:1:1: not MusicXML")
 
     def test_are_reported_with_the_member_that_is_damaged(self):
         # A directory with the right length, and one with a wrong length, over a stream that was replaced.

@@ -27,5 +27,19 @@ TEST(Printable, ShowsWhereTextIsNotUtf8) {
   EXPECT_EQ(Printable("\x9b"), "\uFFFD");
 }
 
+TEST(Excerpt, IsTheTextUpToSixtyCharacters) {
+  const std::string sixty(60, 'x');
+  EXPECT_EQ(Excerpt(""), "");
+  EXPECT_EQ(Excerpt(sixty), sixty);
+  EXPECT_EQ(Excerpt(sixty + "y"), sixty + "...");
+  EXPECT_EQ(Excerpt(std::string(1'000'000, 'x')), sixty + "...");
+  std::string notes;
+  for (int i = 0; i < 60; ++i) notes += "\U0001D11E";
+  EXPECT_EQ(Excerpt(notes), notes);
+  EXPECT_EQ(Excerpt(notes + "x"), notes + "...");
+  EXPECT_EQ(Excerpt(notes + "\U0001D11E"), notes + "...");
+  EXPECT_EQ(Excerpt("a\nb\x1B[2J"), "a b [2J");
+}
+
 }  // namespace
 }  // namespace brvhost
