@@ -91,7 +91,7 @@ std::optional<Offer> ExtensionProcess::WaitForOffer() {
 
 void ExtensionProcess::Start(std::uint64_t job, std::size_t slot, const Channel& worker,
                              const Descriptor& output) const {
-  channel_.Send(StartMessage{job, slot}, {worker.Get(), output.Get()});
+  channel_.Send(StartMessage{job, slot, static_cast<std::uint64_t>(item_)}, {worker.Get(), output.Get()});
 }
 
 void ExtensionProcess::ShowOutput() {

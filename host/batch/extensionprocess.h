@@ -28,6 +28,8 @@ class ExtensionProcess {
   // a score may.
   [[nodiscard]] std::optional<Offer> WaitForOffer();
 
+  // The menu item that workers run from now on.
+  void UseItem(int item) { item_ = item; }
   // Starts a worker; the caller closes its ends.
   void Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output) const;
   // Cancels the work of all workers, on the interrupts so far.
@@ -75,6 +77,7 @@ class ExtensionProcess {
   ForeignOutput output_;
   Channel channel_;
   std::optional<GuardedChild> process_;
+  int item_ = 0;
   bool isLost_ = false;
   int interruptsPassedOn_ = 0;
 };

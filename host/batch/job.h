@@ -14,8 +14,8 @@ namespace brvhost {
 
 // What holds for every score of a run.
 struct JobSettings {
-  std::string bundle;  // the path of the extension's
-  int item = 0;
+  std::string bundle;    // the path of the extension's
+  std::string itemName;  // that is looked for in the menu; empty: none
   RegionRequest region;
   bool agree = false;  // to every question
   std::uint64_t maxSize = kDefaultMaxSize;

@@ -79,7 +79,7 @@ class Loader {
         ReportWhereaboutsTo(whereabouts_[message.slot]);
         supervisor_ = {};
         for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) dup2(output.Get(), stream);
-        return RunWorker(extension_, settings_, std::move(keeper));
+        return RunWorker(extension_, settings_, static_cast<int>(message.item), std::move(keeper));
       });
       workers_.push_back({message.job, process, std::nullopt});
     } catch (const std::system_error&) {
@@ -124,11 +124,13 @@ class Loader {
 };
 
 // Null where there is nothing to serve, or the extension has closed the line.
-std::unique_ptr<Extension> Load(const std::string& path, const Channel& supervisor) {
+std::unique_ptr<Extension> Load(const JobSettings& settings, const Channel& supervisor) {
+  const std::string& path = settings.bundle;
   try {
-    auto [extension, offer] = WithEnoughMemory([&path] {
+    auto [extension, offer] = WithEnoughMemory([&] {
       auto loaded = std::make_unique<Extension>(path);
-      const Offer offered{loaded->Items(), loaded->MenuStatus() != 0};
+      Offer offered{loaded->Items(), {}, loaded->MenuStatus() != 0};
+      if (!settings.itemName.empty()) offered.matches = loaded->MatchesOf(settings.itemName, offered.items.size());
       return std::pair(std::move(loaded), EncodeOffer(offered));
     });
     if (supervisor.Send(OfferMessage{std::move(offer)})) return std::move(extension);
@@ -158,7 +160,7 @@ int LoadAndServe(const JobSettings& settings, Channel& supervisor, const SharedW
     supervisor.Send(FailureMessage{ReasonOf(error)});
     return kFailed;
   }
-  const auto extension = Load(settings.bundle, supervisor);
+  const auto extension = Load(settings, supervisor);
   if (extension == nullptr) return kBadBundle;
   Loader(*extension, settings, supervisor, whereabouts).Serve();
   End(*extension, supervisor);

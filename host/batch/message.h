@@ -121,6 +121,7 @@ struct EndedMessage {
 struct StartMessage {
   std::uint64_t job = 0;
   std::uint64_t slot = 0;
+  std::uint64_t item = 0;
 };
 struct InterruptMessage {};
 struct EndMessage {

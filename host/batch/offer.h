@@ -11,7 +11,8 @@ namespace brvhost {
 
 struct Offer {
   std::vector<MenuItem> items;
-  bool isEnabled = true;  // whether the host offers the items at all
+  std::vector<NameMatch> matches;  // of each item with the name that is looked for
+  bool isEnabled = true;           // whether the host offers the items at all
 };
 
 // The bytes of an offer, and back.

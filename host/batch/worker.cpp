@@ -24,13 +24,13 @@ namespace brvhost {
 namespace {
 
 void Invoke(DocumentImage& image, OpenDocument& document, const JobSettings& settings, const Extension& extension,
-            Channel& channel) {
+            int item, Channel& channel) {
   DistantUser user(channel, settings.agree);
   Session session(extension, document, user);
   // The extension may write to its records.
   const auto invoke = [&](EREGION* selected) {
     EREGION fallback = WholeScore(image.score);
-    extension.Invoke(settings.item, selected, &fallback);
+    extension.Invoke(item, selected, &fallback);
   };
   if (image.blocks.empty()) invoke(nullptr);
   for (const Block& block : image.blocks) {
@@ -57,39 +57,41 @@ void SendWarnings(const OpenDocument& document, const Channel& channel) {
       WarningMessage{fmt::format("added records to the document, which a score cannot hold: {} in all", added)});
 }
 
-Message RunToTheEnd(DocumentImage& image, const JobSettings& settings, const Extension& extension, Channel& channel) {
+Message RunToTheEnd(DocumentImage& image, const JobSettings& settings, const Extension& extension, int item,
+                    Channel& channel) {
   OpenDocument document(image.score, std::move(image.records));
-  Invoke(image, document, settings, extension, channel);
+  Invoke(image, document, settings, extension, item, channel);
   SendWarnings(document, channel);
   return ResultOf(document, image.score);
 }
 
-Message Run(std::string_view document, const JobSettings& settings, const Extension& extension, Channel& channel) {
+Message Run(std::string_view document, const JobSettings& settings, const Extension& extension, int item,
+            Channel& channel) {
   try {
     const MemoryLimit limit(settings.maxMemory.value_or(DefaultMemory(document.size())), 1);
     return limit.During([&] {
       DocumentImage image = ReadImage(document);
-      return WithEnoughMemory([&] { return RunToTheEnd(image, settings, extension, channel); });
+      return WithEnoughMemory([&] { return RunToTheEnd(image, settings, extension, item, channel); });
     });
   } catch (const std::exception& error) {
     return Failure(fmt::format("failed: {}; nothing was written", ReasonOf(error)), MayPass(error));
   }
 }
 
-int Work(const Extension& extension, const JobSettings& settings, Channel& channel) {
+int Work(const Extension& extension, const JobSettings& settings, int item, Channel& channel) {
   const auto first = channel.Receive();
   if (!first || !std::holds_alternative<DocumentMessage>(*first)) return kFailed;  // the score cannot be used
-  const Message result = Run(std::get<DocumentMessage>(*first).text, settings, extension, channel);
+  const Message result = Run(std::get<DocumentMessage>(*first).text, settings, extension, item, channel);
   std::fflush(nullptr);  // what the extension printed is there before the result
   return channel.Send(result) ? kDone : kFailed;
 }
 
 }  // namespace
 
-int RunWorker(const Extension& extension, const JobSettings& settings, Channel channel) {
+int RunWorker(const Extension& extension, const JobSettings& settings, int item, Channel channel) {
   PressCancelKeysOnInterrupt();
   try {
-    return Work(extension, settings, channel);
+    return Work(extension, settings, item, channel);
   } catch (const std::bad_alloc&) {
     channel.Send(NoMemoryMessage{});
     return kFailed;

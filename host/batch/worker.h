@@ -9,6 +9,6 @@
 namespace brvhost {
 
 // Returns the process's exit status.
-[[nodiscard]] int RunWorker(const Extension& extension, const JobSettings& settings, Channel channel);
+[[nodiscard]] int RunWorker(const Extension& extension, const JobSettings& settings, int item, Channel channel);
 
 }  // namespace brvhost

@@ -3,10 +3,13 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <new>
 
 #include "BrvEDK/Source/stringids.h"
+#include "host/bundle/bundlelanguages.h"
+#include "host/bundle/userlanguage.h"
 #include "host/text/cfowner.h"
 #include "host/text/utf8.h"
 
@@ -46,6 +49,22 @@ std::vector<MenuItem> Extension::Items() const {
         {Utf8FromUnits(texts.text1, kUnits), Utf8FromUnits(texts.text2, kUnits), Utf8FromUnits(texts.text3, kUnits)});
   }
   throw BundleError(fmt::format("{}: offers more than {} menu items", bundle_.Path(), kMaxItems));
+}
+
+std::vector<NameMatch> Extension::MatchesOf(const std::string& name, std::size_t count) const {
+  std::vector<NameMatch> matches(count, NameMatch::kNone);
+  const auto match = [&] {
+    const std::vector<MenuItem> items = Items();
+    for (std::size_t i = 0; i < std::min(items.size(), count); ++i) {
+      matches[i] = std::max(matches[i], MatchOf(name, items[i].name));
+    }
+  };
+  match();
+  for (const std::string& language : LanguagesOf(bundle_.Path())) {
+    const UserLanguage other(language);
+    match();
+  }
+  return matches;
 }
 
 std::string Extension::LocalizedText(std::int32_t stringID) const {

@@ -4,12 +4,14 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
 #include "host/bundle/bundleexecutable.h"
 #include "host/bundle/bundlefolders.h"
+#include "host/bundle/bundlelanguages.h"
 #include "host/bundle/bundlename.h"
 #include "host/bundle/bundlesystems.h"
 #include "host/bundle/createbundle.h"
@@ -31,17 +33,6 @@ std::string VersionOf(CFBundleRef bundle) {
     return Utf8FromString(static_cast<CFStringRef>(value));
   }
   return "";
-}
-
-std::vector<std::string> LanguagesOf(const std::string& bundle) {
-  constexpr std::string_view kEnding = ".lproj";
-  std::vector<std::string> languages;
-  for (const std::string& name : NamesIn(bundle + "/Contents/Resources").value_or(std::vector<std::string>())) {
-    if (!name.ends_with(kEnding)) continue;
-    const std::string language = name.substr(0, name.size() - kEnding.size());
-    if (!language.empty() && language != "Base") languages.push_back(language);
-  }
-  return languages;
 }
 
 InstalledBundle Described(const std::string& path) {

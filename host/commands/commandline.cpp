@@ -1,11 +1,11 @@
 #include "host/commands/commandline.h"
 
-#include <limits>
 #include <string>
 #include <vector>
 
 #include "host/commands/helpformatter.h"
 #include "host/commands/helptexts.h"
+#include "host/commands/itemoption.h"
 #include "host/commands/optionvalues.h"
 #include "host/commands/wrongusage.h"
 #include "host/version.h"
@@ -167,8 +167,11 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   CLI::App& run = *app->add_subcommand("run", kRunAbout);
   AddBundle(run, options);
   AddScores(run, options);
-  AddNumber(run, "--item", "N", options.item, {0, std::numeric_limits<int>::max()},
-            "The menu item, as `brvhost items` numbers them")
+  AddValue(
+      run, "--item", "ITEM",
+      "The menu item: its number, as `brvhost items` has it, or its name or a part of that, in any language of the "
+      "extension",
+      [&options](const std::string& option, const std::string& value) { TakeItem(option, value, options); })
       ->required();
   AddTargets(run, options);
   AddRegion(run, options);

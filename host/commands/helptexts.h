@@ -65,7 +65,12 @@ inline constexpr const char* kRunAbout =
     "Runs one menu item of an extension on each score, and writes the result. A result differs from its score in the "
     "attribute print-leger of those notes that the extension changed, and in nothing else.";
 
-inline constexpr const char* kRunFooter = R"(THE REGION
+inline constexpr const char* kRunFooter = R"(THE ITEM
+  --item takes a number, as `brvhost items` has it, or a name: the whole name of an item, else what a name starts with,
+  else a part of one, in any language that the extension has its texts in, and without regard to case. What fits several
+  items is refused with a list of these.
+
+THE REGION
   With any of --staves, --parts, --measures, --start-at and --end-at, the extension works on that region; an end that is
   not given is that of the score. With --all, or with --layers or --voices alone, it is the whole score. With none of these nothing is
   selected: the extension asks whether it may work on the whole score. Where there is no terminal to ask on, this is
@@ -159,14 +164,14 @@ EXIT STATUS
 
 EXAMPLES
   Hide the ledger lines in the left hand of measures 5 to 8:
-    brvhost run LegerLines --item 0 --staves 2 --measures 5-8 a.xml -o b.xml
+    brvhost run LegerLines --item hide --staves 2 --measures 5-8 a.xml -o b.xml
   Hide them in the outer parts of a quartet, up to measure 8:
-    brvhost run LegerLines --item 0 --staves 1,4 --measures -8 a.xml -o b.xml
+    brvhost run LegerLines --item hide --staves 1,4 --measures -8 a.xml -o b.xml
   Show them again in a folder of scores, two at a time:
-    brvhost run LegerLines --item 1 --all --in-place --jobs 2 -r scores
+    brvhost run LegerLines --item show --all --in-place --jobs 2 -r scores
   Do the same to those that were changed since yesterday:
     find scores -name '*.mxl' -mtime -1 -print0 |
-      brvhost run LegerLines --item 1 --all --in-place --files-from - -0)";
+      brvhost run LegerLines --item show --all --in-place --files-from - -0)";
 
 inline constexpr const char* kCheckAbout =
     "Checks an extension against the calling convention, in a process of its own that may write no file, use no "

@@ -19,6 +19,7 @@ struct Options {
   bool recursive = false;
 
   int item = 0;
+  std::string itemName;  // instead of the number
   std::string output;
   std::string outputFolder;
   bool inPlace = false;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -13,6 +12,7 @@
 #include "host/bundle/loadedbundle.h"
 #include "host/commands/bundleargument.h"
 #include "host/commands/commands.h"
+#include "host/commands/itemoption.h"
 #include "host/commands/regionoptions.h"
 #include "host/commands/targets.h"
 #include "host/commands/usageerror.h"
@@ -25,12 +25,10 @@
 namespace brvhost {
 namespace {
 
-void CheckItem(const Offer& offer, const Options& options, const std::string& bundle) {
-  const auto count = std::ssize(offer.items);
-  if (options.item < 0 || options.item >= count) {
-    throw UsageError(fmt::format("--item {}: the extension has {} items, from 0", options.item, count));
-  }
+int ItemOf(const Offer& offer, const Options& options, const std::string& bundle) {
+  const int item = ChosenItem(offer, options);
   if (!offer.isEnabled) throw BundleError(bundle + ": the extension's menu items are disabled");
+  return item;
 }
 
 TerminalUse UseOfTerminal(const Options& options) {
@@ -45,7 +43,7 @@ TerminalUse UseOfTerminal(const Options& options) {
 int Run(const Options& options) {
   JobSettings settings;
   settings.bundle = BundleOf(options);
-  settings.item = options.item;
+  settings.itemName = options.itemName;
   settings.region = RegionOptions(options);
   settings.agree = options.yes;
   settings.maxSize = options.maxSize;
@@ -71,7 +69,7 @@ int Run(const Options& options) {
     pool.GiveUp();
     return kInterrupted;
   }
-  CheckItem(*offer, options, settings.bundle);
+  extension.UseItem(ItemOf(*offer, options, settings.bundle));
   MakeFolders(jobs, options);
   RemoveLeftovers(jobs);
   const int status = pool.Run();

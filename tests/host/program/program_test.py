@@ -378,7 +378,7 @@ class WrongCommandLines(Case):
         self.refuses("run needs SCORE; `brvhost run --help` explains what it takes", "run", "a", "--item", "0")
 
     def test_lack_an_option(self):
-        self.refuses("run needs --item N; `brvhost run --help` explains what it takes", "run", "a", "b")
+        self.refuses("run needs --item ITEM; `brvhost run --help` explains what it takes", "run", "a", "b")
 
     def test_have_an_option_that_there_is_not(self):
         for option in ("--fly", "--fly=1", "-z", "-za"):
@@ -392,13 +392,13 @@ class WrongCommandLines(Case):
         self.refuses("info: is one argument too many; `brvhost items --help` explains what it takes", "items", "a", "info", "b")
 
     def test_end_before_the_value_of_an_option(self):
-        for option, value in (("--item", "N"), ("--staves", "LIST"), ("--jobs", "N"), ("--timeout", "SECONDS"),
+        for option, value in (("--item", "ITEM"), ("--staves", "LIST"), ("--jobs", "N"), ("--timeout", "SECONDS"),
                               ("--max-size", "SIZE"), ("--layers", "LIST"), ("--out-dir", "DIR"), ("--output", "FILE")):
             self.refuses_run(f"{option}: needs a value, {option} {value}", option)
         self.refuses_run("-o: needs a value, --output FILE", "-o")
 
     def test_have_nothing_where_a_value_should_be(self):
-        for option, value in (("--item", "N"), ("--staves", "LIST"), ("--output", "FILE")):
+        for option, value in (("--item", "ITEM"), ("--staves", "LIST"), ("--output", "FILE")):
             self.refuses_run(f"{option}: is empty", option, "")
             # The next argument is not the value, either.
             self.refuses_run(f"{option}=: needs a value, {option} {value}", f"{option}=", "0")
@@ -418,7 +418,8 @@ class WrongCommandLines(Case):
         self.refuses("--max-size=: No such file or directory", "info", "--", "--max-size=")
 
     def test_have_a_number_that_is_none_or_out_of_range(self):
-        ranges = {"--item": ("-1", "0 on"), "--jobs": ("257", "1 to 256"), "--timeout": ("0", "1 to 1000000")}
+        self.refuses_run("--item 99999999999: is not a whole number from 0 on", "--item", "99999999999")
+        ranges = {"--jobs": ("257", "1 to 256"), "--timeout": ("0", "1 to 1000000")}
         for option, (outside, limits) in ranges.items():
             for value in (outside, "x", "1.5", "1x", "0x1", "99999999999", "--all"):
                 self.refuses_run(f"{option} {value}: is not a whole number from {limits}", option, value)
