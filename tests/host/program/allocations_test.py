@@ -6,7 +6,7 @@ import struct
 import subprocess
 import unittest
 
-from brvhost import COUNTED, Case, HIDDEN_NOTE, LEGER_LINES, PROGRAM, SANITIZED, hiding, score
+from brvhost import COUNTED, Case, HIDDEN_NOTE, LEGER_LINES, NOTE, PROGRAM, SANITIZED, hiding, score
 
 ALLOCATIONS = os.environ["BRV_FAILING_ALLOCATIONS"]
 # Each allocation of all processes takes minutes; otherwise some of those are left out of which there are many.
@@ -100,6 +100,16 @@ class Allocations(Case):
     def test_of_each_process_leave_a_new_result_whole(self):
         command = hiding(self.score, "-o", self.folder / "out.musicxml")
         for thread, stride in ((SUPERVISOR, 31), (KEEPER, 1), (GUARD, 1), (LOADER, 5), (WORKER, 1)):
+            self.survives(thread, *command, stride=stride)
+
+    def test_of_each_process_leave_the_result_of_a_region_by_names_whole(self):
+        names = '<score-part id="P1"><part-name>Violin</part-name></score-part><score-part id="P2"><part-name>Viola</part-name></score-part>'
+        measures = "".join(f'<measure number="{number}">{NOTE}</measure>' for number in (0, 1, 2, 1))
+        self.score.write_text(f'<score-partwise><part-list>{names}</part-list><part id="P1">{measures}</part><part id="P2">'
+                              f"{measures}</part></score-partwise>")
+        command = ("run", LEGER_LINES, "--item", "ausblenden", "--parts", "VIOLA,P1", "--voices", "1", "--measures", "m0,m1/2", self.score,
+                   "-o", self.folder / "out.musicxml")
+        for thread, stride in ((SUPERVISOR, 61), (KEEPER, 2), (LOADER, 31), (WORKER, 2)):
             self.survives(thread, *command, stride=stride)
 
     def test_leave_the_result_that_was_there_whole(self):

@@ -30,6 +30,9 @@ class Original:
         root = ElementTree.fromstring(scorereader.document(score))
         reading = scorereader.Reading(root)
         self.lengths = reading.lengths
+        # Of the measures whose numbers are printed, by their order.
+        self.printed = {order: measure.get("number") for order, measure in enumerate(scorereader.parts(root)[0], 1)
+                        if measure.get("implicit") != "yes"}
         self.hides_some = any(entry.is_hidden() for entry in reading.entries)
         self.entries = reading.entries
         notes = list(root.iter("note"))
@@ -158,6 +161,26 @@ class Regions(Case):
                     selected[number] += sum(map(is_selected, original(score).entries))
         self.assertTrue(all(count > len(QUARTETS) for count in selected), selected)
         self.assertLess(refusals, len(QUARTETS))
+
+
+@unittest.skipUnless(QUARTETS, f"no quartets in {SHARED}: nothing to run on")
+class Names(Case):
+    """The outer measures of a passage and one more in the first movement, by their printed numbers, in two parts."""
+
+    PARTS, STAVES = "violin 1,VIOLA", (1, 3)
+    MEASURES = "m30/1,m5/1-m20/1"
+
+    def test_of_parts_and_measures_are_hidden_and_nothing_else(self):
+        self.succeeds(run(HIDE, "--jobs", "2", "--parts", self.PARTS, "--measures", self.MEASURES, *QUARTETS, "--out-dir",
+                          self.folder))
+        for score in QUARTETS:
+            with self.subTest(score.name):
+                orders = {number: order for order, number in reversed(original(score).printed.items())}
+                measures = {orders["30"], *range(orders["5"], orders["20"] + 1)}
+                wanted = original(score).attributes_after_hiding(
+                    lambda entry: entry.staff in self.STAVES and entry.measure in measures)
+                notes = scorereader.start_tags(scorereader.document(self.folder / score.name))
+                self.assertEqual([note.get("print-leger") for note in notes], wanted)
 
 
 if __name__ == "__main__":
