@@ -5,10 +5,10 @@
 
 #include <cstdio>
 
-// The exit status of a program that is called with the file's name: 0 when the file is well-formed.
-inline int ReadWithExpat(int argc, char** argv, XML_Parser parser) {
+// The exit status of a program that reads the file with the parser, and frees it: 0 when the file is well-formed.
+inline int ReadWithExpat(const char* path, XML_Parser parser) {
   constexpr int kChunk = 1 << 16;
-  std::FILE* const file = argc == 2 ? std::fopen(argv[1], "rb") : nullptr;
+  std::FILE* const file = std::fopen(path, "rb");
   if (file == nullptr) return 2;
   for (bool last = false; !last;) {
     const auto count = std::fread(XML_GetBuffer(parser, kChunk), 1, kChunk, file);

@@ -14,11 +14,12 @@ class Cost:
     processor: float  # seconds, of the command and its children
 
 
-def run(command):
-    """Runs a command to its end, without its output; its cost. Raises when it fails."""
+def run(command, output="/dev/null"):
+    """Runs a command to its end, with its standard output in a file; its cost. Raises when it fails."""
     start = time.monotonic()
-    process = os.posix_spawnp(command[0], command, os.environ,
-                              file_actions=[(os.POSIX_SPAWN_OPEN, stream, "/dev/null", os.O_WRONLY, 0) for stream in (1, 2)])
+    process = os.posix_spawnp(command[0], command, os.environ, file_actions=[
+        (os.POSIX_SPAWN_OPEN, 1, output, os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o666),
+        (os.POSIX_SPAWN_OPEN, 2, "/dev/null", os.O_WRONLY, 0)])
     _, status, usage = os.wait4(process, 0)
     wall = time.monotonic() - start
     if status != 0:
@@ -52,13 +53,19 @@ def speed_of_two():
     return statistics.median(2 * seconds(1) / seconds(2) for _ in range(5))
 
 
-def side_by_side(commands, rounds):
-    """The costs of each of the named commands, which take turns: {name: [Cost, ...]}."""
+def side_by_side(commands, rounds, outputs=None):
+    """The costs of each of the named commands, which take turns: {name: [Cost, ...]}. `outputs` has the files that the
+    standard output of some of them goes to."""
     costs = {name: [] for name in commands}
     for _ in range(rounds):
         for name, command in commands.items():
-            costs[name].append(run(command))
+            costs[name].append(run(command, (outputs or {}).get(name, os.devnull)))
     return costs
+
+
+def typical(costs, what="wall"):
+    """The median of a list of costs."""
+    return statistics.median(getattr(cost, what) for cost in costs)
 
 
 @dataclasses.dataclass

@@ -12,6 +12,21 @@ def largest_quartet(folder):
     return max(pathlib.Path(folder).glob("*.mxl"), key=lambda path: path.stat().st_size, default=None)
 
 
+def small_scores(folder, samples):
+    """Plain small scores that are sound; where the folder has none, the samples."""
+    return sorted(pathlib.Path(folder).glob("*.xml")) or sorted(pathlib.Path(samples).glob("*.musicxml"))
+
+
+def copies(originals, count, folder):
+    """Fills a folder with so many copies, the originals in turn; their paths."""
+    folder.mkdir(parents=True, exist_ok=True)
+    texts = [path.read_bytes() for path in originals]
+    paths = [folder / f"{number:05}.musicxml" for number in range(count)]
+    for number, path in enumerate(paths):
+        path.write_bytes(texts[number % len(texts)])
+    return [str(path) for path in paths]
+
+
 def unpacked(path):
     if path.suffix != ".mxl":
         return path.read_text("utf-8")
