@@ -4,6 +4,7 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <span>
@@ -16,7 +17,10 @@ namespace brvhost {
 namespace {
 
 constexpr std::size_t kMaxDescriptors = 2;  // with one message
-constexpr std::size_t kReadSize = std::size_t{1} << 16;
+
+// Most messages are small, and of a large one the size is known once its start is there.
+constexpr std::size_t kReadSize = std::size_t{1} << 12;
+constexpr std::size_t kMaxReadSize = std::size_t{1} << 20;
 
 ino_t IdentityOf(int descriptor) {
   struct stat status;
@@ -102,10 +106,15 @@ ssize_t Channel::ReadSome(std::span<char> buffer) {
 
 void Channel::Distrust(std::size_t size) { maxSize_ = size; }
 
+std::size_t Channel::Wanted() const {
+  const std::size_t size = EncodedSize(arrived_).value_or(0);
+  return std::clamp(size - std::min(size, arrived_.size()), kReadSize, kMaxReadSize);
+}
+
 bool Channel::Fill() {
   arrived_.erase(0, std::exchange(taken_, 0));
   const std::size_t before = arrived_.size();
-  arrived_.resize(before + kReadSize);
+  arrived_.resize(before + Wanted());
   const ssize_t count = ReadSome(std::span(arrived_).subspan(before));
   if (count < 0) GiveUp();
   arrived_.resize(before + static_cast<std::size_t>(count > 0 ? count : 0));

@@ -47,6 +47,8 @@ class Channel {
 
  private:
   ssize_t ReadSome(std::span<char> buffer);
+  // How much is worth taking in at once.
+  std::size_t Wanted() const;
   void GiveUp() const;
 
   Descriptor socket_;

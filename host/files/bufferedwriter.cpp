@@ -18,7 +18,10 @@ BufferedWriter::BufferedWriter(int descriptor) : descriptor_(descriptor) { buffe
 
 bool BufferedWriter::Write(std::string_view bytes) {
   while (!bytes.empty()) {
-    if (buffer_.size() == kBufferSize && !Flush()) return false;
+    if (buffer_.size() == kBufferSize) {
+      if (!Flush()) return false;
+      StartWriting();
+    }
     const std::size_t count = std::min(bytes.size(), kBufferSize - buffer_.size());
     buffer_.insert(buffer_.end(), bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(count));
     bytes.remove_prefix(count);
@@ -34,12 +37,14 @@ bool BufferedWriter::Flush() {
     if (count < 0) return false;
     written += static_cast<std::size_t>(count);
   }
-#ifdef SYNC_FILE_RANGE_WRITE
-  // The disk starts while the rest is made, which leaves less to wait for at the end.
-  sync_file_range(descriptor_, 0, 0, SYNC_FILE_RANGE_WRITE);
-#endif
   buffer_.clear();
   return true;
+}
+
+void BufferedWriter::StartWriting() const {
+#ifdef SYNC_FILE_RANGE_WRITE
+  sync_file_range(descriptor_, 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
 }
 
 }  // namespace brvhost

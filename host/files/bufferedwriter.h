@@ -16,6 +16,9 @@ class BufferedWriter {
   [[nodiscard]] bool Flush();
 
  private:
+  // The disk starts while the rest is made, which leaves less to wait for at the end.
+  void StartWriting() const;
+
   int descriptor_;
   std::vector<char> buffer_;
 };
