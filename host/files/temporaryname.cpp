@@ -35,9 +35,12 @@ std::string Digest(std::string_view text) {
 }
 
 Owner ThisProcess() {
+  // They stay the same, and a run may write thousands of files.
+  static const std::string machine = Digest(MachineIdentity());
+  static const std::string boot = Digest(BootIdentity());
   const pid_t process = getpid();
   const auto status = StatusOf(process);
-  return {Digest(MachineIdentity()), Digest(BootIdentity()), process, status ? status->start : 0};
+  return {machine, boot, process, status ? status->start : 0};
 }
 
 std::optional<Owner> OwnerOf(const std::string& name) {
