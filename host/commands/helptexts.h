@@ -72,16 +72,16 @@ inline constexpr const char* kRunFooter = R"(THE ITEM
 
 THE REGION
   With any of --staves, --parts, --measures, --start-at and --end-at, the extension works on that region; an end that is
-  not given is that of the score. With --all, or with --layers or --voices alone, it is the whole score. With none of these nothing is
-  selected: the extension asks whether it may work on the whole score. Where there is no terminal to ask on, this is
-  bad usage, unless --yes agrees beforehand.
+  not given is that of the score. With --all, or with --layers or --voices alone, it is the whole score. With none of
+  these nothing is selected: the extension asks whether it may work on the whole score. Where there is no terminal to
+  ask on, this is bad usage, unless --yes agrees beforehand.
 
-  Staves count from 1 through all parts, measures from 1 by their order, and the layers
-  of a staff from 1, in the order in which its voices first appear. Each is a list of ranges, in any order: 3, 2-5, 2-,
-  -5 or 1,3,5-8. One list may serve many scores: a last staff, measure or layer beyond the score is taken for the score's
-  last, and --end-at does not apply in a measure beyond the score. A range that starts at a staff or a measure that the
-  score does not have is refused, and so are a layer that none of the region's staves has, a position beyond the end of
-  its measure, and a region that starts after its end.
+  Staves count from 1 through all parts, measures from 1 by their order, and the layers of a staff from 1, in the order
+  in which its voices first appear. Each is a list of ranges, in any order: 3, 2-5, 2-, -5 or 1,3,5-8. One list may serve
+  many scores: a last staff, measure or layer beyond the score is taken for the score's last, and --end-at does not apply
+  in a measure beyond the score. A range that starts at a staff or a measure that the score does not have is refused, and
+  so are a layer that none of the region's staves has, a position beyond the end of its measure, and a region that starts
+  after its end.
 
   A measure is named by its printed number with an m: m12, m12-m20, m12- or -m20; m1 is what is printed as 1, whatever
   comes before it. A number that is not printed, as that of a pick-up or the rest of a measure that is split (m0, mX1),

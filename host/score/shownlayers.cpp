@@ -73,6 +73,7 @@ std::vector<ShownStaves> WithLayers(const std::vector<NumberRange>& layers, cons
                                     const Score& score) {
   const Runs shown = layers.empty() ? Runs() : LayersIn(layers, LayersOn(staves, score));
   std::vector<ShownStaves> result;
+  result.reserve(staves.size());
   for (const NumberRun& run : staves) result.push_back({run, shown});
   return result;
 }
