@@ -28,8 +28,8 @@ class Extension {
   // All items, from 0 up to the first index that the extension refuses. Throws BundleError when there is no end to
   // them.
   std::vector<MenuItem> Items() const;
-  // How well a name fits those of as many items, each in that language in which it fits best.
-  std::vector<NameMatch> MatchesOf(const std::string& name, std::size_t items) const;
+  // How well a name fits those of the first `count` items, each in that language in which it fits best.
+  std::vector<NameMatch> MatchesOf(const std::string& name, std::size_t count) const;
   // Whether the host offers the items at all: 0 is no.
   int MenuStatus() const { return entryPoints_.MenuStatus(); }
   // Runs an item on `region`; with a null region the extension asks whether it may use `fallback`. Returns the 16-bit
