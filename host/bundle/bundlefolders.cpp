@@ -1,5 +1,7 @@
 #include "host/bundle/bundlefolders.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
@@ -71,7 +73,7 @@ std::vector<std::string> BundlesIn(const std::vector<std::string>& folders) {
   std::vector<std::string> bundles;
   for (const std::string& folder : folders) {
     for (const std::string& name : NamesIn(folder).value_or(std::vector<std::string>())) {
-      if (name.ends_with(kBundleEnding) && name != kBundleEnding) bundles.push_back(folder + "/" + name);
+      if (name.ends_with(kBundleEnding) && name != kBundleEnding) bundles.push_back(fmt::format("{}/{}", folder, name));
     }
   }
   return bundles;

@@ -87,7 +87,7 @@ std::string LaidOut(const std::vector<Prose>& pieces) {
     if (i > 0 && (piece.kind == ProseKind::kHeading || isSecondParagraph)) text += "\n";
     if (piece.kind == ProseKind::kHeading) text += piece.text + "\n";
     if (piece.kind == ProseKind::kParagraph) text += Wrapped(piece.text, kIndent);
-    if (piece.kind == ProseKind::kExample) text += std::string(kExampleIndent, ' ') + piece.text + "\n";
+    if (piece.kind == ProseKind::kExample) text += fmt::format("{:{}}{}\n", "", kExampleIndent, piece.text);
     if (piece.kind != ProseKind::kItem) continue;
     const std::string label = fmt::format("  {:<{}}", piece.label, kItemIndent - kIndent);
     text += label + Wrapped(piece.text, kItemIndent).substr(kItemIndent);

@@ -116,6 +116,18 @@ class Allocations(Case):
         out = self.write("out.musicxml", "old")
         self.survives(KEEPER, *hiding(self.score, "-o", out))
 
+    def test_leave_the_standard_output_whole_or_empty(self):
+        command = hiding(self.score, "-o", "-")
+        good, count = self.run_failing(command, KEEPER, 0, 0)
+        self.assertEqual(good.stdout.encode(), self.hidden)
+        for first in range(1, count + 1):
+            process, _ = self.run_failing(command, KEEPER, first, FOREVER)
+            self.assertIn((process.returncode, process.stdout.encode()), ((0, self.hidden), (1, b""), (1, self.hidden)))
+
+    def test_while_folders_are_searched_leave_scores_whole(self):
+        self.write("other.xml", score())
+        self.survives(SUPERVISOR, *hiding("-r", self.folder, "--in-place"), stride=41)
+
     def test_leave_the_score_itself_whole(self):
         self.survives(KEEPER, *hiding("--in-place", self.score))
 

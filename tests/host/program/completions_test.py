@@ -62,9 +62,7 @@ class Shell:
 
     def complete(self, line):
         """The arguments of brvhost after the line is completed at its end."""
-        self.type(f"brvhost {line}\t")
-        time.sleep(0.3)  # the shell takes what is typed meanwhile for an answer
-        self.type("\n")
+        self.type(f"brvhost {line}\t\n")
         return re.findall(r"<([^>]*)>", self.wait_for("|end").rpartition("\r\n<")[2].join(["<", ""]))
 
     def close(self):

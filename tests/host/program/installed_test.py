@@ -1,7 +1,6 @@
 """Extensions found by their names, along a path."""
 
 import os
-import pathlib
 import shutil
 import subprocess
 import unittest
@@ -21,7 +20,7 @@ class Installed(Case):
         self.users = self.data / "brvhost"
         for folder in (self.first, self.second, self.users, self.folder / "here"):
             folder.mkdir(parents=True)
-        self.programs = os.path.normpath(pathlib.Path(PROGRAM).resolve().parent / "../lib/brvhost")
+        self.programs = f"{os.environ['BRV_BUILD']}/lib/brvhost"
 
     def install(self, folder, name="LegerLines", bundle=LEGER_LINES):
         path = folder / f"{name}.bundle"

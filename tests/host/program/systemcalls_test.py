@@ -128,6 +128,9 @@ class SystemCalls(Case):
     def test_that_fail_leave_a_result_whole_that_is_reported_in_json(self):
         self.survives((SUPERVISOR, KEEPER), *hiding("--json", "--list", "--quiet", self.score, "-o", self.out))
 
+    def test_that_fail_cost_a_result_on_the_standard_output(self):
+        self.survives((KEEPER,), *hiding(self.score, "-o", "-"))
+
     def test_that_fail_leave_the_score_itself_whole(self):
         self.survives((KEEPER,), *hiding("--in-place", self.score))
 
@@ -140,6 +143,7 @@ class SystemCalls(Case):
 
     def test_that_fail_are_reported_by_other_commands(self):
         self.survives((SUPERVISOR,), "info", self.score)
+        self.survives((SUPERVISOR,), "info", "-r", self.folder)
 
     def test_that_report_the_end_of_a_worker_end_the_run(self):
         other = self.write("other.musicxml", score())
