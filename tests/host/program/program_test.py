@@ -412,7 +412,7 @@ class WrongCommandLines(Case):
         self.refuses_run("--staves: is given 3 times; give it once", "--item", "0", *("--staves", "1") * 3)
 
     def test_may_repeat_scores_and_what_takes_no_value(self):
-        self.refuses("run needs --item N; `brvhost run --help` explains what it takes", "run", "a", "b", "c", "--all", "--all")
+        self.refuses("run needs --item ITEM; `brvhost run --help` explains what it takes", "run", "a", "b", "c", "--all", "--all")
 
     def test_have_only_arguments_after_two_dashes(self):
         self.refuses("--max-size=: No such file or directory", "info", "--", "--max-size=")
