@@ -22,12 +22,12 @@ show() {
 
 show "$brvhost" items "$bundle"
 show "$brvhost" info "$score"
-show "$brvhost" run "$bundle" --item 0 --staves 1 --measures 1-2 --end-at 2 "$score" -o build/demo/hidden.musicxml
+show "$brvhost" run "$bundle" --item hide --staves 1 --measures 1-2 --end-at 2 "$score" -o build/demo/hidden.musicxml
 echo
 echo "\$ diff $score build/demo/hidden.musicxml"
 diff "$score" build/demo/hidden.musicxml | grep '^[0-9>]' | head -n 6 || true
 changed=$(diff "$score" build/demo/hidden.musicxml | grep -c '^>' || true)
 echo "... $changed lines differ in all"
-show "$brvhost" run "$bundle" --item 1 --all build/demo/hidden.musicxml -o build/demo/shown.musicxml
+show "$brvhost" run "$bundle" --item show --all build/demo/hidden.musicxml -o build/demo/shown.musicxml
 cmp "$score" build/demo/shown.musicxml
 echo "build/demo/shown.musicxml is $score again, byte for byte."
