@@ -12,8 +12,8 @@ import signal
 import subprocess
 import unittest
 
-from brvhost import (Case, EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SHOW, brvhost, faulty,
-                     hiding, run, score)
+from brvhost import (Case, EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SANITIZED, SHOW, brvhost,
+                     faulty, hiding, run, score)
 from misbehaviour import MISBEHAVES, misbehaviour
 
 try:
@@ -25,6 +25,7 @@ DOCUMENTS = pathlib.Path(os.environ["BRV_SOURCE"]) / "docs"
 
 # Of notes that take more than 30 MB.
 LARGE = score("<note/>" * 3_000_000)
+MEETS_THE_BOUND = unittest.skipIf(SANITIZED, "the sanitizer ends the program when memory runs out")
 ONE_HIDDEN = {"counts": {"entries": 1, "notes": 1, "chords": 0, "rests": 0, "changed": 1, "hidden": 1}}
 WHOLE = [{"staves": {"first": 1, "last": 1}, "measures": {"first": 1, "last": 1}, "layers": None, "startAt": "0",
           "endAt": None}]
@@ -114,6 +115,7 @@ class Run(JsonCase):
         self.assertEqual(line, self.line("failed", error=line["error"]))
         self.assertIn("crashed in BrevixExtensionInvoke", line["error"])
 
+    @MEETS_THE_BOUND
     def test_prints_that_no_repetition_helps_where_the_bound_on_memory_is_too_low(self):
         self.score.write_text(LARGE)
         line = self.one(self.in_place("--max-memory", "30MB"))
@@ -211,6 +213,7 @@ class Info(JsonCase):
         self.assertEqual([f"brvhost: {warning}" for warning in line["warnings"]], process.stderr.splitlines())
         self.assertEqual(len(line["warnings"]), 1)
 
+    @MEETS_THE_BOUND
     def test_prints_which_scores_cannot_be_used(self):
         bad = self.write("bad.xml", "<x/>")
         large = self.write("large.xml", LARGE)

@@ -46,7 +46,7 @@ std::vector<std::string> TextsOf(const std::vector<Block>& blocks) {
   for (const auto& [region, layers] : blocks) {
     const std::string end = region.endPosition == INT32_MAX ? "end" : std::to_string(region.endPosition);
     texts.push_back(fmt::format("staves {}-{}, measures {}@{}-{}@{}, layers {}", +region.startStaff, +region.endStaff,
-                                +region.startMeasure, region.startPosition, +region.endMeasure, end, TextOf(layers)));
+                                +region.startMeasure, +region.startPosition, +region.endMeasure, end, TextOf(layers)));
   }
   return texts;
 }
