@@ -125,15 +125,25 @@ bool ExtensionProcess::Finish() {
   return false;
 }
 
+// The loader reports the end of each worker before its own, and waits where nobody takes what it has sent.
+void ExtensionProcess::TakeMessages() {
+  while (channel_.HasMore()) {
+    if (channel_.Fill()) continue;
+    shutdown(channel_.Get(), SHUT_RD);  // it is gone, or sends more than it can have to
+    return;
+  }
+}
+
 std::string ExtensionProcess::WaitForEnd(bool isExpected) {
   const Deadline deadline(settings_.secondsAScore);
   bool hasEnded = false;
   while (!hasEnded && !deadline.HasPassed() && InterruptCount() == interruptsPassedOn_) {
+    TakeMessages();
     hasEnded = process_->WaitForEnd(deadline.LeftMs(kMaxWaitMs));
     ShowOutput();
   }
   const auto status = hasEnded ? process_->Wait() : process_->KillAndWait();
-  while (channel_.HasMore() && channel_.Fill()) continue;
+  TakeMessages();
   output_.Finish([this](std::string_view line) { ShowLine(line); });
   const std::string where = WhereaboutsOf(ownPlace_);
   if (!hasEnded && deadline.HasPassed())

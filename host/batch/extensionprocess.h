@@ -67,6 +67,7 @@ class ExtensionProcess {
   // Waits for the end of the process, which an interrupt that was not passed on cuts short. Where it went wrong, which
   // is always when the end is not expected, returns how and where, as a clause without its subject; else nothing.
   std::string WaitForEnd(bool isExpected);
+  void TakeMessages();
   void ShowLine(std::string_view line) const;
 
   const JobSettings& settings_;

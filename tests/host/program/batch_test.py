@@ -59,6 +59,12 @@ class Batches(Case):
         self.assertEqual(left, [])
         self.assertEqual({path: path.read_text() for path in self.folder.iterdir()}, content)
 
+    def test_end_where_many_workers_end_after_the_last_score(self):
+        names = [f"none{number}.xml" for number in range(500)]
+        process = run(0, "--all", "--dry-run", *names, bundle=faulty("holds_workers_up"))
+        self.assertEqual((process.returncode, process.stdout),
+                         (2, "500 scores: 0 would change, 0 unchanged, 500 failed\n"))
+
 
 # What looks for leaks at the end of a sanitized process has a process of its own, which is none of brvhost's: killed,
 # it leaves the other waiting forever.
