@@ -130,7 +130,7 @@ REPEATING A RUN
 
 SCORES
   A score is compressed or not by its content, whatever its name; so is the one on the standard input (-). A file whose
-  name is "-" is written ./-, but stands as it is in a list (--files-from).
+  name is "-" is written ./-, but stands as it is in a list (--files-from), whose lines may also end as on Windows.
 
   In a folder (--recursive), files that are named .musicxml, .xml or .mxl are scores, in the order of their names. Each
   is taken once, under however many names. Links to folders are not followed, and what begins with a dot is passed over.

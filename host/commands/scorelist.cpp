@@ -14,6 +14,7 @@
 #include "host/commands/usageerror.h"
 #include "host/files/bytes.h"
 #include "host/files/fileidentity.h"
+#include "host/files/filekind.h"
 #include "host/files/inputfile.h"
 #include "host/files/scoretree.h"
 #include "host/files/sizelimit.h"
@@ -33,17 +34,46 @@ bool IsFolder(const std::string& path) {
 // In a list, "-" is the name of a file.
 std::string FileNamed(std::string_view name) { return name == kStandardStream ? "./-" : std::string(name); }
 
+// Each line of a list without what a system puts around its text: a byte order mark, a carriage return.
+std::string_view TextOfLine(std::string_view line) {
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (line.starts_with(kByteOrderMark)) line.remove_prefix(kByteOrderMark.size());
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
+std::vector<std::string> NamesIn(std::string_view list, bool endsNamesWithZero) {
+  const char end = endsNamesWithZero ? '\0' : '\n';
+  std::vector<std::string> names;
+  while (!list.empty()) {
+    const std::string_view item = list.substr(0, list.find(end));
+    const std::string_view name = endsNamesWithZero ? item : TextOfLine(item);
+    if (!name.empty()) names.push_back(FileNamed(name));
+    list.remove_prefix(std::min(item.size() + 1, list.size()));
+  }
+  return names;
+}
+
+// Of each line only what precedes a character 0 would be found.
+void CheckHasNoZero(std::string_view list, const Options& options) {
+  if (options.endsNamesWithZero || list.find('\0') == std::string_view::npos) return;
+  throw InputError("has a character 0 in it: --null takes names that end with one; a list in UTF-16 is not read");
+}
+
+// The lines of a score would each be missed as a file.
+void CheckIsNoScore(const std::string& list) {
+  if (list == kStandardStream) return;
+  if (IsFolder(list)) throw InputError("is a folder, not a list of scores");
+  if (KindOf(list) == FileKind::kScore) throw InputError("is a score, not a list of scores");
+}
+
 std::vector<std::string> NamesInList(const Options& options) {
   if (options.filesFrom.empty()) return {};
   try {
+    CheckIsNoScore(options.filesFrom);
     const Bytes list = InputFile(options.filesFrom).Read(kDefaultMaxSize);
-    std::vector<std::string> names;
-    for (std::string_view rest = list.View(); !rest.empty();) {
-      const std::string_view name = rest.substr(0, rest.find(options.endsNamesWithZero ? '\0' : '\n'));
-      if (!name.empty()) names.push_back(FileNamed(name));
-      rest.remove_prefix(std::min(name.size() + 1, rest.size()));
-    }
-    return names;
+    CheckHasNoZero(list.View(), options);
+    return NamesIn(list.View(), options.endsNamesWithZero);
   } catch (const InputError& error) {
     throw UsageError(fmt::format("--files-from {}: {}", options.filesFrom, error.what()));
   }

@@ -76,7 +76,8 @@ FileKind KindOf(const std::string& path) {
   struct stat status;
   if (stat(path.c_str(), &status) != 0) return FileKind::kNothing;
   if (S_ISDIR(status.st_mode)) return IsBundle(path) ? FileKind::kBundle : FileKind::kFolder;
-  const std::string head = HeadOf(path);
+  // Opening a pipe would let its writer go on, which then finds no reader.
+  const std::string head = S_ISREG(status.st_mode) ? HeadOf(path) : "";
   const bool isScore = IsArchive(head) ? IsNamedMxl(path) : IsRootOfScore(RootOf(head));
   return isScore || HasEnding(path, ".musicxml") ? FileKind::kScore : FileKind::kOther;
 }

@@ -249,6 +249,32 @@ class Lists(Anywhere):
                 self.prints(self.hides("--files-from", "-", option, "--dry-run", input=names),
                             would_change(*shown) + "2 scores: 2 would change, 0 unchanged, 0 failed\n")
 
+    def test_may_be_written_on_windows(self):
+        self.put("a.xml", "b.xml")
+        self.prints(self.hides("--files-from", "-", "--dry-run", input=b"\xef\xbb\xbfa.xml\r\n\r\nb.xml\r\n"),
+                    would_change("a.xml", "b.xml") + "2 scores: 2 would change, 0 unchanged, 0 failed\n")
+
+    def test_take_each_name_as_it_is_where_zeros_are_between_them(self):
+        name = "\ufeffa.xml\r"
+        self.put(name)
+        process = self.hides("--files-from", "-", "-0", "--in-place", input=name.encode())
+        self.assertEqual((process.returncode, (self.folder / name).read_text()), (0, score(HIDDEN_NOTE)))
+
+    def test_with_zeros_between_the_names_are_for_null(self):
+        self.put("a.xml", "b.xml")
+        message = "has a character 0 in it: --null takes names that end with one; a list in UTF-16 is not read\n"
+        for names in (b"a.xml\0b.xml\0", "a.xml\nb.xml\n".encode("utf-16")):
+            self.prints(self.hides("--files-from", "-", "--in-place", input=names), "", "brvhost: --files-from -: " + message, 2)
+        self.assertEqual((self.folder / "a.xml").read_text(), score())
+
+    def test_may_be_pipes(self):
+        self.put("a.xml")
+        os.mkfifo(self.folder / "pipe")
+        writer = subprocess.Popen(["sh", "-c", "(echo a.xml; sleep 0.1; echo a.xml) > pipe"], cwd=self.folder)
+        self.prints(self.hides("--files-from", "pipe", "--dry-run"),
+                    would_change("a.xml", "a.xml") + "2 scores: 2 would change, 0 unchanged, 0 failed\n")
+        self.assertEqual(writer.wait(), 0)
+
     def test_name_folders_too(self):
         self.put("s/a.xml", "b.xml", "c.xml")
         self.prints(self.hides("c.xml", "-r", "--files-from", "-", "--dry-run", input=b"s\nb.xml\n"),
@@ -265,6 +291,8 @@ class Lists(Anywhere):
         self.prints(self.brvhost("info", "--files-from", "none"), "", "brvhost: --files-from none: No such file or directory\n", 2)
         self.prints(self.brvhost("info", "--files-from", "-", input=b"\n\n"), "", "brvhost: --files-from -: names no score\n", 2)
         self.put("a.xml")
+        self.prints(self.brvhost("info", "--files-from", "a.xml"), "", "brvhost: --files-from a.xml: is a score, not a list of scores\n", 2)
+        self.prints(self.brvhost("info", "--files-from", "."), "", "brvhost: --files-from .: is a folder, not a list of scores\n", 2)
         self.prints(self.brvhost("info", "-0", "a.xml"), "", "brvhost: --null: is for --files-from\n", 2)
 
     def test_leave_nothing_undone_that_they_name_besides_what_is_missing(self):
