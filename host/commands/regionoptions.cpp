@@ -12,6 +12,7 @@
 #include "host/commands/usageerror.h"
 #include "host/score/fraction.h"
 #include "host/score/numberrange.h"
+#include "host/text/blanks.h"
 
 namespace brvhost {
 namespace {
@@ -49,6 +50,16 @@ std::vector<MeasureRange> MeasuresOption(const std::string& list) {
     measures.push_back(*range);
   }
   return measures;
+}
+
+std::vector<std::string> VoicesOption(const std::string& list) {
+  std::vector<std::string> voices;
+  if (list.empty()) return voices;
+  for (const std::string& text : TextsOfList(list)) {
+    voices.emplace_back(WithoutBlanks(text));
+    if (voices.back().empty()) throw UsageError(fmt::format("--voices {}: has an empty name in it", list));
+  }
+  return voices;
 }
 
 std::optional<Fraction> QuartersOption(const char* name, const std::string& text) {
@@ -109,7 +120,7 @@ RegionRequest RegionOptions(const Options& options) {
   region.endAt = QuartersOption("--end-at", options.endAt);
   region.layers = RangesOption("--layers", options.layers);
   region.parts = options.parts;
-  if (!options.voices.empty()) region.voices = TextsOfList(options.voices);
+  region.voices = VoicesOption(options.voices);
   CheckAlternatives(region);
   region.all = options.all;
   if (region.all) CheckAll(options);

@@ -99,7 +99,7 @@ class PartsAndVoices(Case):
         self.hides({(2, 2), (2, 5), (3, 1)}, "--parts", "violin ii,P3")
         self.hides({(1, 1), (1, 2), (3, 1)}, "--parts", "Horns 1, 2", "--parts", "Violin I")
         self.hides({(1, 1), (3, 1)}, "--voices", "1")
-        self.hides({(1, 2), (2, 2), (2, 5)}, "--voices", "5,2")
+        self.hides({(1, 2), (2, 2), (2, 5)}, "--voices", "5, 2 ")
         self.hides({(2, 2)}, "--voices", "2", "--staves", "2-3")
         self.hides({(1, 1)}, "--voices", "1", "--parts", "VIOLIN I", "--measures", "m1")
 
@@ -116,7 +116,7 @@ class PartsAndVoices(Case):
                 ("--voices", "1", "--layers", "1"): "--voices and --layers: both name layers; give one of them",
                 ("--all", "--parts", "Viola"): "--all and --parts Viola: the whole score or a part of it, not both",
                 ("--parts", ""): "--parts: is empty", ("--parts", "Viola", "--parts", ""): "--parts: is empty",
-                ("--voices", ""): "--voices: is empty",
+                ("--voices", ""): "--voices: is empty", ("--voices", "1, "): "--voices 1, : has an empty name in it",
                 ("--parts",): "--parts: needs a value, --parts NAMES"}.items():
             process = run(HIDE, self.score, "--dry-run", *options)
             self.assertEqual((process.returncode, process.stderr), (2, f"brvhost: {message}\n"))
