@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "host/text/inputerror.h"
+#include "host/text/printable.h"
 #include "host/text/shortlist.h"
 
 namespace brvhost {
@@ -84,7 +85,7 @@ std::string ChoicesOf(const PrintedNumber& number, const std::vector<int>& measu
     std::ranges::move(sequence.numbers, std::back_inserter(numbers));
   }
   throw InputError(fmt::format("the score has no measure with the printed number {}; those that it has are {}",
-                               number.text, numbers.empty() ? "none" : ShortList(numbers)));
+                               Excerpt(number.text), numbers.empty() ? "none" : ShortList(numbers)));
 }
 
 int MeasureWith(const PrintedNumber& number, const Score& score) {
@@ -94,7 +95,7 @@ int MeasureWith(const PrintedNumber& number, const Score& score) {
   const auto count = static_cast<int>(measures.size());
   const int occurrence = number.occurrence.value_or(count == 1 ? 1 : 0);
   if (occurrence >= 1 && occurrence <= count) return measures[static_cast<std::size_t>(occurrence) - 1];
-  throw InputError(fmt::format("the printed number {} is that of {}{} measure{}: {}", number.text,
+  throw InputError(fmt::format("the printed number {} is that of {}{} measure{}: {}", Excerpt(number.text),
                                number.occurrence ? "only " : "", count, count == 1 ? "" : "s",
                                ChoicesOf(number, measures)));
 }

@@ -12,6 +12,7 @@
 #include "host/text/foldedcase.h"
 #include "host/text/inputerror.h"
 #include "host/text/nearest.h"
+#include "host/text/printable.h"
 #include "host/text/shortlist.h"
 
 namespace brvhost {
@@ -57,7 +58,7 @@ Runs StavesOfPart(std::string_view name, const Score& score) {
   std::ranges::sort(names);
   names.erase(std::unique(names.begin(), names.end()), names.end());
   const std::string nearest = NearestName(name, names);
-  throw InputError(fmt::format("the score has no part \"{}\"{}{}", name,
+  throw InputError(fmt::format("the score has no part \"{}\"{}{}", Excerpt(name),
                                nearest.empty() ? "" : fmt::format("; the nearest is {}", nearest),
                                shown.empty() ? "" : "; it has " + ShortList(shown)));
 }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "host/text/inputerror.h"
+#include "host/text/printable.h"
 #include "host/text/shortlist.h"
 
 namespace brvhost {
@@ -52,7 +53,7 @@ void CheckVoices(const Voices& voices, const Runs& staves, const Score& score) {
   const Voices all = VoicesOn(staves, score);
   for (const std::string& voice : voices) {
     if (Has(all, voice)) continue;
-    throw InputError(fmt::format("the region is to show voice {}, but its staves have {}", voice,
+    throw InputError(fmt::format("the region is to show voice {}, but its staves have {}", Excerpt(voice),
                                  all.empty() ? "none" : "only " + ShortList(all)));
   }
 }

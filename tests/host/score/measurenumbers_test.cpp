@@ -97,6 +97,13 @@ TEST(ByOrder, RefusesANumberOfNoMeasure) {
             "the score has no measure with the printed number 1; those that it has are a, b, c, d, e, f and 2 more");
 }
 
+TEST(ByOrder, CutsLongNumbersInMessages) {
+  const std::string longNumber(100, '1');
+  EXPECT_EQ(
+      WrongWith(("m" + longNumber).c_str(), Numbered({"1"})),
+      "the score has no measure with the printed number " + longNumber.substr(0, 60) + "...; those that it has are 1");
+}
+
 TEST(ByOrder, RefusesAReversedRange) {
   EXPECT_EQ(WrongWith("m3-m1", PickUp()), "m3-m1: starts after its end; these are the measures 5 and 2 by order");
   EXPECT_EQ(WrongWith("m2/2-m2/1", TwoMovements()),

@@ -95,5 +95,10 @@ TEST(StavesOfParts, RefuseANameThatNoPartHas) {
   EXPECT_EQ(WrongWith({""}, ScoreWith({{"", ""}})), "the score has no part \"\"");
 }
 
+TEST(StavesOfParts, CutLongNamesInMessages) {
+  EXPECT_EQ(WrongWith({std::string(100, 'x')}, ScoreWith({{"A", "Harp"}})),
+            "the score has no part \"" + std::string(60, 'x') + "...\"; it has Harp");
+}
+
 }  // namespace
 }  // namespace brvhost

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace brvhost {
 namespace {
 
@@ -10,6 +12,8 @@ TEST(ShortList, HasTheFirstSixOfMany) {
   EXPECT_EQ(ShortList({"a", "b", "c", "d", "e", "f", "g", "h"}), "a, b, c, d, e, f and 2 more");
   EXPECT_EQ(ShortList({}), "");
 }
+
+TEST(ShortList, CutsLongTexts) { EXPECT_EQ(ShortList({std::string(100, 'a'), "b"}), std::string(60, 'a') + "..., b"); }
 
 }  // namespace
 }  // namespace brvhost
