@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <string_view>
 #include <utility>
 
@@ -29,23 +30,31 @@ std::vector<std::string> NamesOf(const ScorePart& part) {
   return names;
 }
 
-template <class IsMeant>
-Runs StavesOfPartsWith(const Score& score, const IsMeant& isMeant) {
-  Runs staves;
-  for (const ScorePart& part : score.parts) {
-    if (std::ranges::any_of(NamesOf(part), isMeant))
-      staves.push_back({part.firstStaff, part.firstStaff + part.staves - 1});
+// The staves of parts by their names, and by these without regard to case.
+class PartIndex {
+ public:
+  explicit PartIndex(const Score& score) {
+    for (const ScorePart& part : score.parts) {
+      const NumberRun staves = {part.firstStaff, part.firstStaff + part.staves - 1};
+      for (const std::string& name : NamesOf(part)) {
+        byName_[name].push_back(staves);
+        byFoldedName_[FoldedCase(name)].push_back(staves);
+      }
+    }
   }
-  return staves;
-}
 
-// None where no part has the name.
-Runs StavesOfPart(std::string_view name, const Score& score) {
-  Runs staves = StavesOfPartsWith(score, [name](const std::string& other) { return other == name; });
-  if (!staves.empty()) return staves;
-  const std::string folded = FoldedCase(name);
-  return StavesOfPartsWith(score, [&folded](const std::string& other) { return FoldedCase(other) == folded; });
-}
+  // None where no part has the name.
+  Runs StavesOf(std::string_view name) const {
+    const auto found = byName_.find(std::string(name));
+    if (found != byName_.end()) return found->second;
+    const auto folded = byFoldedName_.find(FoldedCase(name));
+    return folded == byFoldedName_.end() ? Runs() : folded->second;
+  }
+
+ private:
+  std::map<std::string, Runs> byName_;
+  std::map<std::string, Runs> byFoldedName_;
+};
 
 [[noreturn]] void ThrowNoPart(std::string_view name, const Score& score) {
   std::vector<std::string> shown;
@@ -63,12 +72,12 @@ Runs StavesOfPart(std::string_view name, const Score& score) {
                                shown.empty() ? "" : "; it has " + ShortList(shown)));
 }
 
-Runs StavesOfText(std::string_view text, const Score& score) {
-  Runs staves = StavesOfPart(WithoutBlanks(text), score);
+Runs StavesOfText(std::string_view text, const PartIndex& index, const Score& score) {
+  Runs staves = index.StavesOf(WithoutBlanks(text));
   if (!staves.empty()) return staves;
   for (const std::string& item : TextsOfList(text)) {
     const std::string_view name = WithoutBlanks(item);
-    const Runs ofItem = StavesOfPart(name, score);
+    const Runs ofItem = index.StavesOf(name);
     if (ofItem.empty()) ThrowNoPart(name, score);
     std::ranges::copy(ofItem, std::back_inserter(staves));
   }
@@ -78,8 +87,9 @@ Runs StavesOfText(std::string_view text, const Score& score) {
 }  // namespace
 
 std::vector<NumberRun> StavesOfParts(const std::vector<std::string>& texts, const Score& score) {
+  const PartIndex index(score);
   Runs staves;
-  for (const std::string& text : texts) std::ranges::copy(StavesOfText(text, score), std::back_inserter(staves));
+  for (const std::string& text : texts) std::ranges::copy(StavesOfText(text, index, score), std::back_inserter(staves));
   return Merged(std::move(staves));
 }
 
