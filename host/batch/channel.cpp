@@ -11,6 +11,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "host/process/interrupt.h"
 #include "host/process/socketpair.h"
 
 namespace brvhost {
@@ -79,6 +80,16 @@ bool Channel::Send(const Message& message, std::initializer_list<int> descriptor
     unsent = {};
   }
   return true;
+}
+
+bool Channel::FillUntilWritable() {
+  const int interrupts = InterruptCount();
+  while (socket_.Get() >= 0 && InterruptCount() == interrupts) {
+    pollfd waiting = {socket_.Get(), POLLIN | POLLOUT, 0};
+    if (poll(&waiting, 1, kMaxWaitMs) <= 0) continue;
+    if ((waiting.revents & POLLOUT) != 0 || !Fill()) return true;  // Send finds the end, too
+  }
+  return false;
 }
 
 ssize_t Channel::ReadSome(std::span<char> buffer) {

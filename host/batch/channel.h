@@ -28,6 +28,10 @@ class Channel {
   // extension closed or replaced it.
   bool Send(const Message& message, std::initializer_list<int> descriptors = {}) const;
 
+  // Waits until a message can be sent without waiting, and takes in what arrives meanwhile: two processes of which each
+  // waits for the other to read would do so for ever. False where an interrupt comes first.
+  [[nodiscard]] bool FillUntilWritable();
+
   // For a line to a process that runs foreign code: descriptors that it sends are closed, and a message of more than
   // `size` bytes counts as the end.
   void Distrust(std::size_t size);

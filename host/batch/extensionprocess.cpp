@@ -89,9 +89,18 @@ std::optional<Offer> ExtensionProcess::WaitForOffer() {
   }
 }
 
-void ExtensionProcess::Start(std::uint64_t job, std::size_t slot, const Channel& worker,
-                             const Descriptor& output) const {
+void ExtensionProcess::Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output) {
+  if (!channel_.FillUntilWritable()) return;
   channel_.Send(StartMessage{job, slot, static_cast<std::uint64_t>(item_)}, {worker.Get(), output.Get()});
+}
+
+void ExtensionProcess::Interrupt() {
+  interruptsPassedOn_ = InterruptCount();
+  if (channel_.FillUntilWritable()) channel_.Send(InterruptMessage{});
+}
+
+void ExtensionProcess::End(std::uint64_t job, bool atOnce) {
+  if (channel_.FillUntilWritable()) channel_.Send(EndMessage{job, atOnce});
 }
 
 void ExtensionProcess::ShowOutput() {

@@ -30,19 +30,18 @@ class ExtensionProcess {
 
   // The menu item that workers run from now on.
   void UseItem(int item) { item_ = item; }
+  // These wait for a process that does not read, until there is an interrupt, and take its messages in meanwhile.
+
   // Starts a worker; the caller closes its ends.
-  void Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output) const;
+  void Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output);
   // Cancels the work of all workers, on the interrupts so far.
-  void Interrupt() {
-    interruptsPassedOn_ = InterruptCount();
-    channel_.Send(InterruptMessage{});
-  }
+  void Interrupt();
   // A worker should have ended by now, or is killed. It is reported when it has.
-  void End(std::uint64_t job, bool atOnce) const { channel_.Send(EndMessage{job, atOnce}); }
+  void End(std::uint64_t job, bool atOnce);
   void KillOrphans() const { process_->KillOrphans(); }
   void KillAll() const { process_->KillAll(); }
 
-  // Readable when there are messages.
+  // Readable when there are more messages than it has taken in.
   Channel& Messages() { return channel_; }
   // Readable when there is something to show.
   int Output() const { return output_.Get(); }

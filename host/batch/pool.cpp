@@ -145,6 +145,7 @@ void Pool::Wait() {
   const int ready = poll(waiting.data(), waiting.size(), kMaxWaitMs);
   PassInterruptsOn();
   if (ready > 0) Hear(waiting);
+  TakeEndsOfWorkers();
   LookAtTime();
 }
 
@@ -178,7 +179,12 @@ void Pool::HearKeeper(std::size_t slot) {
 }
 
 void Pool::HearExtension() {
-  if (!extension_.Messages().Fill()) return LoseExtension(true);
+  if (!extension_.Messages().Fill()) LoseExtension(true);
+}
+
+// Also what was taken in while a message was sent.
+void Pool::TakeEndsOfWorkers() {
+  if (extension_.IsLost()) return;
   while (const auto message = extension_.Messages().Next()) {
     if (std::holds_alternative<NoMemoryMessage>(*message)) return LoseExtension(false);
     const auto* const ended = std::get_if<EndedMessage>(&*message);

@@ -50,6 +50,7 @@ class Pool {
   void Hear(const std::vector<pollfd>& waiting);
   void HearKeeper(std::size_t slot);
   void HearExtension();
+  void TakeEndsOfWorkers();
   void LoseExtension(bool hasMemory);
   void LookAtTime();
   void PassInterruptsOn();

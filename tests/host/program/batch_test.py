@@ -59,6 +59,12 @@ class Batches(Case):
         self.assertEqual(left, [])
         self.assertEqual({path: path.read_text() for path in self.folder.iterdir()}, content)
 
+    def test_go_on_where_many_workers_end_while_others_are_started(self):
+        names = [f"none{number}.xml" for number in range(1000)]
+        process = run(0, "--all", "--dry-run", "--jobs", 64, *names, bundle=faulty("holds_workers_up"))
+        self.assertEqual((process.returncode, process.stdout),
+                         (2, "1000 scores: 0 would change, 0 unchanged, 1000 failed\n"))
+
     def test_end_where_many_workers_end_after_the_last_score(self):
         names = [f"none{number}.xml" for number in range(500)]
         process = run(0, "--all", "--dry-run", *names, bundle=faulty("holds_workers_up"))
