@@ -20,9 +20,12 @@ namespace brvhost {
 
 class ExtensionProcess {
  public:
-  // Starts to load the bundle, for up to `slots` workers at a time. The settings outlive this object. Throws
-  // std::system_error.
+  // For up to `slots` workers at a time. The settings outlive this object. Each worker is a copy of this process as it
+  // is now, and costs the more the more memory this holds. Throws std::system_error.
   ExtensionProcess(const JobSettings& settings, std::size_t slots, Terminal& terminal);
+
+  // Starts to load the bundle.
+  void Load() const { channel_.Send(LoadMessage{}); }
 
   // Waits until the bundle is loaded. Null after an interrupt. Throws BundleError, also when loading takes longer than
   // a score may.

@@ -160,6 +160,7 @@ int LoadAndServe(const JobSettings& settings, Channel& supervisor, const SharedW
     supervisor.Send(FailureMessage{ReasonOf(error)});
     return kFailed;
   }
+  if (!supervisor.Receive()) return kDone;
   const auto extension = Load(settings, supervisor);
   if (extension == nullptr) return kBadBundle;
   Loader(*extension, settings, supervisor, whereabouts).Serve();

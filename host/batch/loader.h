@@ -9,8 +9,8 @@
 
 namespace brvhost {
 
-// Loads the bundle and serves the supervisor until it closes its end. Then the extension is ended, and so is
-// the process. Returns the exit status where there is nothing to serve.
+// Loads the bundle when the supervisor asks for it, and serves it until it closes its end. Then the extension is ended,
+// and so is the process. Returns the exit status where there is nothing to serve.
 //
 // A worker reports where it is to the place of its slot, the loader to that of number `ownPlace`.
 [[nodiscard]] int RunLoader(const JobSettings& settings, Channel supervisor, const SharedWhereabouts& whereabouts,

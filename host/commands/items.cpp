@@ -40,6 +40,7 @@ int ListItems(const Options& options) {
   settings.bundle = BundleOf(options);
   settings.confine = options.confines;
   ExtensionProcess extension(settings, 0, terminal);
+  extension.Load();
   const auto offer = extension.WaitForOffer();
   if (!offer) return kInterrupted;
   unsigned number = 0;

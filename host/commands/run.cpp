@@ -53,14 +53,16 @@ int Run(const Options& options) {
   settings.namesEachScore = options.verbose;
   Terminal terminal(UseOfTerminal(options));
   CheckSelection(settings.region, options, terminal);
+
+  const auto slots = static_cast<std::size_t>(options.jobs);
+  ExtensionProcess extension(settings, slots, terminal);  // before the list of scores, which can be long
   const std::vector<Job> jobs = JobsOf(options);
   // Several scores share the processors, as --jobs allows.
   if (jobs.size() == 1) settings.readers = Processors();
 
   CountInterrupts();
-  const std::size_t parallel = std::min(jobs.size(), static_cast<std::size_t>(options.jobs));
-  ExtensionProcess extension(settings, parallel, terminal);
-  Pool pool(jobs, settings, extension, terminal, parallel);
+  extension.Load();
+  Pool pool(jobs, settings, extension, terminal, std::min(jobs.size(), slots));
   pool.StartJobs();
   const auto offer = extension.WaitForOffer();
   if (!offer) {

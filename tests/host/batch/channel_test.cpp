@@ -58,6 +58,7 @@ struct Describe {
   std::string operator()(const MoreMessage&) const { return "more"; }
   std::string operator()(const RegionMessage& message) const { return "region " + message.text; }
   std::string operator()(const PassingFailureMessage& message) const { return "passing failure " + message.text; }
+  std::string operator()(const LoadMessage&) const { return "load"; }
 };
 
 // One of each kind, in their order.
@@ -89,7 +90,8 @@ std::vector<Message> AllMessages() {
           ChangesMessage{"bytes"},
           MoreMessage{},
           RegionMessage{"[]"},
-          PassingFailureMessage{"a.xml: cannot write"}};
+          PassingFailureMessage{"a.xml: cannot write"},
+          LoadMessage{}};
 }
 
 const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger lines\n", 24),
@@ -119,7 +121,8 @@ const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger 
                                                 "changes bytes",
                                                 "more",
                                                 "region []",
-                                                "passing failure a.xml: cannot write"};
+                                                "passing failure a.xml: cannot write",
+                                                "load"};
 
 TEST(Messages, AreAllOfTheseKinds) {
   const auto messages = AllMessages();

@@ -8,7 +8,7 @@ import time
 import unittest
 
 from brvhost import (Case, HIDDEN_NOTE, LEGER_LINES, NOTE, PROGRAM, SANITIZED, descendants, faulty, is_running, run,
-                     score)
+                     score, state_of, wait_until)
 from misbehaviour import MISBEHAVES, misbehaviour
 
 SCORES = 200 if SANITIZED else 1000
@@ -64,6 +64,22 @@ class Batches(Case):
         process = run(0, "--all", "--dry-run", "--jobs", 64, *names, bundle=faulty("holds_workers_up"))
         self.assertEqual((process.returncode, process.stdout),
                          (2, "1000 scores: 0 would change, 0 unchanged, 1000 failed\n"))
+
+    def test_load_the_extension_when_their_list_is_whole(self):
+        command = [PROGRAM, "run", MISBEHAVES, "--item", "0", "--all", "--dry-run", "--files-from", "-"]
+        process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                   env={**os.environ, **misbehaviour("BrevixExtensionInit", "stop")})
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+
+        def has_stopped():
+            return any(state_of(child) == "T" for child in descendants(process.pid))
+
+        process.stdin.write(b"a.musicxml\n")
+        process.stdin.flush()
+        self.assertFalse(wait_until(has_stopped, seconds=0.5))
+        process.stdin.close()
+        self.assertTrue(wait_until(has_stopped))
 
     def test_end_where_many_workers_end_after_the_last_score(self):
         names = [f"none{number}.xml" for number in range(500)]

@@ -8,7 +8,7 @@ import time
 import unittest
 
 from brvhost import (COUNTED, Case, HIDDEN_NOTE, NOTE, PROGRAM, SANITIZED, brvhost, descendants, faulty, is_running, run,
-                     score)
+                     score, state_of, wait_until)
 from misbehaviour import MISBEHAVES, misbehaviour
 
 NOTHING = "; nothing was written\n"
@@ -25,13 +25,6 @@ def descendants_named(name, argument):
         if command[0].endswith(name.encode()) and argument.encode() in command:
             found.append(int(folder.name))
     return found
-
-
-def wait_until(holds, seconds=20):
-    end = time.monotonic() + seconds
-    while not holds() and time.monotonic() < end:
-        time.sleep(0.01)
-    return holds()
 
 
 class Misbehaviour(Case):
@@ -235,8 +228,7 @@ class Remains(Misbehaviour):
                                                env={**os.environ, **misbehaviour("BrevixExtensionInvoke", "stop")})
                     self.addCleanup(process.communicate)
                     def is_stopped():
-                        states = [pathlib.Path(f"/proc/{child}/stat").read_text() for child in descendants(process.pid)]
-                        return any(") T " in state for state in states)
+                        return any(state_of(child) == "T" for child in descendants(process.pid))
                     self.assertTrue(wait_until(is_stopped))
                 else:
                     process = self.start(bundle)

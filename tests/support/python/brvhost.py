@@ -5,6 +5,7 @@ import pathlib
 import re
 import subprocess
 import tempfile
+import time
 import unittest
 import zipfile
 
@@ -63,13 +64,26 @@ def descendants(process):
     return found
 
 
-def is_running(process):
-    """Whether a process is at work: one that has ended keeps its number until somebody takes its status."""
+def state_of(process):
+    """The letter that the system has for what a process does: "T" where it is stopped. "X" where it is gone."""
     try:
         status = pathlib.Path(f"/proc/{process}/stat").read_text()
     except OSError:
-        return False
-    return status.rpartition(")")[2].split()[0] not in "ZX"
+        return "X"
+    return status.rpartition(")")[2].split()[0]
+
+
+def is_running(process):
+    """Whether a process is at work: one that has ended keeps its number until somebody takes its status."""
+    return state_of(process) not in "ZX"
+
+
+def wait_until(holds, seconds=20):
+    """Whether something holds by then."""
+    end = time.monotonic() + seconds
+    while not holds() and time.monotonic() < end:
+        time.sleep(0.01)
+    return holds()
 
 
 class Case(unittest.TestCase):
