@@ -7,8 +7,8 @@
 
 namespace brvhost {
 
-// The path of the bundle that the argument BUNDLE means. Throws UsageError for a score in its place, and BundleError
-// for anything else that is no bundle.
+// The path of the bundle that the argument BUNDLE means. Throws UsageError for no text or a score in its place, and
+// BundleError for anything else that is no bundle.
 std::string BundleOf(const Options& options);
 
 }  // namespace brvhost

@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -17,17 +18,21 @@
 namespace brvhost {
 namespace {
 
-NumberRange RangeFrom(const char* name, const std::string& list, const std::string& text) {
-  const auto range = ParseNumberRange(text);
-  if (!range) throw UsageError(fmt::format("{} {}: is not a list of ranges such as 3, 2-5, 2- or -5", name, list));
-  if (!range->IsReversed()) return *range;
-  throw UsageError(fmt::format("{} {}: {}starts after its end", name, list, list == text ? "" : text + " "));
-}
+constexpr const char* kRanges = "ranges such as 3, 2-5, 2- or -5";
 
-std::vector<NumberRange> RangesOption(const char* name, const std::string& list) {
+std::vector<NumberRange> RangesOption(const char* name, const std::string& list, const char* form = kRanges) {
   std::vector<NumberRange> ranges;
   if (list.empty()) return ranges;
-  for (const std::string& text : TextsOfList(list)) ranges.push_back(RangeFrom(name, list, text));
+  for (const std::string& item : TextsOfList(list)) {
+    const std::string_view text = WithoutBlanks(item);
+    const auto range = ParseNumberRange(text);
+    if (!range) throw UsageError(fmt::format("{} {}: is not a list of {}", name, list, form));
+    if (range->IsReversed()) {
+      throw UsageError(fmt::format("{} {}: {}{}starts after its end", name, list, list == text ? "" : text,
+                                   list == text ? "" : " "));
+    }
+    ranges.push_back(*range);
+  }
   return ranges;
 }
 
@@ -35,16 +40,17 @@ std::vector<NumberRange> RangesOption(const char* name, const std::string& list)
 std::vector<MeasureRange> MeasuresOption(const std::string& list) {
   std::vector<MeasureRange> measures;
   if (list.find('m') == std::string::npos) {
-    for (const NumberRange& range : RangesOption("--measures", list)) measures.push_back({range, {}, {}});
+    const char* const form = "ranges such as 3, 2-5, 2- or -5, nor of printed numbers such as m12";
+    for (const NumberRange& range : RangesOption("--measures", list, form)) measures.push_back({range, {}, {}});
     return measures;
   }
   for (const std::string& text : TextsOfPrintedList(list)) {
-    const auto range = ParsePrintedRange(text);
+    const auto range = ParsePrintedRange(WithoutBlanks(text));
     if (!range) {
       throw UsageError(fmt::format(
           "--measures {}: is not a list of printed numbers such as m12, m12-m20, m12-, -m20 or m12/2 (the second "
-          "measure "
-          "with that number): m stands before each, and a backslash before a dash, a comma or a slash within one",
+          "measure with that number): m stands before each, and a backslash before a dash, a comma or a slash within "
+          "one",
           list));
     }
     measures.push_back(*range);

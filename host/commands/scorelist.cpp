@@ -11,7 +11,9 @@
 #include <system_error>
 #include <utility>
 
+#include "host/commands/optionvalues.h"
 #include "host/commands/usageerror.h"
+#include "host/commands/wrongusage.h"
 #include "host/files/bytes.h"
 #include "host/files/fileidentity.h"
 #include "host/files/filekind.h"
@@ -136,6 +138,7 @@ class List {
 std::vector<ListedScore> ScoresOf(const Options& options) {
   if (options.endsNamesWithZero && options.filesFrom.empty()) throw UsageError("--null: is for --files-from");
   CheckStandardInput(options);
+  for (const std::string& score : options.scores) RefuseEmpty(kScoreArgument, score);
   std::vector<std::string> names = options.scores;
   std::ranges::move(NamesInList(options), std::back_inserter(names));
   List list(options);

@@ -71,6 +71,11 @@ class Names(Installed):
         process = self.brvhost("items", "./LegerLines")
         self.assertEqual((process.returncode, process.stderr), (3, "brvhost: ./LegerLines: there is no such bundle\n"))
 
+    def test_that_are_empty_are_wrong_usage(self):
+        for command in (["items", ""], ["check", ""], ["run", "", "--item", 0, "--all", "--dry-run", "a.xml"]):
+            process = self.brvhost(*command)
+            self.assertEqual((process.returncode, process.stderr), (2, "brvhost: BUNDLE: is empty\n"))
+
     def test_that_nothing_has_are_reported_with_what_was_searched(self):
         path = self.install(self.first)
         self.install(self.second)

@@ -285,6 +285,7 @@ class BadUsage(Case):
         for name in ("--staves", "--measures", "--start-at", "--end-at", "--layers", "-o", "--out-dir"):
             self.refuses("is empty", HIDE, name, "", *score_and_in_place)
         self.refuses("is empty", "", "--all", *score_and_in_place)
+        self.refuses("SCORE: is empty", HIDE, "--all", "--dry-run", "")
         self.refuses("starts at staff 7, but the score has only 1", HIDE, "--staves", "7", *score_and_in_place)
 
     def test_of_regions_gets_one_line(self):

@@ -43,6 +43,7 @@ class Lists(Case):
         self.hides({1, 3}, {1, 2, 3, 4, 5, 6}, "--staves", "1,3")
         self.hides({1, 2, 3, 4, 5}, {2, 4, 5, 6}, "--measures", "2,4-")
         self.hides({1, 4, 5}, {1, 2, 3, 6}, "--staves", "4-9,1", "--measures", "6,2-3,1,1-2")
+        self.hides({1, 4, 5}, {1, 2, 3, 6}, "--staves", " 4-9, 1 ", "--measures", "m6, m1-m3")
 
     def test_take_positions_from_the_first_and_the_last_measure_of_all(self):
         self.hides({1, 3}, {1, 4, 6}, "--staves", "1,3", "--measures", "1,4,6", "--start-at", "0", "--end-at", "0")
@@ -56,11 +57,15 @@ class Lists(Case):
         for wrong, message in {
                 "1,,3": "--staves 1,,3: is not a list of ranges such as 3, 2-5, 2- or -5",
                 "1;3": "--staves 1;3: is not a list of ranges such as 3, 2-5, 2- or -5",
+                "1 - 3": "--staves 1 - 3: is not a list of ranges such as 3, 2-5, 2- or -5",
+                "1, 5-2": "--staves 1, 5-2: 5-2 starts after its end",
                 "1,5-2": "--staves 1,5-2: 5-2 starts after its end",
                 "5-2": "--staves 5-2: starts after its end",
                 "1,7-8": f"{self.score}: the region goes on at staff 7, but the score has only 5"}.items():
             process = run(HIDE, "--staves", wrong, "--dry-run", self.score)
             self.assertEqual((process.returncode, process.stderr), (2, f"brvhost: {message}\n"))
+        self.fails(run(HIDE, "--measures", "M1", "--dry-run", self.score), 2,
+                   "--measures M1: is not a list of ranges such as 3, 2-5, 2- or -5, nor of printed numbers such as m12\n")
 
     def test_of_layers_take_ranges(self):
         self.score.write_text(score_of([in_voices(1, 2, 3, 4, 5)]))
