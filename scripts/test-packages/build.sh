@@ -23,6 +23,7 @@ build_twice "$(dpkg --print-architecture)"
 
 dpkg --add-architecture arm64
 apt-get update -q
+apt-get install -q -y --no-install-recommends crossbuild-essential-arm64
 apt-get build-dep -q -y --no-install-recommends -aarm64 -Pcross ./
 scripts/package/debs.sh "$folder" arm64
 
