@@ -82,8 +82,7 @@ bool Channel::Send(const Message& message, std::initializer_list<int> descriptor
   return true;
 }
 
-bool Channel::FillUntilWritable() {
-  const int interrupts = InterruptCount();
+bool Channel::FillUntilWritable(int interrupts) {
   while (socket_.Get() >= 0 && InterruptCount() == interrupts) {
     pollfd waiting = {socket_.Get(), POLLIN | POLLOUT, 0};
     if (poll(&waiting, 1, kMaxWaitMs) <= 0) continue;

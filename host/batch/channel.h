@@ -29,8 +29,9 @@ class Channel {
   bool Send(const Message& message, std::initializer_list<int> descriptors = {}) const;
 
   // Waits until a message can be sent without waiting, and takes in what arrives meanwhile: two processes of which each
-  // waits for the other to read would do so for ever. False where an interrupt comes first.
-  [[nodiscard]] bool FillUntilWritable();
+  // waits for the other to read would do so for ever. `interrupts` is the number of interrupts that the caller
+  // knows of: false as soon as there are others.
+  [[nodiscard]] bool FillUntilWritable(int interrupts);
 
   // For a line to a process that runs foreign code: descriptors that it sends are closed, and a message of more than
   // `size` bytes counts as the end.

@@ -89,18 +89,19 @@ std::optional<Offer> ExtensionProcess::WaitForOffer() {
   }
 }
 
-void ExtensionProcess::Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output) {
-  if (!channel_.FillUntilWritable()) return;
+bool ExtensionProcess::Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output) {
+  if (!channel_.FillUntilWritable(interruptsPassedOn_)) return false;
   channel_.Send(StartMessage{job, slot, static_cast<std::uint64_t>(item_)}, {worker.Get(), output.Get()});
+  return true;  // where it did not get through, the end of the process is found
 }
 
 void ExtensionProcess::Interrupt() {
   interruptsPassedOn_ = InterruptCount();
-  if (channel_.FillUntilWritable()) channel_.Send(InterruptMessage{});
+  if (channel_.FillUntilWritable(interruptsPassedOn_)) channel_.Send(InterruptMessage{});
 }
 
 void ExtensionProcess::End(std::uint64_t job, bool atOnce) {
-  if (channel_.FillUntilWritable()) channel_.Send(EndMessage{job, atOnce});
+  if (channel_.FillUntilWritable(interruptsPassedOn_)) channel_.Send(EndMessage{job, atOnce});
 }
 
 void ExtensionProcess::ShowOutput() {

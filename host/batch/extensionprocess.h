@@ -33,14 +33,17 @@ class ExtensionProcess {
 
   // The menu item that workers run from now on.
   void UseItem(int item) { item_ = item; }
-  // These wait for a process that does not read, until there is an interrupt, and take its messages in meanwhile.
 
-  // Starts a worker; the caller closes its ends.
-  void Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output);
+  // These three wait while the process does not read, until there is an interrupt that was not passed on, and take its
+  // messages in meanwhile.
+
+  // Starts a worker; the caller closes its ends. False where an interrupt came first, and there will be no worker.
+  [[nodiscard]] bool Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output);
   // Cancels the work of all workers, on the interrupts so far.
   void Interrupt();
   // A worker should have ended by now, or is killed. It is reported when it has.
   void End(std::uint64_t job, bool atOnce);
+
   void KillOrphans() const { process_->KillOrphans(); }
   void KillAll() const { process_->KillAll(); }
 

@@ -125,7 +125,7 @@ void Pool::StartKeeper(std::size_t slot) {
 
 void Pool::StartWorker(std::size_t slot) {
   Work& work = *slots_[slot].work;
-  extension_.Start(work.job, slot, work.worker, work.printed);
+  if (!extension_.Start(work.job, slot, work.worker, work.printed)) work.workerStatus = EndedMessage::kNotStarted;
   work.worker = {};
   work.printed = {};
   work.deadline = Deadline(settings_.secondsAScore);
@@ -420,8 +420,7 @@ void Pool::PassInterruptsOn() {
   for (const KeeperProcess& keeper : slots_) {
     if (keeper.process != 0) kill(keeper.process, SIGINT);
   }
-  extension_.Interrupt();
-  if (count == 1) return;
+  if (count == 1) return extension_.Interrupt();
   extension_.KillAll();
   for (std::size_t slot = 0; slot < slots_.size(); ++slot) {
     KillKeeper(slot);

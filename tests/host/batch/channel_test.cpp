@@ -3,8 +3,12 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -13,6 +17,8 @@
 #include <thread>
 #include <variant>
 #include <vector>
+
+#include "host/process/interrupt.h"
 
 namespace brvhost {
 namespace {
@@ -209,6 +215,68 @@ TEST(Channel, TakesNeitherDescriptorsNorTooLongMessagesFromWhomItDistrusts) {
   EXPECT_FALSE(here.Receive());
   here = {};
   sender.join();
+}
+
+// Until nothing more can be sent.
+void FillUp(const Channel& channel) {
+  const std::string bytes(65536, 'x');
+  while (send(channel.Get(), bytes.data(), bytes.size(), MSG_DONTWAIT) > 0) continue;
+}
+
+void TakeAllFrom(const Channel& channel) {
+  char bytes[65536];
+  while (recv(channel.Get(), bytes, sizeof(bytes), MSG_DONTWAIT) > 0) continue;
+}
+
+// Whether the other end takes what was sent, in ten seconds.
+bool IsTaken(const Channel& channel) {
+  for (int tries = 0; tries < 10'000; ++tries) {
+    int left = 0;
+    if (ioctl(channel.Get(), TIOCOUTQ, &left) == 0 && left == 0) return true;
+    usleep(1000);
+  }
+  return false;
+}
+
+TEST(Channel, TakesInWhatArrivesUntilItCanSend) {
+  auto [here, there] = ConnectedChannels();
+  FillUp(here);
+  bool isTaken = false;
+  std::thread other([&isTaken, &channel = there] {
+    channel.Send(AlertMessage{"text"});
+    isTaken = IsTaken(channel);
+    TakeAllFrom(channel);
+  });
+  EXPECT_TRUE(here.FillUntilWritable(0));
+  other.join();
+  EXPECT_TRUE(isTaken);
+  const auto message = here.Next();
+  ASSERT_TRUE(message);
+  EXPECT_EQ(std::visit(Describe(), *message), "alert text");
+}
+
+TEST(Channel, CannotSendWhereAnInterruptComesFirst) {
+  auto [here, there] = ConnectedChannels();
+  FillUp(here);
+  CountInterrupts();
+  std::atomic<bool> isOver = false;
+  std::thread user([&isOver] {
+    while (!isOver) {
+      kill(getpid(), SIGINT);
+      usleep(1000);
+    }
+  });
+  EXPECT_FALSE(here.FillUntilWritable(0));
+  isOver = true;
+  user.join();
+}
+
+TEST(Channel, FindsTheEndWhereItCannotSendAnyMore) {
+  auto [here, there] = ConnectedChannels();
+  FillUp(here);
+  there = {};
+  EXPECT_TRUE(here.FillUntilWritable(0));
+  EXPECT_FALSE(here.Send(LoadMessage{}));
 }
 
 TEST(Messages, AreWholeOnceTheirLastByteIsThere) {

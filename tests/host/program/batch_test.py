@@ -81,6 +81,23 @@ class Batches(Case):
         process.stdin.close()
         self.assertTrue(wait_until(has_stopped))
 
+    def test_end_at_the_second_interrupt_where_their_workers_cannot_be_started(self):
+        names = [f"none{number}.xml" for number in range(100)]
+        command = [PROGRAM, "run", faulty("stops_its_loader"), "--item", "0", "--all", "--dry-run", "--jobs", "64", *names]
+        process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                                   text=True)
+        self.addCleanup(process.communicate)
+        self.addCleanup(process.kill)
+        self.assertTrue(wait_until(lambda: any(state_of(child) == "T" for child in descendants(process.pid))))
+        time.sleep(0.5)  # so that the line to the process that starts workers is full
+        for _ in range(2):
+            below = descendants(process.pid)
+            process.send_signal(signal.SIGINT)
+            time.sleep(0.3)  # since two at once count as one
+        self.assertTrue(wait_until(lambda: process.poll() is not None), "it waits for more interrupts")
+        self.assertEqual(process.returncode, 130)
+        self.assertTrue(wait_until(lambda: not any(map(is_running, below))), below)
+
     def test_end_where_many_workers_end_after_the_last_score(self):
         names = [f"none{number}.xml" for number in range(500)]
         process = run(0, "--all", "--dry-run", *names, bundle=faulty("holds_workers_up"))
@@ -117,7 +134,7 @@ class Kills(Case):
             except ProcessLookupError:
                 pass  # it has ended meanwhile
             process.wait(timeout=60)
-            self.wait_for_end(below)
+            self.assertTrue(wait_until(lambda: not any(map(is_running, below))), below)
             contents = [path.read_text() for path in scores]
             self.assertEqual([text for text in contents if text not in (old, new)], [])
             done += contents.count(new)
@@ -126,12 +143,6 @@ class Kills(Case):
         subprocess.run(command, check=True, capture_output=True, timeout=60)
         self.assertEqual(sorted(self.folder.iterdir()), sorted(scores))
         self.assertEqual([path.read_text() == new for path in scores], [True] * 3)
-
-    def wait_for_end(self, processes):
-        end = time.monotonic() + 20
-        while any(map(is_running, processes)):
-            self.assertLess(time.monotonic(), end, processes)
-            time.sleep(0.001)
 
 
 if __name__ == "__main__":
