@@ -226,7 +226,7 @@ class Report:
                      "" if jobs == "1" else measure.ratio(costs["1"], costs["2"]), "" if jobs == "1" else "at least 1.8")
                     for jobs in costs])
         self.say(f"Two processes that only count, side by side, do {measure.speed_of_two():.2f} times the work of one on this "
-                 "machine: more than that no batch can gain here.", "")
+                 "machine: a batch gains more than that only where one of them waits for something else.", "")
 
     def many(self):
         """A batch of small scores, beside parsing them in one process."""
