@@ -6,6 +6,7 @@
 
 #include "host/bundle/bundlesearch.h"
 #include "host/bundle/loadedbundle.h"
+#include "host/commands/argumentnames.h"
 #include "host/commands/optionvalues.h"
 #include "host/commands/usageerror.h"
 #include "host/files/filekind.h"
@@ -26,7 +27,7 @@ namespace {
 }  // namespace
 
 std::string BundleOf(const Options& options) {
-  RefuseEmpty("BUNDLE", options.bundle);
+  RefuseEmpty(kBundleArgument, options.bundle);
   switch (KindOf(options.bundle)) {
     case FileKind::kScore:
       RefuseScore(options);

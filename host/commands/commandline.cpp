@@ -3,11 +3,11 @@
 #include <string>
 #include <vector>
 
+#include "host/commands/argumentnames.h"
 #include "host/commands/helpformatter.h"
 #include "host/commands/helptexts.h"
 #include "host/commands/itemoption.h"
 #include "host/commands/optionvalues.h"
-#include "host/commands/wrongusage.h"
 #include "host/version.h"
 
 namespace brvhost {
@@ -15,7 +15,7 @@ namespace {
 
 void AddBundle(CLI::App& command, Options& options) {
   command
-      .add_option("BUNDLE", options.bundle,
+      .add_option(kBundleArgument, options.bundle,
                   "The extension: its bundle, a folder, or its name, as `brvhost list` has it")
       ->required()
       ->type_name("");

@@ -18,18 +18,19 @@
 namespace brvhost {
 namespace {
 
-constexpr const char* kRanges = "ranges such as 3, 2-5, 2- or -5";
-
-std::vector<NumberRange> RangesOption(const char* name, const std::string& list, const char* form = kRanges) {
+// `others` is what else the list may be of, for the message.
+std::vector<NumberRange> RangesOption(const char* name, const std::string& list, const char* others = "") {
   std::vector<NumberRange> ranges;
   if (list.empty()) return ranges;
   for (const std::string& item : TextsOfList(list)) {
     const std::string_view text = WithoutBlanks(item);
     const auto range = ParseNumberRange(text);
-    if (!range) throw UsageError(fmt::format("{} {}: is not a list of {}", name, list, form));
+    if (!range) {
+      throw UsageError(fmt::format("{} {}: is not a list of ranges such as 3, 2-5, 2- or -5{}", name, list, others));
+    }
     if (range->IsReversed()) {
-      throw UsageError(fmt::format("{} {}: {}{}starts after its end", name, list, list == text ? "" : text,
-                                   list == text ? "" : " "));
+      const std::string which = list == text ? "" : fmt::format("{} ", text);
+      throw UsageError(fmt::format("{} {}: {}starts after its end", name, list, which));
     }
     ranges.push_back(*range);
   }
@@ -40,8 +41,8 @@ std::vector<NumberRange> RangesOption(const char* name, const std::string& list,
 std::vector<MeasureRange> MeasuresOption(const std::string& list) {
   std::vector<MeasureRange> measures;
   if (list.find('m') == std::string::npos) {
-    const char* const form = "ranges such as 3, 2-5, 2- or -5, nor of printed numbers such as m12";
-    for (const NumberRange& range : RangesOption("--measures", list, form)) measures.push_back({range, {}, {}});
+    const char* const printed = ", nor of printed numbers such as m12";
+    for (const NumberRange& range : RangesOption("--measures", list, printed)) measures.push_back({range, {}, {}});
     return measures;
   }
   for (const std::string& text : TextsOfPrintedList(list)) {

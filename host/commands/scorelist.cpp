@@ -11,9 +11,9 @@
 #include <system_error>
 #include <utility>
 
+#include "host/commands/argumentnames.h"
 #include "host/commands/optionvalues.h"
 #include "host/commands/usageerror.h"
-#include "host/commands/wrongusage.h"
 #include "host/files/bytes.h"
 #include "host/files/fileidentity.h"
 #include "host/files/filekind.h"

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <vector>
 
+#include "host/commands/argumentnames.h"
 #include "host/text/nearest.h"
 
 namespace brvhost {

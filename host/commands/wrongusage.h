@@ -7,10 +7,6 @@
 
 namespace brvhost {
 
-// The scores of a command, of which there may be none where the option names them.
-inline constexpr const char* kScoreArgument = "SCORE";
-inline constexpr const char* kScoreList = "--files-from";
-
 std::string NoCommand(const CLI::App& app);
 std::string UnknownCommand(const CLI::App& app, const std::string& argument);
 

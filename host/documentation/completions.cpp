@@ -4,12 +4,11 @@
 
 #include <vector>
 
+#include "host/commands/argumentnames.h"
 #include "host/documentation/optionlist.h"
 
 namespace brvhost {
 namespace {
-
-constexpr const char* kBundleArgument = "BUNDLE";
 
 bool IsFolder(const std::string& value) { return value == "DIR"; }
 bool IsFile(const std::string& value) { return value == "FILE"; }

@@ -45,8 +45,9 @@ Target::Target(const std::string& name) : name_(name), path_(Resolved(name)) {
     if (errno != ENOENT) Fail("write");
     return;
   }
-  if (S_ISDIR(status_.st_mode)) throw OutputError(name_ + ": is a folder, not a file");
-  if (!S_ISREG(status_.st_mode)) throw OutputError(name_ + ": is not a regular file; - is the standard output");
+  if (S_ISDIR(status_.st_mode)) throw OutputError(name_ + ": is a folder, not a file; --out-dir writes into a folder");
+  if (!S_ISREG(status_.st_mode))
+    throw OutputError(name_ + ": is not a regular file; --output - writes to the standard output");
   if (access(path_.c_str(), W_OK) != 0) Fail("write");
   file_ = OpenExisting(path_);
   if (!file_) Fail("write");

@@ -31,9 +31,9 @@ class Failures(Case):
         old.write_text("old")
         process = run(HIDE, "--all", self.score, "-o", self.folder / "none" / "out.musicxml")
         self.fails(process, 1, f"none/out.musicxml: cannot write to the folder {self.folder}/none: No such file or directory\n")
-        self.fails(run(HIDE, "--all", self.score, "-o", target), 1, f"{target}: is a folder, not a file\n")
+        self.fails(run(HIDE, "--all", self.score, "-o", target), 1, f"{target}: is a folder, not a file; --out-dir writes into a folder\n")
         self.fails(run(HIDE, "--all", self.score, "-o", "/dev/full"), 1,
-                   "/dev/full: is not a regular file; - is the standard output\n")
+                   "/dev/full: is not a regular file; --output - writes to the standard output\n")
         self.assertEqual(old.read_text(), "old")
 
     def test_of_space_leave_the_old_file_whole(self):
