@@ -3,14 +3,14 @@ include(GNUInstallDirs)
 # Where bundles are installed. It names no processor: a bundle may have executables for several.
 set(BRV_BUNDLE_FOLDER lib/brvhost)
 
-option(BRV_BUILD_TESTS "Build the tests" ON)
-# On a Mac the bundle is built with the developer tools alone; brvhost needs libraries besides.
+# For macOS the bundle is built, with the developer tools alone; brvhost needs libraries besides, and the tests run on Linux.
 if(APPLE)
-  set(build_host_by_default OFF)
+  set(all_by_default OFF)
 else()
-  set(build_host_by_default ON)
+  set(all_by_default ON)
 endif()
-option(BRV_BUILD_HOST "Build brvhost" ${build_host_by_default})
+option(BRV_BUILD_TESTS "Build the tests" ${all_by_default})
+option(BRV_BUILD_HOST "Build brvhost" ${all_by_default})
 option(BRV_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(BRV_MACOS_TESTS "Build the bundle for macOS too, and run its tests on Linux" OFF)
 option(BRV_WERROR "Take warnings for errors, with a compiler that has been tried" OFF)
@@ -69,6 +69,10 @@ function(brv_compile)
       target_compile_options(${target} PRIVATE -fsanitize=${BRV_SANITIZE} -fno-sanitize-recover=all
                                                -fno-omit-frame-pointer)
       target_link_options(${target} PRIVATE -fsanitize=${BRV_SANITIZE})
+      if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        # With them it takes members of the library's own templates for uninitialized.
+        target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
+      endif()
     endif()
     if(BRV_LIBFUZZER)
       target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)

@@ -13,9 +13,18 @@ configure_package_config_file(cmake/package/BrvEDKConfig.cmake.in ${CMAKE_BINARY
                               INSTALL_DESTINATION ${package_folder})
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/package/BrvEDKConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${CMAKE_BINARY_DIR}/package/BrvEDKConfig.cmake ${CMAKE_BINARY_DIR}/package/BrvEDKConfigVersion.cmake
-              cmake/BrvExtension.cmake cmake/BrvExecutableFolder.cmake cmake/Info.plist.in
+              cmake/BrvExtension.cmake cmake/BrvMacOS.cmake cmake/BrvExecutableFolder.cmake cmake/BrvStrings.cmake
+              cmake/BrvCheckImage.cmake
+              cmake/Info.plist.in
         DESTINATION ${package_folder})
 install(DIRECTORY cmake/exports DESTINATION ${package_folder})
+# What builds extensions for macOS: the toolchain, and the kit's sources where those of the tree find them.
+set(BRV_SOURCE_FOLDER ${CMAKE_INSTALL_DATADIR}/brvedk)
+install(DIRECTORY BrvEDK LIB util DESTINATION ${BRV_SOURCE_FOLDER})
+install(DIRECTORY platform/include DESTINATION ${BRV_SOURCE_FOLDER}/platform)
+install(DIRECTORY cmake/macos DESTINATION ${BRV_SOURCE_FOLDER}/cmake PATTERN *.sh EXCLUDE)
+install(PROGRAMS cmake/macos/fetch-zig.sh DESTINATION ${BRV_SOURCE_FOLDER}/cmake/macos)
+install(FILES cmake/BrvCompile.cmake cmake/BrvKit.cmake DESTINATION ${BRV_SOURCE_FOLDER}/cmake)
 file(RELATIVE_PATH prefix_from_pkgconfig /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 configure_file(cmake/package/brvedk.pc.in ${CMAKE_BINARY_DIR}/package/brvedk.pc @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/package/brvedk.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -15,7 +15,7 @@
 #include "fuzz/support/input.h"
 #include "fuzz/support/require.h"
 #include "fuzz/support/target.h"
-#include "tests/support/recordinghost/recordinghost.h"
+#include "testhost/recordinghost.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
-// What a host on Linux sets in the platform: the state of the keyboard and the application's text encoding. On macOS
-// these belong to the system, and there is no such header.
+// What a host on Linux sets in the platform: the state of the keyboard, the application's text encoding, and what
+// functions of bundles are found. On macOS these belong to the system, and there is no such header.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
@@ -20,6 +20,18 @@ BRVPLATFORM_EXPORT unsigned long BrvPlatformModifierFlags(void);
 
 // Sets the 8-bit encoding that GetApplicationTextEncoding returns from now on.
 BRVPLATFORM_EXPORT void BrvPlatformSetApplicationTextEncoding(CFStringEncoding encoding);
+
+// Reads a property list, such as a file of texts, and hands out each key and its text, null for what is no text, in the
+// order of the keys. False where the file cannot be read or is no such list; nothing is handed out then.
+typedef void (*BrvPlatformVisitor)(void* context, CFStringRef key, CFStringRef text);
+BRVPLATFORM_EXPORT bool BrvPlatformReadPropertyList(const char* path, BrvPlatformVisitor visit, void* context);
+
+// Finds the function of that name of a bundle, whose executable has it at that address, or null. Must throw nothing.
+typedef void* (*BrvPlatformFunctionFinder)(void* context, CFBundleRef bundle, const char* name, void* address);
+
+// From now on CFBundleGetFunctionPointerForName returns what the finder returns; with null, the address again. Not
+// while another thread looks a function up.
+BRVPLATFORM_EXPORT void BrvPlatformSetFunctionFinder(BrvPlatformFunctionFinder finder, void* context);
 
 #ifdef __cplusplus
 }

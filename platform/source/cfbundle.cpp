@@ -1,5 +1,7 @@
 #include "cfbundle.h"
 
+#include <brvplatform.h>
+
 #include <algorithm>
 #include <fstream>
 #include <iterator>
@@ -19,6 +21,10 @@ namespace {
 // They exist before any code runs, and need no memory.
 constinit const String executableKey(u"CFBundleExecutable");
 constinit const String identifierKey(u"CFBundleIdentifier");
+
+// What the host has set.
+BrvPlatformFunctionFinder functionFinder = nullptr;
+void* finderContext = nullptr;
 
 // Every bundle that is alive, oldest first.
 std::vector<Bundle*>& Bundles() {
@@ -177,6 +183,13 @@ Boolean CFBundleIsExecutableLoaded(CFBundleRef bundle) { return BundleOf(bundle)
 void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name) {
   return OrNothing([&] {
     const std::optional<std::string> function = NameOf(name);
-    return function ? BundleOf(bundle).Function(function->c_str()) : nullptr;
+    if (!function) return static_cast<void*>(nullptr);
+    void* const address = BundleOf(bundle).Function(function->c_str());
+    return functionFinder == nullptr ? address : functionFinder(finderContext, bundle, function->c_str(), address);
   });
+}
+
+void BrvPlatformSetFunctionFinder(BrvPlatformFunctionFinder finder, void* context) {
+  functionFinder = finder;
+  finderContext = context;
 }

@@ -1,16 +1,17 @@
-// A document of frames for the command of the menu items: by staff, measure and layer, as a host keeps them.
+// A score for the command of the menu items.
 #pragma once
 
 #include <brvplatform.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
-#include <tuple>
 
 #include "brevixpdk.h"
 #include "convention.h"
 #include "recordinghost.h"
+#include "testscore.h"
 
 inline constexpr int kHide = 0;
 inline constexpr int kShow = 1;
@@ -18,27 +19,11 @@ inline constexpr std::int32_t kEverything = 0x7FFFFFFF;
 
 class Command : public testing::Test {
  protected:
-  using Place = std::tuple<int, int, int>;
-
-  struct Frame {
-    std::vector<EXENTRY> entries;
-    EXTGF2005a record = {};
-  };
-
   void SetUp() override {
-    host_.On("BX_GetMaxLayers", [this](const HostCall&) { return layers_; });
-    host_.On("BX_GetShowLayer", [this](const HostCall& call) { return call.Int(0) != hiddenLayer_; });
-    host_.On("BX_LoadTGF", [this](const HostCall& call) { return Load({call.Int(1), call.Int(2), call.Int(3)}); });
-    host_.On("BX_SaveTGF", [this](const HostCall& call) {
-      ++saves_;
-      if (saves_ == cancelAtSave_) HoldCommandPeriod(true);
-      EXPECT_NE(call.Pointer<void>(0), nullptr);
-      return 1;
-    });
-    host_.On("BX_FreeTGF", [this](const HostCall&) {
-      ++frees_;
-      if (frees_ == cancelAtFree_) HoldCommandPeriod(true);
-      return 0;
+    host_.Before("BX_SaveTGF", [](const HostCall& call) { EXPECT_NE(call.Pointer<void>(0), nullptr); });
+    host_.Before("BX_FreeTGF", [this](const HostCall&) {
+      const auto action = afterFrame_.find(++frees_);
+      if (action != afterFrame_.end()) action->second();
     });
     region_.regionScope = 0xABCD;
   }
@@ -50,17 +35,27 @@ class Command : public testing::Test {
     BrvPlatformSetKeyDown(47, held);
   }
 
-  void Add(Place place, const std::vector<std::int32_t>& positions, int flags = 0) {
-    Frame& frame = frames_[place];
-    for (const std::int32_t position : positions) {
-      EXENTRY entry = {};
-      entry.position = position;
-      entry.flags = static_cast<std::uint16_t>(flags);
-      entry.noteCount = 1;
-      frame.entries.push_back(entry);
-    }
-    frame.record.entries = frame.entries.data();
-    frame.record.entryCount = static_cast<std::int16_t>(frame.entries.size());
+  // What happens once the command has freed its n-th frame.
+  void AfterFrame(int n, std::function<void()> action) { afterFrame_[n] = std::move(action); }
+  void CancelAfterFrame(int n) {
+    AfterFrame(n, [] { HoldCommandPeriod(true); });
+  }
+
+  static EXENTRY Note(std::int32_t position, int flags) {
+    EXENTRY entry = NoteAt(position);
+    entry.flags = static_cast<std::uint16_t>(flags);
+    return entry;
+  }
+
+  // A frame of notes that have the same flags.
+  void Put(FramePlace place, const std::vector<std::int32_t>& positions, int flags = 0) {
+    std::vector<EXENTRY> entries;
+    for (const std::int32_t position : positions) entries.push_back(Note(position, flags));
+    score_.Put(place, std::move(entries));
+  }
+
+  void HideLayer(int layer) {
+    host_.On("BX_GetShowLayer", [layer](const HostCall& call) { return call.Int(0) != layer; });
   }
 
   void Select(int startStaff, int endStaff, int startMeasure, int endMeasure, std::int32_t from = 0,
@@ -75,24 +70,16 @@ class Command : public testing::Test {
 
   int Run(int item) { return BrevixExtensionInvoke(nullptr, item, &region_, nullptr); }
 
-  std::vector<int> Flags(Place place) const {
+  // As they were saved.
+  std::vector<int> Flags(FramePlace place) const {
     std::vector<int> flags;
-    for (const EXENTRY& entry : frames_.at(place).entries) flags.push_back(entry.flags);
+    for (const EXENTRY& entry : score_.At(place)) flags.push_back(entry.flags);
     return flags;
   }
 
-  std::uint64_t Load(Place place) {
-    const auto found = frames_.find(place);
-    return found == frames_.end() ? 0 : reinterpret_cast<std::uint64_t>(&found->second.record);
-  }
-
   RecordingHost host_;
+  TestScore score_{host_};
   EREGION region_ = {};
-  std::map<Place, Frame> frames_;
-  std::uint64_t layers_ = 1;
-  int hiddenLayer_ = -1;
-  int saves_ = 0;
   int frees_ = 0;
-  int cancelAtSave_ = 0;
-  int cancelAtFree_ = 0;
+  std::map<int, std::function<void()>> afterFrame_;
 };

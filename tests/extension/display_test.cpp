@@ -1,6 +1,4 @@
 // The command with the host's progress display open. Time passes only where a test lets it.
-#include <functional>
-
 #include "commandfixture.h"
 #include "steadyclock.h"
 
@@ -13,16 +11,9 @@ class Display : public Command {
  protected:
   void SetUp() override {
     Command::SetUp();
-    host_.On("BX_FreeTGF", [this](const HostCall&) {
-      const auto action = afterFrame_.find(++frees_);
-      if (action != afterFrame_.end()) action->second();
-      return 0;
-    });
     host_.Answer("BX_StartMassEdit", reinterpret_cast<std::uint64_t>(&handle_));
   }
 
-  // What happens once the command has freed its n-th frame.
-  void AfterFrame(int n, std::function<void()> action) { afterFrame_[n] = std::move(action); }
   void LetTimePassAfterFrame(int n, std::int64_t ms) {
     AfterFrame(n, [ms] { LetTimePass(ms); });
   }
@@ -45,11 +36,10 @@ class Display : public Command {
 
   int handle_ = 0;
   EXTGF2005a emptyFrame_ = {};
-  std::map<int, std::function<void()>> afterFrame_;
 };
 
 TEST_F(Display, IsFilledUpAtTheEnd) {
-  for (const int measure : {1, 2, 3}) Add({1, measure, 0}, {0});
+  for (const int measure : {1, 2, 3}) Put({1, measure, 0}, {0});
   Select(1, 1, 1, 3);
   LetTimePassAfterFrame(1, 700);
   EXPECT_EQ(Run(kHide), 1);
@@ -58,21 +48,21 @@ TEST_F(Display, IsFilledUpAtTheEnd) {
 }
 
 TEST_F(Display, EndsAsCancelledAndIsNotFilledUpWhenTheLastFrameIsCancelled) {
-  for (const int measure : {1, 2, 3}) Add({1, measure, 0}, {0});
+  for (const int measure : {1, 2, 3}) Put({1, measure, 0}, {0});
   Select(1, 1, 1, 3);
   LetTimePassAfterFrame(1, 700);
-  AfterFrame(3, [] { HoldCommandPeriod(true); });
+  CancelAfterFrame(3);
   EXPECT_EQ(Run(kHide), 1);
   EXPECT_THAT(Reports(), ElementsAre("1: BX_StartMassEdit(0, 3)", "1: BX_MassEditProgress(pointer, 1, 0, 0, -1)",
                                      "3: BX_EndMassEdit(pointer, 1)"));
-  EXPECT_EQ(saves_, 3);
+  EXPECT_EQ(host_.Count("BX_SaveTGF"), 3);
   EXPECT_EQ(host_.Calls().back().name, "BX_EndMassEdit");
 }
 
 TEST_F(Display, CountsHiddenLayersAndFramesThatDoNotLoad) {
-  layers_ = 4;
-  hiddenLayer_ = 2;
-  for (const int measure : {1, 3}) Add({1, measure, 0}, {0});
+  host_.Answer("BX_GetMaxLayers", 4);
+  HideLayer(2);
+  for (const int measure : {1, 3}) Put({1, measure, 0}, {0});
   Select(1, 1, 1, 3);
   LetTimePassAfterFrame(2, 700);
   Run(kHide);
@@ -86,9 +76,8 @@ TEST_F(Display, DoesNotStopTheCommandByWhatTheHostAnswers) {
     host_.Answer("BX_EndMassEdit", answer);
     host_.Answer("BX_SaveTGF", answer);
     host_.Forget();
-    frames_.clear();
     frees_ = 0;
-    for (const int measure : {1, 2, 3}) Add({1, measure, 0}, {0});
+    for (const int measure : {1, 2, 3}) Put({1, measure, 0}, {0});
     Select(1, 1, 1, 3);
     LetTimePassAfterFrame(1, 700);
     LetTimePassAfterFrame(2, 100);

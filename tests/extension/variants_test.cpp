@@ -11,9 +11,7 @@ class Variants : public Command {
  protected:
   // The flags of a clear and of a set entry after the command.
   std::vector<int> FlagsAfter(int variant) {
-    frames_.clear();
-    Add({1, 1, 0}, {0}, 0x8001);
-    Add({1, 1, 0}, {10}, 0xFFFF);
+    score_.Put({1, 1, 0}, {Note(0, 0x8001), Note(10, 0xFFFF)});
     Select(1, 1, 1, 1);
     EXPECT_EQ(DoShowLegerLines(&region_, variant), 1) << variant;
     return Flags({1, 1, 0});

@@ -82,11 +82,23 @@ std::string ReadableName(const std::string& symbol) {
   return std::regex_replace(status == 0 ? demangled.get() : symbol, std::regex("std::(__1|__cxx11)::"), "std::");
 }
 
-std::vector<std::string> NamesInLinuxBundle() {
-  std::istringstream lines(BytesOf(BRV_LINUX_EXPORTS));
+// The names in what nm prints.
+std::vector<std::string> NamesIn(const std::string& path) {
+  std::istringstream lines(BytesOf(path));
   std::vector<std::string> names;
   for (std::string address, kind, name; lines >> address >> kind >> name;) names.push_back(ReadableName(name));
   return names;
+}
+
+std::set<std::string> SymbolsOf(const std::string& stub) {
+  std::istringstream lines(BytesOf(BRV_STUBS + stub));
+  const std::regex symbol(" *- '(.*)'");
+  std::set<std::string> symbols;
+  std::smatch match;
+  for (std::string line; std::getline(lines, line);) {
+    if (std::regex_match(line, match, symbol)) symbols.insert(match[1]);
+  }
+  return symbols;
 }
 
 // The strings of the file that begin with a slash and a letter.
@@ -107,23 +119,25 @@ TEST(MacOSExecutable, HoldsAnImageForEitherProcessorOfMacs) {
   EXPECT_THAT(processors, ElementsAre(macho::CPU_TYPE_X86_64, macho::CPU_TYPE_ARM64));
 }
 
-TEST(MacOSExecutable, FindsNothingInItsStubsThatNoImageImports) {
+TEST(MacOSExecutable, FindsNoOtherSymbolsOfTheObjectiveCRuntimeThanItImports) {
   std::set<std::string> imported;
   for (const macho::FatImage& image : macho::ReadFat(FileBytes())) {
-    for (const macho::Bind& bind : AllBinds(macho::ReadMachO(image.bytes))) imported.insert(bind.symbol);
-  }
-  for (const std::string stub : {BRV_STUBS "/System/Library/Frameworks/CoreFoundation.framework/CoreFoundation.tbd",
-                                 BRV_STUBS "/System/Library/Frameworks/Carbon.framework/Carbon.tbd",
-                                 BRV_STUBS "/System/Library/Frameworks/AppKit.framework/AppKit.tbd",
-                                 BRV_STUBS "/usr/lib/libobjc.tbd", BRV_STUBS "/usr/lib/libc++.tbd"}) {
-    std::istringstream lines(BytesOf(stub));
-    const std::regex symbol(" *- '(.*)'");
-    std::smatch match;
-    for (std::string line; std::getline(lines, line);) {
-      if (!std::regex_match(line, match, symbol)) continue;
-      EXPECT_EQ(imported.count(match[1]), 1u) << match[1] << " in " << stub;
+    for (const macho::Bind& bind : AllBinds(macho::ReadMachO(image.bytes))) {
+      if (bind.library == kObjectiveC) imported.insert(bind.symbol);
     }
   }
+  EXPECT_EQ(SymbolsOf("/usr/lib/libobjc.tbd"), imported);
+}
+
+TEST(StubsOfFrameworks, HaveWhatThePlatformHasForLinux) {
+  std::set<std::string> ofFrameworks =
+      SymbolsOf("/System/Library/Frameworks/CoreFoundation.framework/CoreFoundation.tbd");
+  ofFrameworks.merge(SymbolsOf("/System/Library/Frameworks/Carbon.framework/Carbon.tbd"));
+  std::set<std::string> ofPlatform;
+  for (const std::string& name : NamesIn(BRV_PLATFORM_EXPORTS)) {
+    if (!name.starts_with("BrvPlatform")) ofPlatform.insert("_" + name);
+  }
+  EXPECT_EQ(ofFrameworks, ofPlatform);
 }
 
 TEST(MacOSExecutable, HoldsNoPathButThoseOfTheSystemsLibraries) {
@@ -177,7 +191,7 @@ TEST_P(MacOSImage, ExportsWhatTheLinuxBundleExports) {
     ASSERT_EQ(symbol.name.front(), '_');
     exported.push_back(ReadableName(symbol.name.substr(1)));
   }
-  EXPECT_THAT(exported, UnorderedElementsAreArray(NamesInLinuxBundle()));
+  EXPECT_THAT(exported, UnorderedElementsAreArray(NamesIn(BRV_LINUX_EXPORTS)));
 }
 
 TEST_P(MacOSImage, IsRefusedWhenItIsCutOff) {

@@ -4,7 +4,7 @@
 set -euo pipefail
 copy=$(mktemp -d)
 trap 'rm -rf "$copy"' EXIT
-sources=(CMakeLists.txt CMakePresets.json cmake scripts platform BrvEDK LIB util extension)
+sources=(CMakeLists.txt cmake scripts platform BrvEDK LIB util extension)
 (cd "$1" && tar -c "${sources[@]}") | tar -x -C "$copy"
-ZIG_GLOBAL_CACHE_DIR=$copy/compiled "$copy/scripts/build-macos.sh" >"$copy/log" 2>&1 || { cat "$copy/log"; exit 1; }
+"$copy/scripts/build-macos.sh" >"$copy/log" 2>&1 || { cat "$copy/log"; exit 1; }
 cmp "$2" "$copy/build/macos/LegerLines.bundle/Contents/MacOS/LegerLines"

@@ -1,8 +1,9 @@
 // Bundles and the functions in them.
-#include <CoreFoundation/CoreFoundation.h>
+#include <brvplatform.h>
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "ownbundle.h"
 
@@ -152,7 +153,7 @@ class HostBundle : public testing::Test {
  protected:
   void TearDown() override { CFRelease(bundle_); }
 
-  CFBundleRef bundle_ = CreateBundle(BRV_BINARY_DIR "/tests/RecordingHost.bundle");
+  CFBundleRef bundle_ = CreateBundle(BRV_BINARY_DIR "/testhost/RecordingHost.bundle");
 };
 
 TEST_F(HostBundle, GivesTheFunctionsOfItsOwnExecutable) {
@@ -178,6 +179,33 @@ TEST(MainBundle, GivesTheFunctionsOfTheProgram) {
   void* const found = CFBundleGetFunctionPointerForName(CFBundleGetMainBundle(), CFSTR("BrvFunctionOfTheProgram"));
   EXPECT_EQ(found, reinterpret_cast<void*>(&BrvFunctionOfTheProgram));
   EXPECT_TRUE(CFBundleIsExecutableLoaded(CFBundleGetMainBundle()));
+}
+
+struct Lookup {
+  CFBundleRef bundle;
+  std::string name;
+  void* address;
+  bool operator==(const Lookup&) const = default;
+};
+
+int anything = 0;
+
+void* Record(void* lookups, CFBundleRef bundle, const char* name, void* address) {
+  static_cast<std::vector<Lookup>*>(lookups)->push_back({bundle, name, address});
+  return &anything;
+}
+
+TEST(FunctionFinder, DecidesWhatIsFound) {
+  const CFBundleRef program = CFBundleGetMainBundle();
+  std::vector<Lookup> lookups;
+  BrvPlatformSetFunctionFinder(Record, &lookups);
+  EXPECT_EQ(CFBundleGetFunctionPointerForName(program, CFSTR("BrvFunctionOfTheProgram")), &anything);
+  EXPECT_EQ(CFBundleGetFunctionPointerForName(program, CFSTR("BrvNoSuchFunction")), &anything);
+  BrvPlatformSetFunctionFinder(nullptr, nullptr);
+  EXPECT_EQ(CFBundleGetFunctionPointerForName(program, CFSTR("BrvNoSuchFunction")), nullptr);
+  EXPECT_EQ(lookups, (std::vector<Lookup>{
+                         {program, "BrvFunctionOfTheProgram", reinterpret_cast<void*>(&BrvFunctionOfTheProgram)},
+                         {program, "BrvNoSuchFunction", nullptr}}));
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ from sources import paths
 
 _INCLUDE = re.compile(r'\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
 # Where <BrvEDK/...> and the names of the system's frameworks lead.
-_KIT, _PLATFORM = ("BrvEDK/Source/", "LIB/", "util/"), ("platform/include/",)
+_KIT, _PLATFORM = ("BrvEDK/Source/", "LIB/", "util/", "testhost/"), ("platform/include/",)
 
 # An include in a file of ours; target is the file that is included, or None where that is not ours.
 Include = collections.namedtuple("Include", "file line name target")

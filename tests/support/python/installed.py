@@ -17,9 +17,10 @@ def install(prefix):
     run("cmake", "--install", BUILD, "--prefix", prefix)
 
 
-def build_example(folder):
+def build_example(folder, *options):
     """ScoreReport's bundle, built in the caller's folder."""
     install(folder / "prefix")
-    run("cmake", "-S", SOURCE / "examples" / "ScoreReport", "-B", folder / "build", f"-DCMAKE_PREFIX_PATH={folder / 'prefix'}")
+    run("cmake", "-S", SOURCE / "examples" / "ScoreReport", "-B", folder / "build", f"-DCMAKE_PREFIX_PATH={folder / 'prefix'}",
+        *options)
     run("cmake", "--build", folder / "build")
     return folder / "build" / "ScoreReport.bundle"

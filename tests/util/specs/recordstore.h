@@ -1,15 +1,13 @@
-// A host with records, on the recording host: it remembers what it was asked.
+// A score of records that remembers what it was asked.
 #pragma once
 
-#include <algorithm>
 #include <cstring>
-#include <map>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include "brevixpdk.h"
 #include "recordinghost.h"
+#include "testscore.h"
 
 struct Request {
   std::uint32_t tag;
@@ -23,15 +21,13 @@ struct Request {
 
 class RecordStore {
  public:
-  using Bytes = std::vector<std::uint8_t>;
+  using Bytes = TestScore::Bytes;
 
   RecordStore() {
-    host.On("BX_LoadEData", [this](const HostCall& call) { return Load(call); });
+    host.Before("BX_LoadEData", [this](const HostCall& call) { Remember(call); });
   }
 
-  void Put(std::uint32_t tag, int number, Bytes bytes, int index = 0) {
-    records_[{tag, number, index}] = std::move(bytes);
-  }
+  void Put(std::uint32_t tag, int number, Bytes bytes) { score_.PutBytes(tag, number, std::move(bytes)); }
   void PutText(int number, const std::u16string& text) {
     const auto* const units = reinterpret_cast<const std::uint8_t*>(text.data());
     Put(0x7478626C, number, Bytes(units, units + 2 * text.size()));
@@ -58,22 +54,15 @@ class RecordStore {
   Bytes seenNewerData;
 
  private:
-  std::uint64_t Load(const HostCall& call) {
+  void Remember(const HostCall& call) {
     const auto tag = static_cast<std::uint32_t>(call.arguments[0]);
     const auto* const key = call.Pointer<EDataKey>(1);
-    auto* const data = call.Pointer<std::uint8_t>(2);
-    auto* const size = call.Pointer<std::int32_t>(3);
+    const auto* const data = call.Pointer<std::uint8_t>(2);
+    const auto* const size = call.Pointer<std::int32_t>(3);
     requests.push_back({tag, key->recordNumber, key->recordIndex, data == nullptr ? 0 : *size, data != nullptr,
                         static_cast<std::uint32_t>(call.arguments[4])});
     if (data != nullptr && *size == 136) seenNewerData.assign(data + 102, data + 114);
-    const auto found = records_.find({tag, key->recordNumber, key->recordIndex});
-    if (found == records_.end()) return 0;
-    const Bytes& bytes = found->second;
-    if (data != nullptr)
-      std::copy_n(bytes.data(), std::min<std::size_t>(bytes.size(), static_cast<std::size_t>(*size)), data);
-    *size = static_cast<std::int32_t>(bytes.size());
-    return 1;
   }
 
-  std::map<std::tuple<std::uint32_t, int, int>, Bytes> records_;
+  TestScore score_{host};
 };

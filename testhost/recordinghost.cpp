@@ -1,18 +1,29 @@
+#include <BrvEDK/recordinghost.h>
+
+#include <BrvEDK/hostbundle.h>
+
 #include <algorithm>
 #include <stdexcept>
 
-#include "hostbundle.h"
-#include "recordinghost.h"
 #include "recordinghostinterface.h"
 
+// A program that is not linked with the kit has neither; the bundle that it loads has its own.
+#pragma weak InitializeGlobals
+#pragma weak GetBrevixBundleRef
+
 namespace {
+
+bool IsKitLinked() { return InitializeGlobals != nullptr && GetBrevixBundleRef != nullptr; }
 
 RecordingHostListenFunction ListenFunction() {
   static const auto function = [] {
     const CFBundleRef bundle = OpenHostBundle("RecordingHost");
-    if (InitializeGlobals() != 0 || GetBrevixBundleRef() != bundle) throw std::runtime_error("another host is bound");
-    void* const found = CFBundleGetFunctionPointerForName(bundle, CFSTR("RecordingHostListen"));
-    if (found == nullptr) throw std::runtime_error("the recording host is not built");
+    if (IsKitLinked() && (InitializeGlobals() != 0 || GetBrevixBundleRef() != bundle)) {
+      throw std::runtime_error("another host is bound");
+    }
+    void* const found =
+        bundle == nullptr ? nullptr : CFBundleGetFunctionPointerForName(bundle, CFSTR("RecordingHostListen"));
+    if (found == nullptr) throw std::runtime_error(BRV_HOST_FOLDER ": there is no RecordingHost.bundle");
     return reinterpret_cast<RecordingHostListenFunction>(found);
   }();
   return function;
@@ -64,6 +75,7 @@ int RecordingHost::Count(const std::string& name) const {
 }
 
 std::uint64_t RecordingHost::Handle(const HostCall& call) const {
+  if (const auto observer = observers_.find(call.name); observer != observers_.end()) observer->second(call);
   const auto handler = handlers_.find(call.name);
   return handler == handlers_.end() ? 0 : handler->second(call);
 }

@@ -1,21 +1,26 @@
-// The recording host, as tests use it:
+// The recording host, in which a test drives an extension or functions of the kit:
 //
 //   RecordingHost host;
 //   host.On("BX_GetMaxLayers", [](const HostCall&) { return 2; });
-//   ... drive the kit ...
-//   EXPECT_THAT(host.Names(), ElementsAre("BX_GetMaxLayers"));
+//   ... drive the extension ...
+//   host.Texts();  // {"BX_GetMaxLayers()", "BX_LoadTGF(0, 1, 1, 0, 1)", ...}
 //
-// The kit binds to it as to the application: by the identifier of its bundle. A process has one host, since the kit
-// keeps what it finds for life; each RecordingHost starts with an empty log and no handlers.
+// testscore.h has one that answers with frames and records, testextension.h an extension's bundle.
+//
+// Whatever is linked or loaded binds to it as to the application: by the identifier of its bundle. A process has one
+// host, since the kit keeps what it finds for life; each RecordingHost starts with an empty log and no handlers. There
+// is one at a time.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct HostCall {
@@ -45,22 +50,40 @@ struct FailingCalls {
 class RecordingHost {
  public:
   using Handler = std::function<std::uint64_t(const HostCall&)>;
+  using Observer = std::function<void(const HostCall&)>;
 
-  // Binds the kit to the host, at the first time in a process.
+  // Binds the kit to the host, where the program is linked with it, at the first time in a process; a bundle of an
+  // extension binds its own when its main is called. Throws std::runtime_error where the host is not there, or another
+  // one is bound.
   RecordingHost();
   ~RecordingHost();
   RecordingHost(const RecordingHost&) = delete;
   RecordingHost& operator=(const RecordingHost&) = delete;
 
-  // What a function returns; 0 if no handler is set.
+  // What a function returns; 0 if no handler is set. A handler of the same name replaces the one before it.
+  //
+  // Example: the user agrees to every question.
+  //   host.Answer("BX_AlertMessage", kAlertYes);
   void On(const std::string& name, Handler handler) { handlers_[name] = std::move(handler); }
   void Answer(const std::string& name, std::uint64_t result) {
     On(name, [result](const HostCall&) { return result; });
   }
 
-  // From the start of the log, these calls fail: no handler hears of them, and they return 0.
+  // What hears of each call of a function before it is answered. An observer of the same name replaces the one before
+  // it.
+  //
+  // Example: the user holds Command-period from the third frame on.
+  //   host.Before("BX_FreeTGF", [frames = 0](const HostCall&) mutable {
+  //     if (++frames < 3) return;
+  //     BrvPlatformSetModifierFlags(0x100000);
+  //     BrvPlatformSetKeyDown(47, true);
+  //   });
+  void Before(const std::string& name, Observer observer) { observers_[name] = std::move(observer); }
+
+  // From the start of the log, these calls fail: no handler or observer hears of them, and they return 0.
   void Fail(FailingCalls calls) { failing_ = calls; }
 
+  // The log: what was called, in that order.
   const std::vector<HostCall>& Calls() const { return calls_; }
   std::vector<std::string> Names() const;
   std::vector<std::string> Texts() const;
@@ -70,16 +93,17 @@ class RecordingHost {
  private:
   static std::uint64_t Listen(void* context, const char* name, const std::uint64_t* arguments, std::size_t count);
 
-  // The handler's answer to a call.
+  // The handler's answer to a call, of which its observer has heard.
   std::uint64_t Handle(const HostCall& call) const;
 
   // Extensions call from one thread; tests of the kit may call from several.
   std::mutex logMutex_;
   std::vector<HostCall> calls_;
   std::map<std::string, Handler> handlers_;
+  std::map<std::string, Observer> observers_;
   FailingCalls failing_ = {};  // none
 };
 
-// Makes the bundle of a host beside the test programs: "RecordingHost", or "EmptyHost", which has no
-// function. The kit binds to it when it is next initialised. The bundle stays for the life of the process.
+// Makes the bundle of a host: "RecordingHost", or "EmptyHost", which has no function. The kit binds to it when it is
+// next initialised. The bundle stays for the life of the process.
 CFBundleRef OpenHostBundle(const std::string& name);
