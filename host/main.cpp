@@ -32,6 +32,7 @@ int Perform(const CLI::App& app, const Options& options) {
   if (app.got_subcommand("items")) return ListItems(options);
   if (app.got_subcommand("info")) return ShowInfo(options);
   if (app.got_subcommand("run")) return Run(options);
+  if (app.got_subcommand("calls")) return ListCalls(options);
   return Check(options);
 }
 

@@ -43,7 +43,7 @@ ExtensionProcess::ExtensionProcess(const JobSettings& settings, std::size_t slot
       name_(NameOfBundle(settings.bundle)),
       terminal_(terminal),
       ownPlace_(slots),
-      whereabouts_(slots + 1) {
+      places_(slots + 1) {
   auto [here, there] = ConnectedChannels();
   auto [reader, writer] = ForeignOutput::Pipe();
   process_.emplace([&, &ours = here, &theirs = there, &shown = reader, &output = writer] {
@@ -52,11 +52,19 @@ ExtensionProcess::ExtensionProcess(const JobSettings& settings, std::size_t slot
     RedirectStreams(output);
     output = {};
     CloseOthers(theirs.Get());
-    return RunLoader(settings_, std::move(theirs), whereabouts_, ownPlace_);
+    return RunLoader(settings_, std::move(theirs), places_, ownPlace_);
   });
   channel_ = std::move(here);
   channel_.Distrust(kMaxMessage);
   output_ = std::move(reader);
+}
+
+void ExtensionProcess::Load(const Descriptor& trace) const {
+  if (!settings_.traces) {
+    channel_.Send(LoadMessage{});
+    return;
+  }
+  channel_.Send(LoadMessage{}, {trace.Get()});
 }
 
 std::optional<Offer> ExtensionProcess::WaitForOffer() {
@@ -89,7 +97,13 @@ std::optional<Offer> ExtensionProcess::WaitForOffer() {
   }
 }
 
-bool ExtensionProcess::Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output) {
+bool ExtensionProcess::Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output,
+                             const std::string& label) {
+  places_.missing[slot] = {};
+  if (settings_.traces) {
+    if (!channel_.FillUntilWritable(interruptsPassedOn_)) return false;
+    channel_.Send(LabelMessage{label});
+  }
   if (!channel_.FillUntilWritable(interruptsPassedOn_)) return false;
   channel_.Send(StartMessage{job, slot, static_cast<std::uint64_t>(item_)}, {worker.Get(), output.Get()});
   return true;  // where it did not get through, the end of the process is found

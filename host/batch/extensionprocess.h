@@ -6,15 +6,16 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/batch/channel.h"
 #include "host/batch/foreignoutput.h"
 #include "host/batch/job.h"
 #include "host/batch/offer.h"
+#include "host/batch/sharedplaces.h"
 #include "host/process/guardedchild.h"
 #include "host/process/interrupt.h"
 #include "host/process/terminal.h"
-#include "host/process/whereabouts.h"
 
 namespace brvhost {
 
@@ -24,8 +25,8 @@ class ExtensionProcess {
   // is now, and costs the more the more memory this holds. Throws std::system_error.
   ExtensionProcess(const JobSettings& settings, std::size_t slots, Terminal& terminal);
 
-  // Starts to load the bundle.
-  void Load() const { channel_.Send(LoadMessage{}); }
+  // Starts to load the bundle. The trace goes to that file, where the settings ask for one.
+  void Load(const Descriptor& trace = {}) const;
 
   // Waits until the bundle is loaded. Null after an interrupt. Throws BundleError, also when loading takes longer than
   // a score may.
@@ -37,8 +38,10 @@ class ExtensionProcess {
   // These three wait while the process does not read, until there is an interrupt that was not passed on, and take its
   // messages in meanwhile.
 
-  // Starts a worker; the caller closes its ends. False where an interrupt came first, and there will be no worker.
-  [[nodiscard]] bool Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output);
+  // Starts a worker; the caller closes its ends. Each line of its trace begins with the label. False where an interrupt
+  // came first, and there will be no worker.
+  [[nodiscard]] bool Start(std::uint64_t job, std::size_t slot, const Channel& worker, const Descriptor& output,
+                           const std::string& label);
   // Cancels the work of all workers, on the interrupts so far.
   void Interrupt();
   // A worker should have ended by now, or is killed. It is reported when it has.
@@ -55,7 +58,11 @@ class ExtensionProcess {
 
   const std::string& Name() const { return name_; }
   // " in BrevixExtensionInvoke", or nothing.
-  std::string WhereaboutsOf(std::size_t slot) const { return Describe(whereabouts_[slot]); }
+  std::string WhereaboutsOf(std::size_t slot) const { return Describe(places_.whereabouts[slot]); }
+  // What the extension asked for that brvhost does not have, when it was loaded or by the worker of that slot.
+  std::vector<std::string> MissingFunctionsOf(std::size_t slot) const {
+    return NamesOfMissing({&places_.missing[ownPlace_], &places_.missing[slot]});
+  }
 
   // The process has ended by itself, or has no memory to go on: kills what is left, and reports how it ended. No worker
   // can be started any more.
@@ -79,7 +86,7 @@ class ExtensionProcess {
   const std::string name_;
   Terminal& terminal_;
   const std::size_t ownPlace_;
-  SharedWhereabouts whereabouts_;
+  SharedPlaces places_;
   ForeignOutput output_;
   Channel channel_;
   std::optional<GuardedChild> process_;

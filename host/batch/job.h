@@ -26,6 +26,8 @@ struct JobSettings {
   bool listsChanges = false;               // entry by entry
   bool printsJson = false;                 // a line for each score
   bool namesEachScore = false;             // also where there are several
+  bool traces = false;                     // each call between the extension and brvhost
+  bool tracesTimes = false;                // with the time it took
 };
 
 struct Job {

@@ -46,6 +46,7 @@ JsonObject EndOf(const Findings& findings, const ScoreResult& result) {
   object.AddJson("counts", result.done ? JsonOfCounts(*result.done) : "null");
   object.AddJson("region", findings.region.empty() ? "null" : findings.region);
   object.AddJson("warnings", JsonArrayOfTexts(findings.warnings));
+  object.AddJson("missingFunctions", JsonArrayOfTexts(findings.missingFunctions));
   return object.AddTextOrNull("error", result.error);
 }
 

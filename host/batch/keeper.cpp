@@ -62,7 +62,8 @@ void CheckStandardOutput(const Job& job, const ScoreFile& file) {
 // Where the result goes, looked at before the score is read.
 std::optional<Target> TargetOf(const Job& job, const InputFile& score) {
   if (!job.HasFile()) return std::nullopt;
-  std::optional<Target> target(*job.target);
+  constexpr TargetAdvice kAdvice = {"; --out-dir writes into a folder", "; --output - writes to the standard output"};
+  std::optional<Target> target(std::in_place, *job.target, kAdvice);
   if (*job.target == job.score) target->ExpectSameAs(score.Identity());
   return target;
 }

@@ -14,6 +14,8 @@
 #include <memory>
 #include <new>
 #include <optional>
+#include <stdexcept>
+#include <string>
 #include <system_error>
 #include <utility>
 #include <variant>
@@ -22,12 +24,14 @@
 #include "host/batch/offer.h"
 #include "host/batch/worker.h"
 #include "host/bundle/extension.h"
+#include "host/calls/trace.h"
 #include "host/process/child.h"
 #include "host/process/confinement.h"
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
 #include "host/process/kinship.h"
 #include "host/process/memoryshortage.h"
+#include "host/text/printable.h"
 #include "host/text/reason.h"
 
 namespace brvhost {
@@ -41,9 +45,10 @@ constexpr int kShortWaitMs = 5;
 
 class Loader {
  public:
-  Loader(const Extension& extension, const JobSettings& settings, Channel& supervisor,
-         const SharedWhereabouts& whereabouts)
-      : extension_(extension), settings_(settings), supervisor_(supervisor), whereabouts_(whereabouts) {}
+  // `trace` may be null.
+  Loader(const Extension& extension, const JobSettings& settings, Channel& supervisor, const SharedPlaces& places,
+         Trace* trace)
+      : extension_(extension), settings_(settings), supervisor_(supervisor), places_(places), trace_(trace) {}
 
   // Until the supervisor closes its end.
   void Serve() {
@@ -69,6 +74,8 @@ class Loader {
   template <class Other>
   void Handle(const Other&) {}
 
+  void Handle(const LabelMessage& message) { label_ = Printable(message.text); }
+
   void Handle(const StartMessage& message) {
     Channel keeper(supervisor_.TakeDescriptor());
     const Descriptor output = supervisor_.TakeDescriptor();
@@ -76,8 +83,9 @@ class Loader {
     try {
       const pid_t process = StartChild([&] {
         DieWithParent(self);
-        ReportWhereaboutsTo(whereabouts_[message.slot]);
+        ReportTo(places_, message.slot);
         supervisor_ = {};
+        if (trace_ != nullptr) trace_->Label(label_);
         for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) dup2(output.Get(), stream);
         return RunWorker(extension_, settings_, static_cast<int>(message.item), std::move(keeper));
       });
@@ -119,7 +127,9 @@ class Loader {
   const Extension& extension_;
   const JobSettings& settings_;
   Channel& supervisor_;
-  const SharedWhereabouts& whereabouts_;
+  const SharedPlaces& places_;
+  Trace* const trace_;
+  std::string label_;  // of the next worker's trace
   std::vector<Worker> workers_;
 };
 
@@ -153,7 +163,7 @@ std::unique_ptr<Extension> Load(const JobSettings& settings, const Channel& supe
   std::exit(kDone);
 }
 
-int LoadAndServe(const JobSettings& settings, Channel& supervisor, const SharedWhereabouts& whereabouts) {
+int LoadAndServe(const JobSettings& settings, Channel& supervisor, const SharedPlaces& places) {
   try {
     if (settings.confine) Confine();
   } catch (const std::exception& error) {
@@ -161,19 +171,25 @@ int LoadAndServe(const JobSettings& settings, Channel& supervisor, const SharedW
     return kFailed;
   }
   if (!supervisor.Receive()) return kDone;
+  std::optional<Trace> trace;
+  try {
+    if (settings.traces) trace.emplace(supervisor.TakeDescriptor(), settings.tracesTimes);
+  } catch (const std::runtime_error& error) {
+    supervisor.Send(FailureMessage{error.what()});
+    return kFailed;
+  }
   const auto extension = Load(settings, supervisor);
   if (extension == nullptr) return kBadBundle;
-  Loader(*extension, settings, supervisor, whereabouts).Serve();
+  Loader(*extension, settings, supervisor, places, trace ? &*trace : nullptr).Serve();
   End(*extension, supervisor);
 }
 
 }  // namespace
 
-int RunLoader(const JobSettings& settings, Channel supervisor, const SharedWhereabouts& whereabouts,
-              std::size_t ownPlace) {
-  ReportWhereaboutsTo(whereabouts[ownPlace]);
+int RunLoader(const JobSettings& settings, Channel supervisor, const SharedPlaces& places, std::size_t ownPlace) {
+  ReportTo(places, ownPlace);
   try {
-    return LoadAndServe(settings, supervisor, whereabouts);
+    return LoadAndServe(settings, supervisor, places);
   } catch (const std::bad_alloc&) {
     supervisor.Send(NoMemoryMessage{});
     return kFailed;

@@ -5,15 +5,15 @@
 
 #include "host/batch/channel.h"
 #include "host/batch/job.h"
-#include "host/process/whereabouts.h"
+#include "host/batch/sharedplaces.h"
 
 namespace brvhost {
 
 // Loads the bundle when the supervisor asks for it, and serves it until it closes its end. Then the extension is ended,
 // and so is the process. Returns the exit status where there is nothing to serve.
 //
-// A worker reports where it is to the place of its slot, the loader to that of number `ownPlace`.
-[[nodiscard]] int RunLoader(const JobSettings& settings, Channel supervisor, const SharedWhereabouts& whereabouts,
+// A worker reports to the places of its slot, the loader to those of number `ownPlace`.
+[[nodiscard]] int RunLoader(const JobSettings& settings, Channel supervisor, const SharedPlaces& places,
                             std::size_t ownPlace);
 
 }  // namespace brvhost

@@ -116,9 +116,13 @@ struct EndedMessage {
   std::int64_t status = 0;  // as waitpid gives it, or one of these
 };
 
-// From the supervisor to the loader: to load the bundle; a worker for a job, with its end of the line and a pipe for
-// what it prints; an interrupt for all workers; that a worker should have ended by now, or is to be killed.
+// From the supervisor to the loader: to load the bundle, with the file of the trace where there is one; what the lines
+// of the next worker in it begin with; a worker for a job, with its end of the line and a pipe for what it prints; an
+// interrupt for all workers; that a worker should have ended by now, or is to be killed.
 struct LoadMessage {};
+struct LabelMessage {
+  std::string text;
+};
 struct StartMessage {
   std::uint64_t job = 0;
   std::uint64_t slot = 0;
@@ -135,7 +139,7 @@ using Message =
                  ResultMessage, WarningMessage, BadInputMessage, FailureMessage, DoneMessage, LostMessage, JobMessage,
                  WorkerEndedMessage, HandedOutMessage, HandedBackMessage, OfferMessage, BadBundleMessage, EndedMessage,
                  StartMessage, InterruptMessage, EndMessage, NoMemoryMessage, MemberMessage, ChangesMessage,
-                 MoreMessage, RegionMessage, PassingFailureMessage, LoadMessage>;
+                 MoreMessage, RegionMessage, PassingFailureMessage, LoadMessage, LabelMessage>;
 
 // Why there is no result, or none this time.
 inline Message Failure(std::string text, bool mayPass) {

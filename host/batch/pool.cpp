@@ -17,6 +17,7 @@
 #include "host/batch/ending.h"
 #include "host/batch/keeper.h"
 #include "host/batch/mayhelp.h"
+#include "host/calls/missingfunctions.h"
 #include "host/process/background.h"
 #include "host/process/child.h"
 #include "host/process/exitstatus.h"
@@ -70,6 +71,7 @@ int Pool::Run() {
   }
   for (KeeperProcess& keeper : slots_) keeper.channel = {};  // which ends them, while the extension is ended
   results_.Finish();
+  ReportMissingFunctions();
   return results_.Status();
 }
 
@@ -125,7 +127,10 @@ void Pool::StartKeeper(std::size_t slot) {
 
 void Pool::StartWorker(std::size_t slot) {
   Work& work = *slots_[slot].work;
-  if (!extension_.Start(work.job, slot, work.worker, work.printed)) work.workerStatus = EndedMessage::kNotStarted;
+  const std::string label = results_.Prefixed(JobOf(slot), "");
+  if (!extension_.Start(work.job, slot, work.worker, work.printed, label)) {
+    work.workerStatus = EndedMessage::kNotStarted;
+  }
   work.worker = {};
   work.printed = {};
   work.deadline = Deadline(settings_.secondsAScore);
@@ -173,6 +178,7 @@ void Pool::HearKeeper(std::size_t slot) {
     if (keeper.work->isLate) return FinishLost(slot);
     return Fail(slot, "brvhost's own process " + how + "; the score is as it was, or done", MayPass(status));
   }
+  if (keeper.work) NoteMissingFunctions(slot);
   while (const auto message = keeper.work ? keeper.channel.Next() : std::nullopt) {
     std::visit([this, slot](const auto& body) { Handle(slot, body); }, *message);
   }
@@ -385,12 +391,14 @@ std::string Pool::WhyLost(std::size_t slot) const {
 
 void Pool::Fail(std::size_t slot, const std::string& reason, bool retry) {
   ShowOutput(slot);
+  NoteMissingFunctions(slot);
   results_.ReportFailure(JobOf(slot), FindingsOf(slot), fmt::format("{}: {}", InputName(JobOf(slot).score), reason),
                          retry);
   Finish(slot);
 }
 
 void Pool::Interrupt(std::size_t slot) {
+  NoteMissingFunctions(slot);
   results_.ReportInterrupted(JobOf(slot), FindingsOf(slot));
   Finish(slot);
 }
@@ -402,6 +410,22 @@ void Pool::Finish(std::size_t slot) {
   if (listed_ != slot) return;
   listed_.reset();
   ListChanges();
+}
+
+void Pool::NoteMissingFunctions(std::size_t slot) {
+  std::vector<std::string>& names = FindingsOf(slot).missingFunctions;
+  names = extension_.MissingFunctionsOf(slot);
+  std::vector<std::string> news;
+  for (const std::string& name : names) {
+    if (missingFunctions_.insert(name).second) news.push_back(name);
+  }
+  if (!settings_.namesEachScore || news.empty()) return;
+  terminal_.PrintWarning(results_.Prefixed(JobOf(slot), MissingText(extension_.Name(), news)));
+}
+
+void Pool::ReportMissingFunctions() {
+  if (missingFunctions_.empty()) return;
+  terminal_.PrintWarning(MissingText(extension_.Name(), {missingFunctions_.begin(), missingFunctions_.end()}));
 }
 
 void Pool::ShowOutput(std::size_t slot) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <deque>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -89,6 +90,9 @@ class Pool {
   // Whether it may come out otherwise the next time.
   bool IsLossPassing(const Work& work) const;
 
+  // What the extension has asked for so far that brvhost does not have.
+  void NoteMissingFunctions(std::size_t slot);
+  void ReportMissingFunctions();
   void ShowOutput(std::size_t slot);
   void ShowLine(std::size_t slot, std::string_view line);
   const Job& JobOf(std::size_t slot) const { return jobs_[slots_[slot].work->job]; }
@@ -104,6 +108,7 @@ class Pool {
   std::optional<std::size_t> listed_;  // the slot with the score that is listed
   bool isLoaded_ = false;
   Results results_;
+  std::set<std::string> missingFunctions_;
   int interruptsPassedOn_ = 0;
 };
 

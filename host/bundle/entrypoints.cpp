@@ -2,15 +2,85 @@
 
 #include <fmt/format.h>
 
+#include <cstddef>
+#include <type_traits>
+
 #include "BrvEDK/Source/integerclasses.h"
+#include "host/bundle/entrypointlistener.h"
 #include "host/bundle/thrown.h"
 #include "host/process/whereabouts.h"
 
 namespace brvhost {
 
+namespace {
+
+EntryPointListener* listener = nullptr;
+
+template <class T>
+EntryPointValue ValueOf(T value) {
+  return value;
+}
+
+// The whole score, which nobody may look at where the user declines it.
+struct Fallback {
+  EREGION* region;
+  operator EREGION*() const { return region; }
+};
+
+EntryPointValue ValueOf(Fallback fallback) { return static_cast<const void*>(fallback.region); }
+
+EntryPointValue ValueOf(EREGION* region) { return static_cast<const EREGION*>(region); }
+
+EntryPointValue ValueOf(void* address) { return static_cast<const void*>(address); }
+
+EntryPointValue ValueOf(std::nullptr_t) { return static_cast<const void*>(nullptr); }
+
+EntryPointValue ValueOf(MenuItemTexts* texts) { return static_cast<const MenuItemTexts*>(texts); }
+
+EntryPointValue ValueOf(std::uint32_t* word) { return static_cast<const std::uint32_t*>(word); }
+
+// Of a result that is not a version the low 16 bits count.
+EntryPointValue ResultOf(int result) { return SignExtend16(result); }
+
+EntryPointValue ResultOf(std::uint32_t result) { return result; }
+
+template <std::size_t count>
+std::array<EntryPointArgument, count> Named(const std::array<const char*, 4>& names,
+                                            std::array<EntryPointValue, count> values) {
+  std::array<EntryPointArgument, count> arguments;
+  for (std::size_t i = 0; i < count; ++i) arguments[i] = {names[i], values[i]};
+  return arguments;
+}
+
+}  // namespace
+
+void ListenToEntryPoints(EntryPointListener* newListener) { listener = newListener; }
+
 template <class Function>
 template <class... Arguments>
 auto EntryPoints::EntryPoint<Function>::operator()(Arguments... arguments) const {
+  if (listener == nullptr) return Call(arguments...);
+  const auto named = Named<sizeof...(Arguments)>(parameters, {ValueOf(arguments)...});
+  listener->Enter(name, named);
+  try {
+    if constexpr (std::is_void_v<decltype(Call(arguments...))>) {
+      Call(arguments...);
+      listener->Leave(name, named, nullptr);
+    } else {
+      const auto result = Call(arguments...);
+      const EntryPointValue shown = ResultOf(result);
+      listener->Leave(name, named, &shown);
+      return result;
+    }
+  } catch (const ThrownByExtension& exception) {
+    listener->Throw(exception.what());
+    throw;
+  }
+}
+
+template <class Function>
+template <class... Arguments>
+auto EntryPoints::EntryPoint<Function>::Call(Arguments... arguments) const {
   const InExtension here(name);
   try {
     return address(arguments...);
@@ -47,7 +117,7 @@ int EntryPoints::Enumerate(int index, MenuItemTexts& texts) const {
 }
 
 int EntryPoints::Invoke(int item, EREGION* region, EREGION* fallback) const {
-  return SignExtend16(invoke_(nullptr, item, region, fallback));
+  return SignExtend16(invoke_(nullptr, item, region, Fallback{fallback}));
 }
 
 int EntryPoints::MenuStatus() const { return SignExtend16(menuStatus_()); }

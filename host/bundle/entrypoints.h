@@ -1,6 +1,7 @@
 // The functions that a host calls in an extension, called one by one.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <stdexcept>
 #include <string>
@@ -40,19 +41,25 @@ class EntryPoints {
   template <class Function>
   struct EntryPoint {
     const char* name;
+    std::array<const char*, 4> parameters;  // as many as it has
     Function* address = nullptr;
 
     template <class... Arguments>
     auto operator()(Arguments... arguments) const;
+    // Without anybody who hears of it.
+    template <class... Arguments>
+    auto Call(Arguments... arguments) const;
   };
 
-  EntryPoint<decltype(BrevixExtensionMain)> main_{"main"};
-  EntryPoint<decltype(BrevixExtensionVersion)> version_{"BrevixExtensionVersion"};
-  EntryPoint<decltype(BrevixExtensionInit)> init_{"BrevixExtensionInit"};
-  EntryPoint<decltype(BrevixExtensionEnumerate_UTF16)> enumerate_{"BrevixExtensionEnumerate_UTF16"};
-  EntryPoint<decltype(BrevixExtensionInvoke)> invoke_{"BrevixExtensionInvoke"};
-  EntryPoint<decltype(BrevixExtensionTerminate)> terminate_{"BrevixExtensionTerminate"};
-  EntryPoint<decltype(BrevixExtensionGetMenuStatus)> menuStatus_{"BrevixExtensionGetMenuStatus"};
+  EntryPoint<decltype(BrevixExtensionMain)> main_{"main", {"argc", "argv"}};
+  EntryPoint<decltype(BrevixExtensionVersion)> version_{"BrevixExtensionVersion", {}};
+  EntryPoint<decltype(BrevixExtensionInit)> init_{"BrevixExtensionInit", {"context", "word"}};
+  EntryPoint<decltype(BrevixExtensionEnumerate_UTF16)> enumerate_{"BrevixExtensionEnumerate_UTF16",
+                                                                  {"context", "itemIndex", "texts"}};
+  EntryPoint<decltype(BrevixExtensionInvoke)> invoke_{"BrevixExtensionInvoke",
+                                                      {"context", "itemIndex", "region", "fallback"}};
+  EntryPoint<decltype(BrevixExtensionTerminate)> terminate_{"BrevixExtensionTerminate", {}};
+  EntryPoint<decltype(BrevixExtensionGetMenuStatus)> menuStatus_{"BrevixExtensionGetMenuStatus", {}};
   std::vector<std::string_view> missing_;
 };
 

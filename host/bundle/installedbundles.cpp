@@ -49,7 +49,7 @@ InstalledBundle Described(const std::string& path) {
   installed.version = VersionOf(bundle.Get());
   installed.languages = LanguagesOf(path);
   installed.systems = SystemsOf(path);
-  if (ExecutableOf(bundle.Get()).empty()) installed.wrong = MissingExecutable(path);
+  if (ExecutableOf(bundle.Get()).empty()) installed.wrong = MissingExecutable(bundle.Get(), path);
   return installed;
 }
 

@@ -8,8 +8,8 @@
 
 #include "host/bundle/bundleexecutable.h"
 #include "host/bundle/createbundle.h"
+#include "host/bundle/loadingreason.h"
 #include "host/bundle/missingexecutable.h"
-#include "host/bundle/otherprocessor.h"
 #include "host/bundle/thrown.h"
 #include "host/process/whereabouts.h"
 #include "host/text/cfowner.h"
@@ -46,16 +46,14 @@ LoadedBundle::LoadedBundle(const std::string& path) : path_(path), bundle_(Bundl
 // is loaded before that, so that what its constructors throw is known.
 std::string LoadedBundle::LoadCode() const {
   const std::string executable = ExecutableOf(bundle_);
-  if (executable.empty()) return MissingExecutable(path_);
+  if (executable.empty()) return MissingExecutable(bundle_, path_);
   const InExtension here("its constructors");
   try {
     if (OpenCode(executable) != nullptr) return "";
   } catch (...) {
     return "its code does not load: its constructors threw an exception: " + ThrownText();
   }
-  const std::string wrong = dlerror();
-  return "its code does not load: " +
-         (IsForAnotherProcessor(executable) ? executable + " is for another processor" : wrong);
+  return "its code does not load: " + LoadingReason(executable, dlerror());
 }
 
 LoadedBundle::~LoadedBundle() { CFRelease(bundle_); }

@@ -10,10 +10,13 @@
 
 #include "BrvEDK/Source/hostrecords.h"
 #include "BrvEDK/Source/hosttypes.h"
+#include "host/bundle/bundlelanguages.h"
 #include "host/bundle/entrypoints.h"
 #include "host/bundle/extension.h"
 #include "host/bundle/loadedbundle.h"
+#include "host/bundle/userlanguage.h"
 #include "host/check/guarded.h"
+#include "host/text/printable.h"
 
 namespace brvhost {
 namespace {
@@ -45,6 +48,27 @@ std::string ForAllTexts(const std::string& path, const Check& check) {
   int item = 0;
   for (const GuardedTexts& texts : TextsOfAllItems(path)) {
     if (std::string wrong = check(texts, item); !wrong.empty()) return wrong;
+    ++item;
+  }
+  return "";
+}
+
+// In UTF-8.
+std::size_t CharactersIn(const std::string& text) {
+  constexpr auto kIsFirst = [](unsigned char byte) { return (byte & 0xC0) != 0x80; };
+  return static_cast<std::size_t>(std::ranges::count_if(text, kIsFirst));
+}
+
+// The first name of an item, in the menu or in the Undo command, that is too long for it.
+std::string LongName(const Extension& extension) {
+  constexpr std::size_t kMost = 60;  // a third of the width of a small screen
+  int item = 0;
+  for (const MenuItem& texts : extension.Items()) {
+    for (const std::string& name : {texts.name, texts.undoName}) {
+      const std::size_t length = CharactersIn(name);
+      if (length > kMost)
+        return fmt::format("a name of item {} has {} characters: \"{}\"", item, length, Excerpt(name));
+    }
     ++item;
   }
   return "";
@@ -111,6 +135,18 @@ std::string LeavesRefusedTexts(const std::string& path) {
   GuardedTexts texts;
   RawExtension(path).entryPoints.Enumerate(static_cast<int>(extension.Items().size()), texts.Record());
   return texts.IsUntouched() ? "" : "it writes to the texts of an item that it does not have";
+}
+
+std::string HasShortNames(const std::string& path) {
+  const Extension extension(path);
+  std::string wrong = LongName(extension);
+  for (const std::string& language : LanguagesOf(path)) {
+    if (!wrong.empty()) break;
+    const UserLanguage other(language);
+    wrong = LongName(extension);
+    if (!wrong.empty()) wrong = fmt::format("in {}, {}", language, wrong);
+  }
+  return wrong;
 }
 
 std::string HasMenuStatus(const std::string& path) {

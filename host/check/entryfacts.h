@@ -16,5 +16,6 @@ std::string ClearsLastWord(const std::string& path);
 std::string StaysWithinTexts(const std::string& path);
 std::string LeavesRefusedTexts(const std::string& path);
 std::string HasMenuStatus(const std::string& path);
+std::string HasShortNames(const std::string& path);
 
 }  // namespace brvhost

@@ -18,6 +18,7 @@
 #include "host/process/guardedchild.h"
 #include "host/process/interrupt.h"
 #include "host/process/memoryshortage.h"
+#include "host/process/silence.h"
 #include "host/process/whereabouts.h"
 #include "host/text/reason.h"
 
@@ -31,11 +32,6 @@ constexpr std::size_t kMaxText = 4000;
 // writes.
 std::string NewMark() { return fmt::format("/{:08x}", std::random_device()()); }
 
-void Silence() {
-  const Descriptor nowhere(open("/dev/null", O_RDWR));
-  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nowhere.Get(), stream);
-}
-
 void WriteAll(int descriptor, std::string_view text) {
   while (!text.empty()) {
     const ssize_t count = write(descriptor, text.data(), text.size());
@@ -45,7 +41,7 @@ void WriteAll(int descriptor, std::string_view text) {
 }
 
 int Work(const std::function<std::string()>& work, int descriptor, const std::string& mark, Whereabouts& whereabouts) {
-  Silence();
+  SilenceStreams();
   ReportWhereaboutsTo(whereabouts);
   try {
     const std::string text = WithEnoughMemory(work);
@@ -83,7 +79,7 @@ std::string Ending(int status, const std::string& where) {
 
 }  // namespace
 
-std::string RunIsolated(const std::function<std::string()>& work, int seconds) {
+IsolatedResult RunIsolated(const std::function<std::string()>& work, int seconds) {
   int ends[2];
   if (pipe(ends) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
   const Descriptor from(ends[0]);
@@ -95,10 +91,10 @@ std::string RunIsolated(const std::function<std::string()>& work, int seconds) {
   const bool hasEnded = EndsBefore(Deadline(seconds), child);
   const auto status = hasEnded ? child.Wait() : child.KillAndWait();
   const std::string where = Describe(whereabouts[0]);
-  if (!hasEnded) return fmt::format("does not return{} within {}", where, SecondsText(seconds));
+  if (!hasEnded) return {fmt::format("does not return{} within {}", where, SecondsText(seconds))};
   const std::string text = TextIn(from.Get());
-  if (text.ends_with(mark)) return text.substr(0, text.size() - mark.size());
-  return status ? Ending(*status, where) : fmt::format("loses its guard{}, and is killed", where);
+  if (text.ends_with(mark)) return {text.substr(0, text.size() - mark.size()), true};
+  return {status ? Ending(*status, where) : fmt::format("loses its guard{}, and is killed", where)};
 }
 
 }  // namespace brvhost

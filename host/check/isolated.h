@@ -6,7 +6,12 @@
 
 namespace brvhost {
 
-// What `work` returns, or how its process ended instead. It has `seconds` at most, and what it prints is lost.
-[[nodiscard]] std::string RunIsolated(const std::function<std::string()>& work, int seconds);
+struct IsolatedResult {
+  std::string text;          // what the work returned, or how its process ended instead
+  bool hasReturned = false;  // whether the work did
+};
+
+// The work has `seconds` at most, and what it prints is lost.
+[[nodiscard]] IsolatedResult RunIsolated(const std::function<std::string()>& work, int seconds);
 
 }  // namespace brvhost

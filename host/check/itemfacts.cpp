@@ -3,53 +3,45 @@
 #include <fmt/format.h>
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "BrvEDK/Source/hostrecords.h"
 #include "host/bundle/extension.h"
+#include "host/check/balance.h"
+#include "host/check/eachitem.h"
 #include "host/check/guarded.h"
 #include "host/check/trial.h"
 #include "host/process/cancelkeys.h"
 #include "host/score/region.h"
-#include "host/services/document.h"
 
 namespace brvhost {
 namespace {
 
-int ItemCount(const std::string& path) { return static_cast<int>(Extension(path).Items().size()); }
+struct Result {
+  int answer;
+  std::vector<bool> hidden;
+  std::vector<std::string> alerts;
+};
 
-// What `check` finds wrong with the first item that it finds anything wrong with, each tried on a fresh score.
-std::string ForEachItem(const std::string& path, Trial::Kind kind,
-                        const std::function<std::string(Trial&, int)>& check) {
-  const int count = ItemCount(path);
-  for (int item = 0; item < count; ++item) {
-    Trial trial(path, kind);
-    if (std::string wrong = check(trial, item); !wrong.empty()) return wrong;
-  }
-  return "";
-}
-
-std::string Unbalanced(const OpenDocument& document, int item) {
-  const std::vector<std::string> misuses = document.MisusesSoFar().Texts();
-  if (!misuses.empty()) return fmt::format("item {} {}", item, misuses.front());
-  if (document.LoadedFrames() > 0) {
-    return fmt::format("item {} leaves frames loaded: {} in all", item, document.LoadedFrames());
-  }
-  return "";
+// Of an item on a fresh score.
+Result ResultOf(const Extension& extension, int item) {
+  Trial trial(extension);
+  const int answer = trial.InvokeOnWholeScore(item);
+  return {answer, trial.Hidden(), trial.AskedUser().Alerts()};
 }
 
 }  // namespace
 
 std::string RefusesWrongIndex(const std::string& path) {
-  for (const int index : {ItemCount(path), 0xFFFF}) {
-    Trial trial(path);
+  for (const int index : {ItemCountOf(Extension(path)), 0xFFFF}) {
+    const Extension extension(path);
+    Trial trial(extension);
     const std::vector<bool> before = trial.Hidden();
     const int answer = trial.InvokeOnWholeScore(index);
     if (answer != 0) return fmt::format("item {}, which does not exist, returns {}", index, answer);
     if (trial.Hidden() != before) return fmt::format("item {}, which does not exist, changes the score", index);
-    if (trial.AskedUser().Alerts() > 0) return fmt::format("item {}, which does not exist, shows an alert", index);
+    if (!trial.AskedUser().Alerts().empty()) return fmt::format("item {}, which does not exist, shows an alert", index);
   }
   return "";
 }
@@ -67,7 +59,7 @@ std::string RespectsDecline(const std::string& path) {
 std::string WorksInEmptyHost(const std::string& path, const EmptyHost& host) {
   host.Open();
   const Extension extension(path);
-  const int count = static_cast<int>(extension.Items().size());
+  const int count = ItemCountOf(extension);
   EREGION region = WholeScore(TrialScore());
   for (int item = 0; item < count; ++item) extension.Invoke(item, &region, &region);
   extension.Terminate();
@@ -77,15 +69,21 @@ std::string WorksInEmptyHost(const std::string& path, const EmptyHost& host) {
 std::string BalancesFrames(const std::string& path) {
   return ForEachItem(path, Trial::kSelected, [](Trial& trial, int item) {
     trial.InvokeOnWholeScore(item);
-    return Unbalanced(trial.Document(), item);
+    return LeftFrames(trial, item);
+  });
+}
+
+std::string AvoidsLeavingCalls(const std::string& path) {
+  return ForEachItem(path, Trial::kSelected, [](Trial& trial, int item) {
+    trial.InvokeOnWholeScore(item);
+    return FramesLeftByContract(trial, item);
   });
 }
 
 std::string BalancesEdits(const std::string& path) {
   return ForEachItem(path, Trial::kSelected, [](Trial& trial, int item) -> std::string {
     trial.InvokeOnWholeScore(item);
-    if (trial.OpenSession().ShowsProgress()) return fmt::format("item {} leaves the progress display open", item);
-    return trial.Document().EditDepth() == 0 ? "" : fmt::format("item {} leaves an edit open", item);
+    return LeftOpen(trial, item);
   });
 }
 
@@ -106,9 +104,24 @@ std::string ChangesNothingTwice(const std::string& path) {
   });
 }
 
+std::string RepeatsItsResult(const std::string& path) {
+  const Extension extension(path);
+  const int count = ItemCountOf(extension);
+  for (int item = 0; item < count; ++item) {
+    const Result once = ResultOf(extension, item);
+    const Result again = ResultOf(extension, item);
+    if (once.answer != again.answer)
+      return fmt::format("item {} returns {} and then {}", item, once.answer, again.answer);
+    if (once.hidden != again.hidden) return fmt::format("item {} changes the score otherwise the second time", item);
+    if (once.alerts != again.alerts) return fmt::format("item {} shows other alerts the second time", item);
+  }
+  return "";
+}
+
 std::string Terminates(const std::string& path) {
-  const Trial trial(path);
-  trial.Terminate();
+  const Extension extension(path);
+  const Trial trial(extension);
+  extension.Terminate();
   return "";
 }
 

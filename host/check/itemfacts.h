@@ -12,9 +12,11 @@ std::string RefusesWrongIndex(const std::string& path);
 std::string RespectsDecline(const std::string& path);
 std::string WorksInEmptyHost(const std::string& path, const EmptyHost& host);
 std::string BalancesFrames(const std::string& path);
+std::string AvoidsLeavingCalls(const std::string& path);
 std::string BalancesEdits(const std::string& path);
 std::string EndsWhenCancelled(const std::string& path);
 std::string ChangesNothingTwice(const std::string& path);
+std::string RepeatsItsResult(const std::string& path);
 std::string Terminates(const std::string& path);
 
 }  // namespace brvhost

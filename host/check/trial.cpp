@@ -1,6 +1,7 @@
 #include "host/check/trial.h"
 
 #include <string_view>
+#include <utility>
 
 #include "host/score/musicxml.h"
 #include "host/score/region.h"
@@ -40,12 +41,13 @@ constexpr std::string_view kTrialScore = R"(<score-partwise version="4.0">
 
 Score TrialScore() { return ReadMusicXml(kTrialScore); }
 
-Trial::Trial(const std::string& bundlePath, Kind kind)
-    : extension_(bundlePath),
+Trial::Trial(const Extension& extension, Kind kind, Score score)
+    : extension_(extension),
       user_(kind == kSelected),
-      score_(TrialScore()),
+      score_(std::move(score)),
       document_(score_),
       session_(extension_, document_, user_) {
+  document_.WatchLoaders();
   if (kind == kSelected) session_.Select({WholeScore(score_), {}});
 }
 

@@ -17,38 +17,38 @@ namespace brvhost {
 // Two staves and three measures, with chords, rests, a grace note and several voices.
 Score TrialScore();
 
-// Counts the alerts, and answers every question alike.
+// Keeps the alerts, and answers every question alike.
 class TrialUser : public User {
  public:
   explicit TrialUser(bool agrees) : agrees_(agrees) {}
 
-  void Show(const std::string&) override { ++alerts_; }
-  bool Ask(const std::string&) override {
-    ++alerts_;
+  void Show(const std::string& text) override { alerts_.push_back(text); }
+  bool Ask(const std::string& question) override {
+    alerts_.push_back(question);
     return agrees_;
   }
   void ShowProgress(std::int64_t, std::int64_t) override {}
   void EndProgress() override {}
 
-  // All alerts so far, including questions.
-  int Alerts() const { return alerts_; }
+  // The texts of all alerts so far, including questions.
+  const std::vector<std::string>& Alerts() const { return alerts_; }
 
  private:
   const bool agrees_;
-  int alerts_ = 0;
+  std::vector<std::string> alerts_;
 };
 
-// An extension on the trial score.
+// An extension on a score, the trial score by default. One at a time.
 class Trial {
  public:
   // With the whole score selected and a user who agrees, or with nothing selected and a user who declines.
   enum Kind { kSelected, kDeclined };
-  explicit Trial(const std::string& bundlePath, Kind kind = kSelected);
+  // The extension outlives it.
+  explicit Trial(const Extension& extension, Kind kind = kSelected, Score score = TrialScore());
 
   // Returns the extension's answer.
   int Invoke(int item, EREGION* region, EREGION* fallback) { return extension_.Invoke(item, region, fallback); }
   int InvokeOnWholeScore(int item);
-  void Terminate() const { extension_.Terminate(); }
 
   // Whether each entry's ledger lines are hidden.
   std::vector<bool> Hidden() const;
@@ -57,7 +57,7 @@ class Trial {
   const TrialUser& AskedUser() const { return user_; }
 
  private:
-  Extension extension_;
+  const Extension& extension_;
   TrialUser user_;
   Score score_;
   OpenDocument document_;

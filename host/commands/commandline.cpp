@@ -1,5 +1,8 @@
 #include "host/commands/commandline.h"
 
+#include <cstdint>
+#include <limits>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,12 +16,14 @@
 namespace brvhost {
 namespace {
 
+constexpr const char* kBundleAbout = "The extension: its bundle, a folder, or its name, as `brvhost list` has it";
+
 void AddBundle(CLI::App& command, Options& options) {
-  command
-      .add_option(kBundleArgument, options.bundle,
-                  "The extension: its bundle, a folder, or its name, as `brvhost list` has it")
-      ->required()
-      ->type_name("");
+  command.add_option(kBundleArgument, options.bundle, kBundleAbout)->required()->type_name("");
+}
+
+void AddBundles(CLI::App& command, Options& options) {
+  command.add_option(kBundleArgument, options.bundles, kBundleAbout)->type_name("");
 }
 
 // An option with a value. `read` is given the option's long name and the value; what it throws comes out of the
@@ -57,6 +62,7 @@ CLI::Option* AddNumber(CLI::App& command, const char* name, const char* type, Nu
 }
 
 constexpr Bounds kSeconds = {1, 1'000'000};
+constexpr Bounds kJobs = {1, 256};
 
 // Without a value.
 CLI::Option* AddFlag(CLI::App& command, const char* names, bool& flag, const char* about) {
@@ -65,6 +71,17 @@ CLI::Option* AddFlag(CLI::App& command, const char* names, bool& flag, const cha
 
 void AddConfinement(CLI::App& command, bool& confines, const char* names) {
   AddFlag(command, names, confines, "Let the extension write no file, use no network and start no program");
+}
+
+void AddTrace(CLI::App& command, Options& options) {
+  constexpr const char* kGroup = "Trace";
+  command
+      .add_flag("--trace{-}", options.trace,
+                "Write each call between the extension and brvhost to this file, or to the standard error")
+      ->type_name("[=FILE]")
+      ->group(kGroup);
+  AddFlag(command, "--trace-times", options.traceTimes, "In the trace, with the time that each call took")
+      ->group(kGroup);
 }
 
 void AddScores(CLI::App& command, Options& options) {
@@ -139,6 +156,21 @@ void AddReports(CLI::App& run, Options& options) {
       ->group("Report");
 }
 
+void AddFacts(CLI::App& check, Options& options) {
+  AddFlag(check, kFactList, options.list, "List the facts instead: the name, the severity and the sentence of each");
+  AddText(check, "--include", "REGEX", options.include, "Only the facts that have this in their names");
+  AddText(check, "--exclude", "REGEX", options.exclude, "Not the facts that have this in their names");
+}
+
+void AddCheckReports(CLI::App& check, Options& options) {
+  constexpr const char* kGroup = "Report";
+  AddFlag(check, "--only-failed", options.onlyFailed, "Leave the facts out that hold")->group(kGroup);
+  AddJson(check, options, "Print each fact and each bundle as a line of JSON; the summary goes to the standard error")
+      ->group(kGroup);
+  AddText(check, "--junit", "FILE", options.junit, "Write the results to this file, too, as JUnit's XML")
+      ->group(kGroup);
+}
+
 }  // namespace
 
 std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
@@ -176,8 +208,9 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   AddTargets(run, options);
   AddRegion(run, options);
   AddReports(run, options);
+  AddTrace(run, options);
   AddFlag(run, "--yes", options.yes, "Agree to every question");
-  AddNumber(run, "--jobs", "N", options.jobs, {1, 256},
+  AddNumber(run, "--jobs", "N", options.jobs, kJobs,
             "Work on up to N scores at a time; a single score has all processors");
   AddNumber(
       run, "--timeout", "SECONDS", options.timeout, kSeconds,
@@ -186,10 +219,21 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   run.footer(kRunFooter);
 
   CLI::App& check = *app->add_subcommand("check", kCheckAbout);
-  AddBundle(check, options);
-  AddNumber(check, "--timeout", "SECONDS", options.factTimeout, kSeconds, "What takes longer has failed (10)");
+  AddBundles(check, options);
+  AddFacts(check, options);
+  AddNumber(check, "--timeout", "SECONDS", options.factTimeout, kSeconds, "A fact that takes longer has failed (10)");
   AddConfinement(check, options.checkConfines, "--confine,!--no-confine");
+  AddFlag(
+      check, "--in-process", options.inProcess,
+      "Check one fact in brvhost itself, for a debugger: neither confined nor silenced, and without a limit of time");
+  AddFlag(check, "--strict", options.strict, "Warnings count for the exit status, too");
+  AddCheckReports(check, options);
+  AddTrace(check, options);
   check.footer(kCheckFooter);
+
+  CLI::App& calls = *app->add_subcommand("calls", kCallsAbout);
+  AddJson(calls, options, "Print each function as a line of JSON");
+  calls.footer(kCallsFooter);
   return app;
 }
 

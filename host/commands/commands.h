@@ -9,6 +9,7 @@ namespace brvhost {
 [[nodiscard]] int ListItems(const Options& options);
 [[nodiscard]] int ShowInfo(const Options& options);
 [[nodiscard]] int Run(const Options& options);
+[[nodiscard]] int ListCalls(const Options& options);
 [[nodiscard]] int Check(const Options& options);
 
 }  // namespace brvhost

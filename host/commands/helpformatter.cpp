@@ -27,7 +27,7 @@ std::string Names(const CLI::Option& option) {
   std::string names;
   for (const std::string& name : option.get_snames()) names += (names.empty() ? "-" : ", -") + name;
   for (const std::string& name : option.get_lnames()) names += (names.empty() ? "--" : ", --") + name;
-  return HasValue(option) ? names + " " + option.get_type_name() : names;
+  return names + (HasValue(option) ? " " : "") + option.get_type_name();
 }
 
 // "BUNDLE", or "[SCORE...]".

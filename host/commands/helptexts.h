@@ -49,9 +49,19 @@ inline constexpr const char* kInfoFooter = R"(EXIT STATUS
   2    bad usage, or a score that cannot be used; the other scores are still reported
   130  interrupted)";
 
+inline constexpr const char* kCallsAbout =
+    "Lists the functions that an extension can ask its host for, one to a line: its name, whether brvhost serves it or "
+    "else what each call returns, and what the function is about, with tabs between them.";
+
+inline constexpr const char* kCallsFooter = R"(EXIT STATUS
+  0    done
+  1    the list could not be written
+  2    bad usage
+  130  interrupted)";
+
 inline constexpr const char* kItemsAbout =
     "Lists the menu items of an extension, one to a line: its number, its name in the menu, its name in the Undo "
-    "command, and its explanation, with tabs between them.";
+    "command, and its explanation, with tabs between them. A file of its texts that is none is reported with the line.";
 
 inline constexpr const char* kInfoAbout =
     "Reports what each score holds: its parts with their staves, the number of measures, how their order goes with the "
@@ -112,6 +122,18 @@ WHILE IT RUNS
   Hiding and showing ledger lines is all that a score can take. When the extension changes anything else, such as the
   notes of an entry or their positions, nothing is written, and the exit status is 1.
 
+MISSING FUNCTIONS
+  An extension may ask for host functions that brvhost does not have; the kit answers for them, as `brvhost calls` has it.
+  They are named once, at the end of the run; with --verbose, as soon as they are known.
+
+THE TRACE
+  With --trace each call of a host function has a line when it has returned, with its arguments, its result, and what
+  brvhost has written to the arguments. The calls of the extension's entry points have a line before it, too, and the
+  calls that are made in them are indented. Staves and measures count from 1, layers from 0, as in the interface. Texts
+  are shown as texts, frames by their places; other addresses only as a pointer, so that two traces of the same run are
+  equal. A function that brvhost does not have is named when the extension asks for it. Where there are several scores,
+  each line begins with its score. The file is replaced; with --trace alone, the lines are on the standard error.
+
 WHAT IT REPORTS
   For a single score, how many of its entries (notes, chords and rests) have changed; for several, how many scores have,
   and with --verbose the entries of each. With --dry-run each score is named with its entries that would change. With
@@ -121,7 +143,7 @@ WHAT IT REPORTS
 
   With --json each score has a line of JSON on the standard output, as it ends, and all else goes to the standard error:
   "score", "target", "status" (written, unchanged, wouldChange, badInput, failed, interrupted or notRun), "retry",
-  "counts", "region", "warnings", "error", and "changes" with --list.
+  "counts", "region", "warnings", "missingFunctions", "error", and "changes" with --list.
 
 REPEATING A RUN
   Exit status 1 where something was lacking or in the way (memory, space on the disk, another run, the time of --timeout)
@@ -174,15 +196,36 @@ EXAMPLES
       brvhost run LegerLines --item show --all --in-place --files-from - -0)";
 
 inline constexpr const char* kCheckAbout =
-    "Checks an extension against the calling convention, in a process of its own that may write no file, use no "
-    "network and start no program: what it exports, its version, its menu items, and what it does with right and wrong "
-    "calls. Prints one line for each fact: ok, or what went wrong.";
+    "Checks extensions against the calling convention, each fact in a process of its own that may write no file, use "
+    "no network and start no program: what it exports, its version, its menu items, and what it does with right and "
+    "wrong calls. Prints one line for each fact, ok or what went wrong, and a summary.";
 
-inline constexpr const char* kCheckFooter = R"(EXIT STATUS
-  0    every fact holds
-  1    one does not, or what is printed could not be written
+inline constexpr const char* kCheckFooter = R"(THE FACTS
+  Each fact has a name, which its line ends with, and a severity. An error (FAILED) is a breach of the calling convention.
+  A warning is about what the convention allows, but hosts or users suffer from. A note is for you to know. Facts that need
+  one that failed are skipped.
+
+  --include and --exclude take regular expressions (ECMAScript), which may stand anywhere in a name: "frees" is in
+  frees-frames, "^ends-" at the start of ends-edits.
+
+  Where a process did not end by itself, a second line has the command that checks the fact in a debugger:
+    gdb --args brvhost check LegerLines --in-process --include frees-frames
+
+THE TRACE
+  With --trace each fact is named before the calls that were made to find out whether it holds. `brvhost run --help`
+  explains their lines.
+
+EXIT STATUS
+  0    no fact failed; with --strict, there was no warning, either
+  1    one did, or a result or what is printed could not be written
   2    bad usage
   3    there is no such bundle
-  130  interrupted)";
+  130  interrupted
+
+EXAMPLES
+  Check two extensions, show what does not hold, and write a report for a build server:
+    brvhost check --only-failed --strict --junit a.xml A.bundle B.bundle
+  Check all that is about texts:
+    brvhost check --include texts LegerLines)";
 
 }  // namespace brvhost

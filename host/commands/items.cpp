@@ -5,6 +5,7 @@
 
 #include "host/batch/extensionprocess.h"
 #include "host/batch/job.h"
+#include "host/bundle/textfaults.h"
 #include "host/commands/bundleargument.h"
 #include "host/commands/commands.h"
 #include "host/process/exitstatus.h"
@@ -47,6 +48,9 @@ int ListItems(const Options& options) {
   for (const MenuItem& item : offer->items) {
     Print(stdout, "{}\n", options.json ? JsonOf(item, number) : LineOf(item, number));
     ++number;
+  }
+  for (const std::string& fault : FaultsInTexts(settings.bundle)) {
+    Print(stderr, "brvhost: warning: {}\n", Printable(fault));
   }
   return extension.Finish() ? kDone : kFailed;
 }

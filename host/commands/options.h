@@ -13,9 +13,10 @@ namespace brvhost {
 // As the user wrote it; ranges and fractions are read when the command runs.
 struct Options {
   std::string bundle;
-  std::vector<std::string> scores;  // or folders, or "-"
-  std::string filesFrom;            // a file with more of them
-  bool endsNamesWithZero = false;   // in that file
+  std::vector<std::string> bundles;  // of `check`
+  std::vector<std::string> scores;   // or folders, or "-"
+  std::string filesFrom;             // a file with more of them
+  bool endsNamesWithZero = false;    // in that file
   bool recursive = false;
 
   int item = 0;
@@ -34,16 +35,25 @@ struct Options {
   std::string voices;
   bool all = false;
 
+  std::string include;  // facts, by a regular expression
+  std::string exclude;
+  bool onlyFailed = false;
+  bool strict = false;
+  bool inProcess = false;
+  std::string junit;  // a file
+
   bool list = false;
   bool json = false;
   bool quiet = false;
   bool verbose = false;
   bool yes = false;
+  bool traceTimes = false;
+  std::string trace;  // a file, or "-" for the standard error; empty: none
   int jobs = 1;
-  std::optional<int> timeout;  // seconds a score
-  int factTimeout = 10;        // seconds a fact
-  bool confines = false;       // whether `run` and `items` confine the extension
-  bool checkConfines = true;   // whether `check` does
+  std::optional<int> timeout;   // seconds a score
+  int factTimeout = 10;         // seconds a fact
+  bool confines = false;        // whether `run` and `items` confine the extension
+  bool checkConfines = true;    // whether `check` does
   std::uint64_t maxSize = kDefaultMaxSize;
   std::optional<std::uint64_t> maxMemory;  // as the score's size demands when null
 };

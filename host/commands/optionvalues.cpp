@@ -55,14 +55,18 @@ void RefuseEmpty(const std::string& option, const std::string& value) {
   if (value.empty()) throw UsageError(option + ": is empty");
 }
 
-int NumberFrom(const std::string& option, const std::string& value, int first, int last) {
+template <class Number>
+Number NumberFrom(const std::string& option, const std::string& value, Number first, Number last) {
   RefuseEmpty(option, value);
   std::string_view rest(value);
-  const auto number = TakeNumber<int>(rest);
+  const auto number = TakeNumber<Number>(rest);
   if (number && rest.empty() && *number >= first && *number <= last) return *number;
-  const std::string end = last == std::numeric_limits<int>::max() ? "on" : fmt::format("to {}", last);
+  const std::string end = last == std::numeric_limits<Number>::max() ? "on" : fmt::format("to {}", last);
   throw UsageError(fmt::format("{} {}: is not a whole number from {} {}", option, value, first, end));
 }
+
+template int NumberFrom(const std::string&, const std::string&, int, int);
+template std::int64_t NumberFrom(const std::string&, const std::string&, std::int64_t, std::int64_t);
 
 std::uint64_t SizeFrom(const std::string& option, const std::string& value) {
   RefuseEmpty(option, value);

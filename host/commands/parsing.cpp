@@ -47,7 +47,7 @@ void ParseCommandLine(CLI::App& app, int argc, const char* const* argv) {
     const std::size_t taken = arguments.size() - left.size();
     throw UsageError(WrongUsage(error, app, arguments[std::max<std::size_t>(taken, 1) - 1]));
   }
-  const std::string wrong = command == nullptr ? "" : MissingScores(*command);
+  const std::string wrong = command == nullptr ? "" : MissingArguments(*command);
   if (!wrong.empty()) throw UsageError(wrong);
 }
 

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace brvhost {
 namespace {
@@ -10,25 +11,23 @@ namespace {
 constexpr std::size_t kWidth = 80;
 constexpr std::size_t kIndent = 2;
 constexpr std::size_t kExampleIndent = 4;
-// Of the text of an item.
-constexpr std::size_t kItemIndent = 7;
 
 std::size_t IndentOf(std::string_view line) { return std::min(line.find_first_not_of(' '), line.size()); }
 
-Prose ItemOf(std::string_view line) {
-  const std::size_t end = line.find(' ');
-  const std::string_view text = line.substr(std::min(line.find_first_not_of(' ', end), line.size()));
-  return {ProseKind::kItem, std::string(line.substr(0, end)), std::string(text)};
+// Where the text of an item begins; nothing where the line is none.
+std::optional<std::size_t> TextOfItem(std::string_view line) {
+  const std::size_t end = std::min(line.find(' '), line.size());
+  return line.substr(end).starts_with("  ") ? std::optional(line.find_first_not_of(' ', end)) : std::nullopt;
 }
 
-bool IsItem(std::string_view line) {
-  const std::size_t digits = std::min(line.find_first_not_of("0123456789"), line.size());
-  return digits > 0 && line.substr(digits).starts_with("  ");
+Prose ItemOf(std::string_view line, std::size_t text) {
+  return {ProseKind::kItem, std::string(line.substr(0, line.find(' '))), std::string(line.substr(text)),
+          kIndent + text};
 }
 
 // Whether the line goes on with the piece before it.
 bool GoesOn(const Prose& before, std::size_t indent) {
-  if (before.kind == ProseKind::kItem) return indent == kItemIndent;
+  if (before.kind == ProseKind::kItem) return indent == before.indent;
   return before.kind == ProseKind::kParagraph && indent == kIndent;
 }
 
@@ -36,7 +35,8 @@ Prose PieceOf(std::string_view line, std::size_t indent) {
   const std::string_view text = line.substr(indent);
   if (indent == 0) return {ProseKind::kHeading, "", std::string(text)};
   if (indent > kIndent) return {ProseKind::kExample, "", std::string(line.substr(std::min(indent, kExampleIndent)))};
-  return IsItem(text) ? ItemOf(text) : Prose{ProseKind::kParagraph, "", std::string(text)};
+  const auto textOfItem = TextOfItem(text);
+  return textOfItem ? ItemOf(text, *textOfItem) : Prose{ProseKind::kParagraph, "", std::string(text)};
 }
 
 }  // namespace
@@ -49,7 +49,7 @@ std::vector<Prose> PiecesOf(std::string_view text) {
     text.remove_prefix(std::min(line.size() + 1, text.size()));
     const std::size_t indent = IndentOf(line);
     const bool isGap = indent == line.size();
-    const bool isItem = IsItem(line.substr(indent));
+    const bool isItem = indent == kIndent && TextOfItem(line.substr(indent));
     if (!isGap && !isAfterGap && !isItem && GoesOn(pieces.back(), indent)) {
       pieces.back().text.append(" ").append(line.substr(indent));
     } else if (!isGap) {
@@ -89,8 +89,8 @@ std::string LaidOut(const std::vector<Prose>& pieces) {
     if (piece.kind == ProseKind::kParagraph) text += Wrapped(piece.text, kIndent);
     if (piece.kind == ProseKind::kExample) text += fmt::format("{:{}}{}\n", "", kExampleIndent, piece.text);
     if (piece.kind != ProseKind::kItem) continue;
-    const std::string label = fmt::format("  {:<{}}", piece.label, kItemIndent - kIndent);
-    text += label + Wrapped(piece.text, kItemIndent).substr(kItemIndent);
+    const std::string label = fmt::format("  {:<{}}", piece.label, piece.indent - kIndent);
+    text += label + Wrapped(piece.text, piece.indent).substr(piece.indent);
   }
   return text;
 }

@@ -11,14 +11,15 @@ namespace brvhost {
 enum class ProseKind {
   kHeading,    // a line that is not indented
   kParagraph,  // lines that are indented by two, up to an empty one or another kind
-  kItem,       // such a line that begins with a number, and the lines below its text
+  kItem,       // such a line that begins with a word and two blanks, and the lines below its text
   kExample,    // a line that is indented by more, and stays as it is
 };
 
 struct Prose {
   ProseKind kind;
-  std::string label;  // of an item
-  std::string text;   // on one line
+  std::string label;       // of an item
+  std::string text;        // on one line
+  std::size_t indent = 0;  // of an item's text
 };
 
 std::vector<Prose> PiecesOf(std::string_view text);

@@ -13,8 +13,10 @@
 #include "host/commands/itemoption.h"
 #include "host/commands/regionoptions.h"
 #include "host/commands/targets.h"
+#include "host/commands/tracefile.h"
 #include "host/commands/usageerror.h"
 #include "host/files/standardstreams.h"
+#include "host/process/descriptor.h"
 #include "host/process/exitstatus.h"
 #include "host/process/interrupt.h"
 #include "host/process/processors.h"
@@ -33,7 +35,7 @@ TerminalUse UseOfTerminal(const Options& options) {
   if (options.quiet && options.verbose) throw UsageError("--quiet and --verbose: one or the other, not both");
   const bool printsScore = options.output == kStandardStream;
   if (options.json && printsScore) throw UsageError("--json and --output -: both are for the standard output");
-  return {.isQuiet = options.quiet, .outputIsTaken = options.json || printsScore};
+  return {.isQuiet = options.quiet, .hasBar = !TracesToTerminal(options), .outputIsTaken = options.json || printsScore};
 }
 
 }  // namespace
@@ -51,6 +53,9 @@ int Run(const Options& options) {
   settings.listsChanges = options.list;
   settings.printsJson = options.json;
   settings.namesEachScore = options.verbose;
+  settings.traces = !options.trace.empty();
+  settings.tracesTimes = options.traceTimes;
+  const Descriptor trace = OpenTrace(options);
   Terminal terminal(UseOfTerminal(options));
   CheckSelection(settings.region, options, terminal);
 
@@ -61,7 +66,7 @@ int Run(const Options& options) {
   if (jobs.size() == 1) settings.readers = Processors();
 
   CountInterrupts();
-  extension.Load();
+  extension.Load(trace);
   Pool pool(jobs, settings, extension, terminal, std::min(jobs.size(), slots));
   pool.StartJobs();
   const auto offer = extension.WaitForOffer();

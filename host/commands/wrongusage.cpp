@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 #include <vector>
 
 #include "host/commands/argumentnames.h"
@@ -108,10 +109,13 @@ std::string UnknownCommand(const CLI::App& app, const std::string& argument) {
   return fmt::format("there is no option {} before a command; {}", argument, advice);
 }
 
-std::string MissingScores(const CLI::App& command) {
-  const CLI::Option* const scores = command.get_option_no_throw(kScoreArgument);
-  if (scores == nullptr || scores->count() > 0 || command.get_option(kScoreList)->count() > 0) return "";
-  return Needs(command, *scores);
+std::string MissingArguments(const CLI::App& command) {
+  for (const auto& [name, instead] : {std::pair(kScoreArgument, kScoreList), std::pair(kBundleArgument, kFactList)}) {
+    const CLI::Option* const argument = command.get_option_no_throw(name);
+    if (argument == nullptr || argument->get_required() || argument->count() > 0) continue;
+    if (command.get_option(instead)->count() == 0) return Needs(command, *argument);
+  }
+  return "";
 }
 
 std::string WrongValue(const CLI::App& command, const std::string& argument) {

@@ -10,8 +10,8 @@ namespace brvhost {
 std::string NoCommand(const CLI::App& app);
 std::string UnknownCommand(const CLI::App& app, const std::string& argument);
 
-// That a command that works on scores is given none; empty for all else.
-std::string MissingScores(const CLI::App& command);
+// That a command that works on scores, or on bundles, is given none; empty for all else.
+std::string MissingArguments(const CLI::App& command);
 
 // Of an option without the value that it needs, or with one that it cannot have; empty for what is no option.
 std::string WrongValue(const CLI::App& command, const std::string& argument);

@@ -10,6 +10,7 @@
 namespace brvhost {
 namespace {
 
+bool IsBundle(const std::string& argument) { return argument.starts_with(kBundleArgument); }
 bool IsFolder(const std::string& value) { return value == "DIR"; }
 bool IsFile(const std::string& value) { return value == "FILE"; }
 
@@ -55,6 +56,11 @@ std::string Escaped(const std::string& text) {
   return escaped;
 }
 
+const char* ZshArgument(const std::string& argument) {
+  if (!IsBundle(argument)) return "'*:score:_files -g \"*.(musicxml|xml|mxl)(-.)\"'";
+  return argument == kBundleArgument ? "'1:bundle:_brvhost_bundles'" : "'*:bundle:_brvhost_bundles'";
+}
+
 std::string ZshOption(const OptionText& option) {
   std::string lines;
   const std::string action = IsFolder(option.value) ? "_files -/" : IsFile(option.value) ? "_files" : "";
@@ -70,7 +76,7 @@ std::string ZshOption(const OptionText& option) {
 std::string BundlePlaces(const CLI::App& app) {
   std::string pattern;
   for (const CommandText& command : DescribeCommands(app)) {
-    if (command.arguments.empty() || command.arguments[0] != kBundleArgument) continue;
+    if (command.arguments.empty() || !IsBundle(command.arguments[0])) continue;
     pattern +=
         fmt::format("{}{}:{}", pattern.empty() ? "" : "|", command.name, command.arguments.size() > 1 ? "2" : "*");
   }
@@ -153,8 +159,7 @@ _brvhost() {
     for (const OptionText& option : command.options) text += ZshOption(option);
     for (const std::string& argument : command.arguments) {
       text += " \\\n        ";
-      text += argument == kBundleArgument ? "'1:bundle:_brvhost_bundles'"
-                                          : "'*:score:_files -g \"*.(musicxml|xml|mxl)(-.)\"'";
+      text += ZshArgument(argument);
     }
     text += "\n      ;;\n";
   }

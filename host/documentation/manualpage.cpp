@@ -29,7 +29,7 @@ std::string OptionEntry(const OptionText& option) {
   for (const std::string& name : option.names)
     names += fmt::format("{}\\fB{}\\fR", names.empty() ? "" : ", ", Escaped(name));
   const std::string value = option.value.empty() ? "" : fmt::format(" \\fI{}\\fR", Escaped(option.value));
-  return fmt::format(".TP\n{}{}\n{}\n", names, value, Escaped(option.about));
+  return fmt::format(".TP\n{}{}{}\n{}\n", names, Escaped(option.optionalValue), value, Escaped(option.about));
 }
 
 // Headings within a section stand above what they are of; paragraphs are filled, and examples are not.
@@ -41,7 +41,7 @@ std::string FooterPiece(const Prose& piece, bool isAfterHeading) {
     case ProseKind::kParagraph:
       return fmt::format("{}{}\n", isAfterHeading ? "" : ".PP\n", text);
     case ProseKind::kItem:
-      return fmt::format(".TP 5\n{}\n{}\n", piece.label, text);
+      return fmt::format(".TP {}\n{}\n{}\n", piece.indent - 2, piece.label, text);
     default:
       return fmt::format(".nf\n    {}\n.fi\n", text);
   }

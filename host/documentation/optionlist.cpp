@@ -14,7 +14,7 @@ void Collect(const CLI::App& app, CommandText& command) {
     OptionText text;
     for (const std::string& name : option->get_snames()) text.names.push_back("-" + name);
     for (const std::string& name : option->get_lnames()) text.names.push_back("--" + name);
-    if (option->get_type_size() > 0) text.value = option->get_type_name();
+    (option->get_type_size() > 0 ? text.value : text.optionalValue) = option->get_type_name();
     text.about = option->get_description();
     command.options.push_back(std::move(text));
   }

@@ -9,6 +9,7 @@ namespace brvhost {
 
 struct OptionText {
   std::vector<std::string> names;  // with their dashes
+  std::string optionalValue;       // "[=FILE]": what may follow the name of a flag
   std::string value;               // the placeholder of its value; empty for a flag
   std::string about;
 };

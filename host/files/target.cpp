@@ -39,15 +39,14 @@ Descriptor OpenExisting(const std::string& path) {
 
 }  // namespace
 
-Target::Target(const std::string& name) : name_(name), path_(Resolved(name)) {
+Target::Target(const std::string& name, const TargetAdvice& advice) : name_(name), path_(Resolved(name)) {
   if (stat(name_.c_str(), &status_) != 0) {
     if (errno == EACCES) FailInFolder();
     if (errno != ENOENT) Fail("write");
     return;
   }
-  if (S_ISDIR(status_.st_mode)) throw OutputError(name_ + ": is a folder, not a file; --out-dir writes into a folder");
-  if (!S_ISREG(status_.st_mode))
-    throw OutputError(name_ + ": is not a regular file; --output - writes to the standard output");
+  if (S_ISDIR(status_.st_mode)) throw OutputError(name_ + ": is a folder, not a file" + advice.forFolder);
+  if (!S_ISREG(status_.st_mode)) throw OutputError(name_ + ": is not a regular file" + advice.forOther);
   if (access(path_.c_str(), W_OK) != 0) Fail("write");
   file_ = OpenExisting(path_);
   if (!file_) Fail("write");

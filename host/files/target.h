@@ -11,12 +11,18 @@
 
 namespace brvhost {
 
+// What the messages about a target that is no file add: how to write there all the same.
+struct TargetAdvice {
+  const char* forFolder = "";
+  const char* forOther = "";
+};
+
 // The place of a result, as it was before the work on it began: a file that is there, locked against other runs for as
 // long as this object lives, or a free name. Where the name is a symbolic link, it is the place that it leads to.
 class Target {
  public:
   // Throws OutputError: for what is not a regular file or cannot be written, and when another run has it locked.
-  explicit Target(const std::string& name);
+  explicit Target(const std::string& name, const TargetAdvice& advice = {});
 
   // As the user named it.
   const std::string& Name() const { return name_; }

@@ -3,7 +3,8 @@
 
 namespace brvhost {
 
-// Holds them down for the rest of the process's life. Safe to call from a signal handler.
+// Holds them down until they are released. Safe to call from a signal handler.
 void HoldCancelKeys();
+void ReleaseCancelKeys();
 
 }  // namespace brvhost

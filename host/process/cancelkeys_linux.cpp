@@ -11,4 +11,9 @@ void HoldCancelKeys() {
   BrvPlatformSetModifierFlags(kCommandModifier);
 }
 
+void ReleaseCancelKeys() {
+  BrvPlatformSetKeyDown(kPeriodKey, false);
+  BrvPlatformSetModifierFlags(0);
+}
+
 }  // namespace brvhost

@@ -6,4 +6,6 @@ namespace brvhost {
 // they are done.
 void HoldCancelKeys() {}
 
+void ReleaseCancelKeys() {}
+
 }  // namespace brvhost

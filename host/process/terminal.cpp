@@ -78,7 +78,7 @@ void Terminal::PrintAboveBar(std::FILE* stream, const std::string& text) {
 }
 
 void Terminal::SetBar(std::int64_t done, std::int64_t total, const std::string& remark) {
-  if (!isThere_ || use_.isQuiet) return;
+  if (!isThere_ || use_.isQuiet || !use_.hasBar) return;
   ClearBar();
   bar_ = BarOf(done, total) + remark;
   Print(stderr, "{}", bar_);

@@ -9,6 +9,7 @@ namespace brvhost {
 
 struct TerminalUse {
   bool isQuiet = false;        // only what was asked for and what went wrong
+  bool hasBar = true;          // where there is a terminal
   bool outputIsTaken = false;  // by a result, or what is for programs: all other lines are on the standard error
 };
 

@@ -1,10 +1,7 @@
 #include "host/process/whereabouts.h"
 
-#include <sys/mman.h>
-
 #include <algorithm>
 #include <cstring>
-#include <new>
 #include <string_view>
 
 namespace brvhost {
@@ -22,14 +19,6 @@ void Copy(const char* name, char (&to)[Whereabouts::kSize]) {
 std::string_view TextOf(const char (&text)[Whereabouts::kSize]) { return {text, strnlen(text, Whereabouts::kSize)}; }
 
 }  // namespace
-
-SharedWhereabouts::SharedWhereabouts(std::size_t count) : size_(count * sizeof(Whereabouts)) {
-  void* const memory = mmap(nullptr, size_, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-  if (memory == MAP_FAILED) throw std::bad_alloc();
-  places_ = static_cast<Whereabouts*>(memory);
-}
-
-SharedWhereabouts::~SharedWhereabouts() { munmap(places_, size_); }
 
 void ReportWhereaboutsTo(Whereabouts& place) {
   current = &place;

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string>
 
+#include "host/process/sharedarray.h"
+
 namespace brvhost {
 
 // What the process runs, and the host function that this has called; both may be empty. In memory that an extension may
@@ -15,21 +17,7 @@ struct Whereabouts {
   char hostCall[kSize];
 };
 
-// Some of them, at first empty, that this process and all that it starts later share.
-class SharedWhereabouts {
- public:
-  // Throws std::bad_alloc.
-  explicit SharedWhereabouts(std::size_t count);
-  ~SharedWhereabouts();
-  SharedWhereabouts(const SharedWhereabouts&) = delete;
-  SharedWhereabouts& operator=(const SharedWhereabouts&) = delete;
-
-  Whereabouts& operator[](std::size_t index) const { return places_[index]; }
-
- private:
-  Whereabouts* places_;
-  std::size_t size_;  // in bytes
-};
+using SharedWhereabouts = SharedArray<Whereabouts>;
 
 // From now on this process writes where it is to `place`, which stays.
 void ReportWhereaboutsTo(Whereabouts& place);

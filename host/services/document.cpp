@@ -6,6 +6,7 @@
 #include <tuple>
 #include <utility>
 
+#include "host/process/extensioncaller.h"
 #include "host/services/foreignchange.h"
 #include "host/services/scorerecords.h"
 
@@ -70,7 +71,9 @@ EXTGF2005a* OpenDocument::LoadFrame(int staff, int measure, int layer) {
   if (found == nullptr) return nullptr;
   std::vector<EXENTRY> entries = loaded_.TakeSpareEntries();
   for (const ScoreEntry& entry : score_.EntriesOf(*found)) entries.push_back(RecordOf(entry));
-  return &loaded_.Load(*found, std::move(entries), misuses_).record;
+  LoadedFrame& frame = loaded_.Load(*found, std::move(entries), misuses_);
+  if (watchesLoaders_) frame.loader = CallerInExtension("BX_LoadTGF");
+  return &frame.record;
 }
 
 std::string OpenDocument::RefusedChangeIn(const LoadedFrame& frame) const {

@@ -34,6 +34,10 @@ class OpenDocument {
   // False when the frame is not loaded.
   bool FreeFrame(const EXTGF2005a* record);
   std::size_t LoadedFrames() const { return loaded_.Count(); }
+  // From now on, who loads a frame is found out, which takes much longer than the loading.
+  void WatchLoaders() { watchesLoaders_ = true; }
+  // Of each frame that is loaded: the exported function of the extension that loaded it, or null.
+  std::vector<const char*> LoadersOfFrames() const { return loaded_.Loaders(); }
   int EditDepth() const { return editDepth_; }
   std::uint64_t SavedFrames() const { return savedFrames_; }
 
@@ -72,6 +76,7 @@ class OpenDocument {
   std::string refusedChange_;
   std::uint64_t savedFrames_ = 0;
   int editDepth_ = 0;
+  bool watchesLoaders_ = false;
   Checkpoint checkpoint_;
 };
 

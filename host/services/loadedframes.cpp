@@ -47,8 +47,15 @@ bool LoadedFrames::Free(const EXTGF2005a* record, Misuse& misuse) {
   loaded_.erase(found);
   oldest_ = (oldest_ + 1) % kKept;
   place->record = {};
+  place->loader = nullptr;
   spareEntries_ = std::move(place->entries);
   return true;
+}
+
+std::vector<const char*> LoadedFrames::Loaders() const {
+  std::vector<const char*> loaders;
+  for (const auto& [record, frame] : loaded_) loaders.push_back(frame->loader);
+  return loaders;
 }
 
 void LoadedFrames::LookAtFreed(Misuse& misuse) const {

@@ -18,6 +18,7 @@ struct LoadedFrame {
   EXTGF2005a record{};
   std::vector<EXENTRY> entries;
   const ScoreFrame* place = nullptr;
+  const char* loader = nullptr;  // the extension's function that loaded it, where that is known
 };
 
 // Records that are freed are not given out again for a while, so that a late use of one does not hit another. Where one
@@ -34,6 +35,8 @@ class LoadedFrames {
   bool Free(const EXTGF2005a* record, Misuse& misuse);
 
   std::size_t Count() const { return loaded_.size(); }
+  // The loader of each, null where it is not known.
+  std::vector<const char*> Loaders() const;
   // Notes it for all that are not given out again.
   void LookAtFreed(Misuse& misuse) const;
 

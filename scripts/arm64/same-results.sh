@@ -25,7 +25,8 @@ cp -R "$other"/LegerLines.bundle/Contents/Linux-* "$bundle/Contents"
 do_jobs() {
   local brvhost=$1 score name
   "$brvhost" items "$bundle"
-  "$brvhost" check --no-confine "$bundle"
+  # The emulator takes its time for the largest scores.
+  "$brvhost" check --no-confine --timeout 120 "$bundle"
   for score in "$sources"/samples/*.musicxml; do
     name=$(basename "$score")
     "$brvhost" info "$score"

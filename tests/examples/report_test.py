@@ -40,7 +40,11 @@ class ReportCase(Case):
         super().setUpClass()
         folder = tempfile.TemporaryDirectory()
         cls.addClassCleanup(folder.cleanup)
-        cls.bundle = build_example(pathlib.Path(folder.name))
+        cls.bundle = cls.build(pathlib.Path(folder.name))
+
+    @classmethod
+    def build(cls, folder):
+        return build_example(folder)
 
     def check(self, paths):
         for path, (staves, changes) in zip(paths, reports_of(self.bundle, paths), strict=True):
@@ -59,6 +63,12 @@ class Report(ReportCase):
         samples = sorted(SAMPLES.glob("*.musicxml"))
         self.assertGreater(len(samples), 1)
         self.check(samples)
+
+    def test_keeps_to_the_calling_convention(self):
+        process = self.succeeds(brvhost("check", "--only-failed", self.bundle))
+        *failed, _ = process.stdout.splitlines()
+        self.assertEqual(len(failed), 1)
+        self.assertRegex(failed[0], r"^warning .* in all, loaded in BXUtilIsEmptyMeasure \[avoids-leaving-calls\]$")
 
     def test_keeps_a_caret_from_opening_a_tag(self):
         path = self.write("caret.musicxml", """<score-partwise><part-list><score-part id="P">

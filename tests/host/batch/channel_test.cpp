@@ -65,6 +65,7 @@ struct Describe {
   std::string operator()(const RegionMessage& message) const { return "region " + message.text; }
   std::string operator()(const PassingFailureMessage& message) const { return "passing failure " + message.text; }
   std::string operator()(const LoadMessage&) const { return "load"; }
+  std::string operator()(const LabelMessage& message) const { return "label " + message.text; }
 };
 
 // One of each kind, in their order.
@@ -97,7 +98,8 @@ std::vector<Message> AllMessages() {
           MoreMessage{},
           RegionMessage{"[]"},
           PassingFailureMessage{"a.xml: cannot write"},
-          LoadMessage{}};
+          LoadMessage{},
+          LabelMessage{"a.xml: "}};
 }
 
 const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger lines\n", 24),
@@ -128,7 +130,8 @@ const std::vector<std::string> kDescriptions = {std::string("alert No \0 ledger 
                                                 "more",
                                                 "region []",
                                                 "passing failure a.xml: cannot write",
-                                                "load"};
+                                                "load",
+                                                "label a.xml: "};
 
 TEST(Messages, AreAllOfTheseKinds) {
   const auto messages = AllMessages();

@@ -33,7 +33,7 @@ std::string Printed(const std::function<void(JsonLines&)>& work, bool listsChang
 
 const ScoreResult kNotRun{Outcome::kNotRun, true, {}, ""};
 const std::string kNotRunsEnd =
-    R"("status":"notRun","retry":true,"counts":null,"region":null,"warnings":[],"error":null})"
+    R"("status":"notRun","retry":true,"counts":null,"region":null,"warnings":[],"missingFunctions":[],"error":null})"
     "\n";
 const std::string kSecondsLine = R"({"score":"b.musicxml","member":null,"target":null,"changes":[],)" + kNotRunsEnd;
 
@@ -42,6 +42,7 @@ TEST(JsonLines, HaveTheCountsOfAResult) {
   findings.member = "x.xml";
   findings.region = "[1]";
   findings.warnings = {"b.musicxml: warning: odd"};
+  findings.missingFunctions = {"BX_Dialog"};
   const std::string printed = Printed(
       [&findings](JsonLines& lines) {
         lines.End(kFirst, findings, {Outcome::kWritten, false, DoneMessage{1, 2, 3, 4, 5, 1}, ""});
@@ -50,7 +51,7 @@ TEST(JsonLines, HaveTheCountsOfAResult) {
   EXPECT_EQ(printed,
             R"({"score":"a.musicxml","member":"x.xml","target":"out/a.musicxml","status":"written","retry":false,)"
             R"("counts":{"entries":9,"notes":2,"chords":3,"rests":4,"changed":1,"hidden":5},"region":[1],)"
-            R"("warnings":["b.musicxml: warning: odd"],"error":null})"
+            R"("warnings":["b.musicxml: warning: odd"],"missingFunctions":["BX_Dialog"],"error":null})"
             "\n");
 }
 

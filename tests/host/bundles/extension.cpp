@@ -28,13 +28,18 @@ WEAK void BrevixExtensionTerminate() {}
 
 WEAK int BrevixExtensionGetMenuStatus() { return 1; }
 
+bool IsWithin(const EREGION& region, const EXENTRY& entry) {
+  if (entry.position < region.startPosition) return false;
+  return region.startMeasure != region.endMeasure || entry.position <= region.endPosition;
+}
+
 int HideFirstFrame(const EREGION& region) {
   EXTGF2005a* const frame =
       BX_LoadTGF(region.regionScope, region.startStaff, region.startMeasure, 0, kLoadFlag, kBrvVersion);
   if (frame == nullptr) return 0;
   int changed = 0;
   for (int i = 0; i < frame->entryCount; ++i) {
-    if ((frame->entries[i].flags & kNoLegerLines) != 0) continue;
+    if ((frame->entries[i].flags & kNoLegerLines) != 0 || !IsWithin(region, frame->entries[i])) continue;
     frame->entries[i].flags |= kNoLegerLines;
     changed = 1;
   }

@@ -17,6 +17,8 @@ constexpr const char* kText = R"(HEADING
     an example
       that goes on
 ANOTHER
+  word    a longer item, the end of which is so far to the right that it needs
+          a line of its own
   2 is no item.)";
 
 TEST(Prose, HasPieces) {
@@ -34,6 +36,7 @@ TEST(Prose, HasPieces) {
             "e |an example\n"
             "e |  that goes on\n"
             "h |ANOTHER\n"
+            "i word|a longer item, the end of which is so far to the right that it needs a line of its own\n"
             "p |2 is no item.\n");
   EXPECT_TRUE(PiecesOf("").empty());
 }
@@ -50,6 +53,8 @@ TEST(Prose, IsLaidOut) {
       that goes on
 
 ANOTHER
+  word    a longer item, the end of which is so far to the right that it needs a
+          line of its own
   2 is no item.
 )");
 }

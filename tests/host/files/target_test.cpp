@@ -32,7 +32,7 @@ std::string Problem(const fs::path& target, Call call) {
 }
 
 std::string ProblemOf(const fs::path& target) {
-  return Problem(target, [&] { Target(target.string()); });
+  return Problem(target, [&] { Target(target.string(), {", try another", ", try else"}); });
 }
 
 TEST_F(Targets, AreFreeNamesOrFiles) {
@@ -42,11 +42,11 @@ TEST_F(Targets, AreFreeNamesOrFiles) {
 }
 
 TEST_F(Targets, AreNothingElse) {
-  EXPECT_EQ(ProblemOf(folder), "is a folder, not a file; --out-dir writes into a folder");
-  EXPECT_EQ(ProblemOf("/dev/null"), "is not a regular file; --output - writes to the standard output");
+  EXPECT_EQ(ProblemOf(folder), "is a folder, not a file, try another");
+  EXPECT_EQ(ProblemOf("/dev/null"), "is not a regular file, try else");
   const fs::path pipe = folder / "pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  EXPECT_EQ(ProblemOf(pipe), "is not a regular file; --output - writes to the standard output");
+  EXPECT_EQ(ProblemOf(pipe), "is not a regular file, try else");
 }
 
 TEST_F(Targets, AreLockedAsLongAsTheyLive) {

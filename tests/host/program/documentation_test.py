@@ -14,7 +14,7 @@ MANUAL = SHARE / "man/man1/brvhost.1"
 BASH = SHARE / "bash-completion/completions/brvhost"
 ZSH = SHARE / "zsh/site-functions/_brvhost"
 DOCUMENTS = os.environ["BRVHOST_DOCS"]
-COMMANDS = ["list", "items", "info", "run", "check"]
+COMMANDS = ["list", "items", "info", "run", "check", "calls"]
 
 
 def options_in_help(command):
@@ -29,7 +29,7 @@ class Help(Case):
             text = self.succeeds(brvhost(command, "--help")).stdout
             self.assertIn(f"Usage: brvhost {command}", text)
             self.assertIn("EXIT STATUS", text)
-        self.assertEqual(len(options_in_help("run")), 27)
+        self.assertEqual(len(options_in_help("run")), 29)
 
     def test_fits_into_80_columns(self):
         for command in ([], *([command] for command in COMMANDS)):
@@ -38,7 +38,8 @@ class Help(Case):
             self.assertNotRegex(text, r" \n|\n\n\n|^\n|\n\n$")
 
     def test_lists_the_statuses_of_each_command(self):
-        statuses = {"list": "0 1 2 3 130", "items": "0 1 2 3 130", "info": "0 1 2 130", "run": "0 1 2 3 130", "check": "0 1 2 3 130"}
+        statuses = {"list": "0 1 2 3 130", "items": "0 1 2 3 130", "info": "0 1 2 130", "run": "0 1 2 3 130", "check": "0 1 2 3 130",
+                    "calls": "0 1 2 130"}
         for command, listed in statuses.items():
             text = brvhost(command, "--help").stdout
             section = re.search(r"^EXIT STATUS\n((?: .*\n)+)", text, re.MULTILINE)[1]

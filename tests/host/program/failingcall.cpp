@@ -5,11 +5,12 @@
 // The program's process is "0"; the children of a process have its name and then their number, as in "0.1"; and all
 // threads of a process but the first have its name and "t". ACTION is the number of the error that PROCESS's NUMBERth
 // CALL, from 1, fails with, without being made; or "before" or "after", when the process is killed. Calls count from
-// the program's own first one, which opens /dev/null: those before are the dynamic loader's. LIST names a file that
-// gets a line for each call: its process, its name and its number.
+// the program's own first one, which asks whether it has a standard input: those before are the dynamic loader's. LIST
+// names a file that gets a line for each call: its process, its name and its number.
 //
 // Ends when all processes have ended, with the program's exit status, or 128 and the signal that ended it; with 125
 // where the system does not let it trace others.
+#include <fcntl.h>
 #include <seccomp.h>
 #include <sys/ptrace.h>
 #include <sys/types.h>
@@ -21,7 +22,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <map>
 #include <memory>
 #include <set>
@@ -117,7 +117,7 @@ class Tracer {
   }
 
   void Enter(pid_t process, Tracee& tracee, const __ptrace_syscall_info& info) {
-    isCounting_ = isCounting_ || OpensDevNull(process, info);
+    isCounting_ = isCounting_ || AsksForStandardInput(info);
     if (!isCounting_) return;
     const std::string name = NameOf(static_cast<int>(info.entry.nr));
     const long number = ++tracee.calls[name];
@@ -133,10 +133,9 @@ class Tracer {
     }
   }
 
-  static bool OpensDevNull(pid_t process, const __ptrace_syscall_info& info) {
-    if (NameOf(static_cast<int>(info.entry.nr)) != "openat") return false;
-    const long start = ptrace(PTRACE_PEEKDATA, process, info.entry.args[1], nullptr);
-    return std::memcmp(&start, "/dev/null", sizeof(start)) == 0;
+  static bool AsksForStandardInput(const __ptrace_syscall_info& info) {
+    return NameOf(static_cast<int>(info.entry.nr)) == "fcntl" && info.entry.args[0] == STDIN_FILENO &&
+           info.entry.args[1] == F_GETFD;
   }
 
   static std::string NameOf(int call) {

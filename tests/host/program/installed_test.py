@@ -1,6 +1,7 @@
 """Extensions found by their names, along a path."""
 
 import os
+import plistlib
 import shutil
 import subprocess
 import unittest
@@ -119,6 +120,7 @@ class List(Installed):
         crashing = self.install(self.second, "Crashing", BUNDLES / "without_fault.bundle")
         image, = crashing.rglob("*.so")
         image.write_text("no code")
+        (crashing / "Contents/Info.plist").write_bytes(plistlib.dumps({"CFBundleExecutable": image.stem}))
         (self.first / "notes.txt").touch()
         (self.first / "Folder").mkdir()
         version = brvhost("--version").stdout.split()[1]
@@ -129,9 +131,9 @@ class List(Installed):
     def test_marks_those_that_are_hidden_by_others(self):
         first, second, users = (self.install(folder, "Mine", BUNDLES / "without_fault.bundle")
                                 for folder in (self.first, self.second, self.users))
-        self.assertEqual(self.lines(), f"Mine\t\t\t{SYSTEM}\t{first}\n"
-                                       f"Mine\t\t\t{SYSTEM}\t{second}\thidden by {first}\n"
-                                       f"Mine\t\t\t{SYSTEM}\t{users}\thidden by {first}\n")
+        self.assertEqual(self.lines(), f"Mine\t1.0\t\t{SYSTEM}\t{first}\n"
+                                       f"Mine\t1.0\t\t{SYSTEM}\t{second}\thidden by {first}\n"
+                                       f"Mine\t1.0\t\t{SYSTEM}\t{users}\thidden by {first}\n")
 
     def test_reports_those_that_cannot_be_used(self):
         good = self.install(self.second, "Good", BUNDLES / "without_fault.bundle")
@@ -140,7 +142,7 @@ class List(Installed):
         (self.first / "Other.bundle/Contents/MacOS").mkdir(parents=True)
         (self.first / "Other.bundle/Contents/MacOS/Other").touch()
         process = self.brvhost("list")
-        self.assertEqual((process.returncode, process.stdout), (3, f"Good\t\t\t{SYSTEM}\t{good}\n"))
+        self.assertEqual((process.returncode, process.stdout), (3, f"Good\t1.0\t\t{SYSTEM}\t{good}\n"))
         self.assertEqual(process.stderr,
                          f"brvhost: {self.first}/Empty.bundle: has no executable for {SYSTEM}\n"
                          f"brvhost: {self.first}/File.bundle: is not a bundle\n"

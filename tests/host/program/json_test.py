@@ -12,16 +12,10 @@ import signal
 import subprocess
 import unittest
 
-from brvhost import (Case, EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SANITIZED, SHOW, brvhost,
+from brvhost import (EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SANITIZED, SHOW, brvhost,
                      faulty, hiding, run, score)
+from jsoncase import DOCUMENTS, JsonCase
 from misbehaviour import MISBEHAVES, misbehaviour
-
-try:
-    import jsonschema
-except ImportError:
-    jsonschema = None
-
-DOCUMENTS = pathlib.Path(os.environ["BRV_SOURCE"]) / "docs"
 
 # Of notes that take more than 30 MB.
 LARGE = score("<note/>" * 3_000_000)
@@ -29,24 +23,6 @@ MEETS_THE_BOUND = unittest.skipIf(SANITIZED, "the sanitizer ends the program whe
 ONE_HIDDEN = {"counts": {"entries": 1, "notes": 1, "chords": 0, "rests": 0, "changed": 1, "hidden": 1}}
 WHOLE = [{"staves": {"first": 1, "last": 1}, "measures": {"first": 1, "last": 1}, "layers": None, "startAt": "0",
           "endAt": None}]
-
-
-@unittest.skipUnless(jsonschema, "the package python3-jsonschema is not installed")
-class JsonCase(Case):
-    def lines(self, command, output):
-        """What the lines of a command hold. Each is ASCII and keeps to the schema."""
-        schema = json.loads((DOCUMENTS / "json" / f"{command}.schema.json").read_text())
-        jsonschema.Draft202012Validator.check_schema(schema)
-        self.assertTrue(output.isascii() and (output.endswith("\n") or not output), output)
-        lines = [json.loads(line) for line in output.splitlines()]
-        for line in lines:
-            jsonschema.Draft202012Validator(schema).validate(line)
-        return lines
-
-    def one(self, process, command="run"):
-        lines = self.lines(command, process.stdout)
-        self.assertEqual(len(lines), 1, process.stdout)
-        return lines[0]
 
 
 class Run(JsonCase):
@@ -57,7 +33,8 @@ class Run(JsonCase):
 
     def line(self, status, retry=False, target=None, **more):
         return {"score": str(self.score), "member": None, "target": str(target or self.score), "status": status,
-                "retry": retry, "counts": None, "region": WHOLE, "warnings": [], "error": None, **more}
+                "retry": retry, "counts": None, "region": WHOLE, "warnings": [], "missingFunctions": [],
+                "error": None, **more}
 
     def in_place(self, *options, item=HIDE, **more):
         return run(item, "--all", "--in-place", "--json", *options, self.score, **more)
@@ -226,6 +203,11 @@ class Info(JsonCase):
         self.assertEqual((process.returncode, process.stderr), (2, "".join(f"brvhost: {error}\n" for error in errors)))
 
 
+class Calls(JsonCase):
+    def test_prints_each_function(self):
+        self.assertEqual(len(self.lines("calls", brvhost("calls", "--json").stdout)), 164)
+
+
 class List(JsonCase):
     def test_prints_which_extensions_are_installed(self):
         folders = [self.folder / name for name in ("first", "second")]
@@ -260,6 +242,16 @@ class Document(JsonCase):
                 unfolded = shown.replace("\n     ", "")
                 self.assertEqual(process.stdout, re.sub(r"^    ", "", unfolded, flags=re.MULTILINE))
                 self.lines(command.split()[0], process.stdout)
+
+    def test_shows_lines_of_a_check(self):
+        shown = (DOCUMENTS / "json.md").read_text().partition("## check")[2].partition("## calls")[0]
+        lines = "".join(line[4:] + "\n" for line in shown.replace("\n     ", "").splitlines() if line.startswith("    "))
+        self.assertEqual([len(line) for line in self.lines("check", lines)], [7, 8, 3])
+
+    def test_shows_lines_of_the_calls(self):
+        shown = (DOCUMENTS / "json.md").read_text().partition("## calls")[2].partition("\n    ")[2].partition("\n\n")[0]
+        lines = self.lines("calls", shown.replace("\n     ", "").replace("\n    ", "\n") + "\n")
+        self.assertEqual(lines, self.lines("calls", brvhost("calls", "--json").stdout)[:2])
 
     def test_shows_a_line_of_the_list(self):
         shown = (DOCUMENTS / "json.md").read_text().partition("## list")[2].partition("\n    ")[2]

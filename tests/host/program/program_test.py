@@ -7,7 +7,7 @@ import shutil
 import subprocess
 import unittest
 
-from brvhost import (Case, EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SANITIZED, SHOW, brvhost, faulty, run, score)
+from brvhost import (Case, EMULATED, EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SANITIZED, SHOW, brvhost, faulty, run, score)
 
 
 class Items(Case):
@@ -35,20 +35,35 @@ class Items(Case):
         missing = f"has no executable for {system}; it has one for macOS and one for Linux on m68k\n"
         self.fails(brvhost("items", mine), 3, f"{mine}: {missing}")
         self.fails(run(HIDE, "--all", "--dry-run", SAMPLES / "piano.musicxml", bundle=mine), 3, f"{mine}: {missing}")
-        self.assertIn(f"exports the entry points: {missing}", brvhost("check", mine, "--no-confine").stdout)
+        self.assertIn(f"exports the entry points: {missing[:-1]} [", brvhost("check", mine, "--no-confine").stdout)
+
+    def test_are_listed_with_what_is_wrong_with_their_texts(self):
+        mine = pathlib.Path(shutil.copytree(LEGER_LINES, self.folder / "Mine.bundle"))
+        resources = mine / "Contents/Resources"
+        (resources / "de.lproj/Localizable.strings").write_text('"20000,1" = "Eins";\n"20000,2" "Zwei";\n')
+        (resources / "fr.lproj/Localizable.strings").write_bytes('"20000,1" = "Un"'.encode("utf-16"))
+        process = self.succeeds(brvhost("items", mine))
+        self.assertIn("Hide Ledger Lines", process.stdout)
+        self.assertEqual(process.stderr, f'brvhost: warning: {resources}/de.lproj/Localizable.strings:2: "20000,2" should be followed '
+                                         'by = "its text" and a semicolon\n')
 
     def test_need_an_executable_of_the_name_in_info_plist(self):
         contents = self.folder / "Mine.bundle" / "Contents"
         (contents / EXECUTABLE_FOLDER).mkdir(parents=True)
         (contents / EXECUTABLE_FOLDER / "Other.so").touch()
-        reason = f"its code does not load: Info.plist names no file in Contents/{EXECUTABLE_FOLDER}, or cannot be read"
-        for plist in (None, "{ CFBundleExecutable = Another; }", "not a property list"):
+        another = f"CFBundleExecutable in Contents/Info.plist is Another, which is not in Contents/{EXECUTABLE_FOLDER}"
+        for plist, reason in ((None, "it has no Contents/Info.plist"),
+                              ("not a property list", "Contents/Info.plist has no CFBundleExecutable, or cannot be read"),
+                              ("{ CFBundleName = Mine; }", "Contents/Info.plist has no CFBundleExecutable, or cannot be read"),
+                              ("{ CFBundleExecutable = (Other); }", "Contents/Info.plist has no CFBundleExecutable, or cannot be read"),
+                              ("{ CFBundleExecutable = Another; }", another)):
             if plist is not None:
                 (contents / "Info.plist").write_text(plist)
-            self.assertEqual(brvhost("items", contents.parent).stderr, f"brvhost: {contents.parent}: {reason}\n")
+            self.assertEqual(brvhost("items", contents.parent).stderr,
+                             f"brvhost: {contents.parent}: its code does not load: {reason}\n")
         # A bundle without the folder Contents has the others itself.
         flat = contents.rename(self.folder / "Flat.bundle")
-        reason = reason.replace("Contents/", "")
+        reason = "its code does not load: " + another.replace("Contents/", "")
         self.assertEqual(brvhost("items", flat).stderr, f"brvhost: {flat}: {reason}\n")
 
     def test_need_an_executable_for_this_processor(self):
@@ -58,6 +73,16 @@ class Items(Case):
         code[18:20] = b"\xF3\0"  # the number of RISC-V
         executable.write_bytes(code)
         self.fails(brvhost("items", mine), 3, f"{mine}: its code does not load: {executable} is for another processor\n")
+
+    @unittest.skipIf(EMULATED, "the compiler is for this processor")
+    def test_need_what_their_code_uses(self):
+        mine = pathlib.Path(shutil.copytree(LEGER_LINES, self.folder / "Mine.bundle"))
+        executable = mine / "Contents" / EXECUTABLE_FOLDER / "LegerLines.so"
+        executable.unlink()
+        source = self.write("mine.c", "void BrevixExtensionTerminate(void); void Ext_terminate(void) { BrevixExtensionTerminate(); }")
+        subprocess.run(["cc", "-shared", "-fPIC", "-o", executable, source], check=True)
+        self.fails(brvhost("items", mine), 3, f"{mine}: its code does not load: {executable} uses BrevixExtensionTerminate, which "
+                   "neither it nor a library that it needs has\n")
 
     def test_need_entry_points(self):
         self.fails(brvhost("items", faulty("lacks_entry_points")), 3, "has no BrevixExtensionVersion")
@@ -356,7 +381,7 @@ class WrongCommandLines(Case):
         self.refuses(message, "run", LEGER_LINES, SAMPLES / "piano.musicxml", "--dry-run", *options)
 
     def test_lack_a_command(self):
-        self.refuses("a command is missing, one of list, items, info, run, check; --help explains them")
+        self.refuses("a command is missing, one of list, items, info, run, check, calls; --help explains them")
 
     def test_name_a_command_that_there_is_not(self):
         self.refuses("there is no command fly; --help lists them", "fly")

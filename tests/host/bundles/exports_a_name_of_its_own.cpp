@@ -1,0 +1,3 @@
+#include "extension.h"
+
+extern "C" BRV_EXPORT int CountOfCalls() { return 0; }
