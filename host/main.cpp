@@ -33,6 +33,8 @@ int Perform(const CLI::App& app, const Options& options) {
   if (app.got_subcommand("info")) return ShowInfo(options);
   if (app.got_subcommand("run")) return Run(options);
   if (app.got_subcommand("calls")) return ListCalls(options);
+  if (app.got_subcommand("fuzz")) return Fuzz(options);
+  if (app.got_subcommand("new")) return MakeExtension(options);
   return Check(options);
 }
 

@@ -9,5 +9,6 @@ inline constexpr const char* kFactList = "--list";
 // The scores of a command, of which there may be none where the option names them.
 inline constexpr const char* kScoreArgument = "SCORE";
 inline constexpr const char* kScoreList = "--files-from";
+inline constexpr const char* kReproduce = "--reproduce";
 
 }  // namespace brvhost

@@ -61,6 +61,14 @@ CLI::Option* AddNumber(CLI::App& command, const char* name, const char* type, Nu
   });
 }
 
+// One that may be very large.
+CLI::Option* AddCount(CLI::App& command, const char* name, const char* type, std::optional<std::int64_t>& count,
+                      std::int64_t first, const char* about) {
+  return AddValue(command, name, type, about, [&count, first](const std::string& option, const std::string& value) {
+    count = NumberFrom(option, value, first, std::numeric_limits<std::int64_t>::max());
+  });
+}
+
 constexpr Bounds kSeconds = {1, 1'000'000};
 constexpr Bounds kJobs = {1, 256};
 
@@ -231,9 +239,33 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
   AddTrace(check, options);
   check.footer(kCheckFooter);
 
+  CLI::App& fuzz = *app->add_subcommand("fuzz", kFuzzAbout);
+  AddBundle(fuzz, options);
+  AddCount(fuzz, "--seed", "N", options.seed, 0,
+           "The seed of the first round, each after it has the next (a random one)");
+  AddNumber(fuzz, "--time", "SECONDS", options.fuzzTime, kSeconds, "Play rounds for that long (10, without --rounds)");
+  AddCount(fuzz, "--rounds", "N", options.rounds, 1, "Play that many rounds");
+  AddNumber(fuzz, "--jobs", "N", options.jobs, kJobs, "Play rounds in N processes at a time");
+  AddNumber(fuzz, "--timeout", "SECONDS", options.roundTimeout, kSeconds, "A round that takes longer hangs (10)");
+  AddConfinement(fuzz, options.checkConfines, "--confine,!--no-confine");
+  AddCount(fuzz, kReproduce, "SEED", options.reproduce, 0,
+           "Play the round of this seed in brvhost itself, neither confined nor silenced, and write each call to the "
+           "standard error");
+  AddJson(fuzz, options, "Print each finding and the end as a line of JSON; the summary goes to the standard error");
+  fuzz.footer(kFuzzFooter);
+
   CLI::App& calls = *app->add_subcommand("calls", kCallsAbout);
   AddJson(calls, options, "Print each function as a line of JSON");
   calls.footer(kCallsFooter);
+
+  CLI::App& make = *app->add_subcommand("new", kNewAbout);
+  make.add_option("NAME", options.newName, "The name of the folder, of the bundle and of its executable")
+      ->required()
+      ->type_name("");
+  AddText(make, "--identifier", "ID", options.identifier, "The identifier of the bundle (org.example.NAME)");
+  AddText(make, "--languages", "LIST", options.languages,
+          "The languages that it has texts in: en,de,pt-BR; English is always among them (en)");
+  make.footer(kNewFooter);
   return app;
 }
 

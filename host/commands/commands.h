@@ -11,5 +11,7 @@ namespace brvhost {
 [[nodiscard]] int Run(const Options& options);
 [[nodiscard]] int ListCalls(const Options& options);
 [[nodiscard]] int Check(const Options& options);
+[[nodiscard]] int Fuzz(const Options& options);
+[[nodiscard]] int MakeExtension(const Options& options);
 
 }  // namespace brvhost

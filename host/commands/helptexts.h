@@ -228,4 +228,72 @@ EXAMPLES
   Check all that is about texts:
     brvhost check --include texts LegerLines)";
 
+inline constexpr const char* kFuzzAbout =
+    "Plays random rounds with an extension: any item on any region of any score, with a user who answers anything and "
+    "cancels at any time, in a host in which any call may fail. Prints each kind of fault once, with a seed that "
+    "brings it back, and a summary. The rounds are played in processes that may write no file, use no network and "
+    "start no program.";
+
+inline constexpr const char* kFuzzFooter = R"(WHAT IS FOUND
+  crash      a signal ends the process
+  exit       the extension ends the process
+  hang       it does not return
+  exception  it throws
+  frames     it leaves frames loaded, or makes wrong calls
+  edits      it leaves an edit or a progress display open
+  region     it changes entries outside of the region
+  decline    nothing is selected and the user declines, and it still does something
+  item       it does something for an item that it does not have
+  memory     it writes to memory that is the host's
+  shortage   it takes more than 1 GB of memory
+
+THE ROUNDS
+  All that is random in a round follows from its seed: the same version of brvhost plays the same round on any machine. Seeds
+  follow each other, so --seed 5 --rounds 3 plays 5, 6 and 7. Without --rounds and --time, rounds are played for 10 seconds.
+  Ctrl-C ends with the summary.
+
+  One process plays many rounds, with the extension loaded once. Where a fault comes up only after other rounds, its line has
+  the command that plays those, too.
+
+THE TRACE
+  With --reproduce the round is described before its calls. `brvhost run --help` explains their lines. A crash ends brvhost
+  with the extension, for a debugger:
+    gdb --args brvhost fuzz LegerLines --reproduce 1234
+
+EXIT STATUS
+  0    nothing was found
+  1    something was, or what is printed could not be written
+  2    bad usage
+  3    a bundle that cannot be used
+  130  interrupted
+
+EXAMPLES
+  Play a million rounds in two processes:
+    brvhost fuzz LegerLines --rounds 1000000 --jobs 2
+  Play the same rounds each time, on a build server:
+    brvhost fuzz LegerLines --seed 1 --rounds 20000)";
+
+inline constexpr const char* kNewAbout =
+    "Makes the folder of a new extension in the working folder: its sources with one menu item, its texts, tests with "
+    "a small score, and what builds it with CMake and the installed kit (libbrvedk-dev).";
+
+inline constexpr const char* kNewFooter = R"(THE EXTENSION
+  Its menu item hides the ledger lines of chords. It builds, and its tests pass, as it is: one drives the bundle in a host that the
+  test scripts, one runs `brvhost check`, and one runs the item on a score and compares what it writes.
+
+  Texts are there in German, English, French, Italian, Japanese and Spanish (de, en, fr, it, ja, es). For other languages the folder has
+  the texts in English, with a comment.
+
+  A name has letters from A to Z, digits, - and _, and begins with a letter or a digit. What is there already under that name stays as it
+  is.
+
+EXIT STATUS
+  0    done
+  1    the folder could not be made; nothing is left of it
+  2    bad usage
+  130  interrupted
+
+EXAMPLES
+    brvhost new WideLeaps --identifier com.example.wideleaps --languages en,de)";
+
 }  // namespace brvhost

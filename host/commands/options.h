@@ -42,6 +42,10 @@ struct Options {
   bool inProcess = false;
   std::string junit;  // a file
 
+  std::string newName;  // of an extension that `new` makes
+  std::string identifier;
+  std::string languages = "en";
+
   bool list = false;
   bool json = false;
   bool quiet = false;
@@ -52,10 +56,15 @@ struct Options {
   int jobs = 1;
   std::optional<int> timeout;   // seconds a score
   int factTimeout = 10;         // seconds a fact
+  int roundTimeout = 10;        // seconds a round
+  std::optional<int> fuzzTime;  // in seconds
   bool confines = false;        // whether `run` and `items` confine the extension
   bool checkConfines = true;    // whether `check` does
   std::uint64_t maxSize = kDefaultMaxSize;
   std::optional<std::uint64_t> maxMemory;  // as the score's size demands when null
+  std::optional<std::int64_t> seed;        // of the first round
+  std::optional<std::int64_t> rounds;
+  std::optional<std::int64_t> reproduce;  // the seed of the only round
 };
 
 }  // namespace brvhost

@@ -163,8 +163,27 @@ class Allocations(Case):
                                 (("list", "--json"), 7)):
             self.survives(SUPERVISOR, *command, stride=stride)
 
+    def test_leave_a_new_extension_whole_or_none_of_it(self):
+        made, command = self.folder / "Mine", ("new", "Mine", "--languages", "de,pt")
+        good, count = self.run_failing(command, SUPERVISOR, 0, 0)
+        self.succeeds(good)
+        files = self.files()
+        for first in range(1, count + 1, 1 if ALL else 17):
+            for last in (first, FOREVER):
+                with self.subTest(first=first, last=last):
+                    shutil.rmtree(made, ignore_errors=True)
+                    process, _ = self.run_failing(command, SUPERVISOR, first, last)
+                    if process.returncode == 0:
+                        self.assertEqual(self.files(), files)
+                    else:
+                        self.fails_well(process, SUPERVISOR)
+                        self.assertFalse(made.exists())
+
     def test_of_a_check_are_reported(self):
         self.survives(SUPERVISOR, *CHECK, stride=199)
+
+    def test_of_random_rounds_are_reported(self):
+        self.survives(SUPERVISOR, "fuzz", "--seed", 1, "--rounds", 5, LEGER_LINES, stride=7)
 
 
 if __name__ == "__main__":

@@ -15,7 +15,7 @@ from brvhost import Case, LEGER_LINES, PROGRAM, brvhost
 SHARE = pathlib.Path(os.environ["BRV_SHARE"])
 BASH = SHARE / "bash-completion/completions/brvhost"
 ZSH = SHARE / "zsh/site-functions/_brvhost"
-COMMANDS = ["list", "items", "info", "run", "check", "calls"]
+COMMANDS = ["list", "items", "info", "run", "check", "fuzz", "calls", "new"]
 
 # What is completed is printed; the completions themselves get an answer.
 SHOW = 'brvhost() { if [ "$1" = list ]; then command brvhost list; else printf "<%s>" "$@"; echo "|end"; fi; }'

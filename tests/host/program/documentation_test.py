@@ -14,7 +14,7 @@ MANUAL = SHARE / "man/man1/brvhost.1"
 BASH = SHARE / "bash-completion/completions/brvhost"
 ZSH = SHARE / "zsh/site-functions/_brvhost"
 DOCUMENTS = os.environ["BRVHOST_DOCS"]
-COMMANDS = ["list", "items", "info", "run", "check", "calls"]
+COMMANDS = ["list", "items", "info", "run", "check", "fuzz", "calls", "new"]
 
 
 def options_in_help(command):
@@ -39,7 +39,7 @@ class Help(Case):
 
     def test_lists_the_statuses_of_each_command(self):
         statuses = {"list": "0 1 2 3 130", "items": "0 1 2 3 130", "info": "0 1 2 130", "run": "0 1 2 3 130", "check": "0 1 2 3 130",
-                    "calls": "0 1 2 130"}
+                    "fuzz": "0 1 2 3 130", "calls": "0 1 2 130", "new": "0 1 2 130"}
         for command, listed in statuses.items():
             text = brvhost(command, "--help").stdout
             section = re.search(r"^EXIT STATUS\n((?: .*\n)+)", text, re.MULTILINE)[1]

@@ -68,6 +68,11 @@ class Installed(Case):
                 made = self.folder / "ScoreReport" / path.relative_to(EXAMPLE)
                 self.assertEqual(made.read_text(), path.read_text(), "the example is what the tutorial makes")
 
+    def test_kit_builds_what_the_tutorial_starts_with(self):
+        commands = "\n".join(re.findall(r"^```bash\n(.*?)^```$", TUTORIAL.read_text(), re.MULTILINE | re.DOTALL))
+        output = self.sh(commands, BREVIX=self.prefix, SCORE=SAMPLES / "piano.musicxml")
+        self.assertIn("100% tests passed", output)
+
     def test_kit_is_known_to_pkg_config(self):
         flags = self.sh("pkg-config --cflags --libs brvedk", PKG_CONFIG_PATH=self.prefix / "lib" / "pkgconfig")
         self.assertIn("-lBrvEDK", flags)

@@ -248,6 +248,11 @@ class Document(JsonCase):
         lines = "".join(line[4:] + "\n" for line in shown.replace("\n     ", "").splitlines() if line.startswith("    "))
         self.assertEqual([len(line) for line in self.lines("check", lines)], [7, 8, 3])
 
+    def test_shows_lines_of_random_rounds(self):
+        shown = (DOCUMENTS / "json.md").read_text().partition("## fuzz")[2].partition("\n    ")[2].partition("\n\n")[0]
+        lines = self.lines("fuzz", shown.replace("\n     ", "").replace("\n    ", "\n") + "\n")
+        self.assertEqual([len(line) for line in lines], [5, 5])
+
     def test_shows_lines_of_the_calls(self):
         shown = (DOCUMENTS / "json.md").read_text().partition("## calls")[2].partition("\n    ")[2].partition("\n\n")[0]
         lines = self.lines("calls", shown.replace("\n     ", "").replace("\n    ", "\n") + "\n")

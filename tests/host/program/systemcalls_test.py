@@ -148,6 +148,9 @@ class SystemCalls(Case):
         self.survives((SUPERVISOR,), "info", self.score)
         self.survives((SUPERVISOR,), "info", "-r", self.folder)
 
+    def test_that_fail_leave_a_new_extension_whole_or_none_of_it(self):
+        self.survives((SUPERVISOR,), "new", "Mine", "--languages", "de,pt")
+
     def test_that_report_the_end_of_a_worker_end_the_run(self):
         other = self.write("other.musicxml", score())
         command = hiding(self.score, other, "--jobs", "1", "--out-dir", self.folder / "out")
