@@ -1,0 +1,35 @@
+// Scores as files.
+
+import { readFile, stat } from 'node:fs/promises';
+import { basename } from 'node:path';
+
+import { isArchive, readArchivedScore } from './archive.js';
+import { decode } from './decode.js';
+import { InputError, inFile } from './errors.js';
+import { maxScoreSize } from './limits.js';
+import { reasonOf } from './systemerror.js';
+
+// The name of the score, which is that of its file without the ending, and its XML as text.
+export async function readScore(path) {
+  return inFile(path, async () => {
+    const bytes = await readBytes(path);
+    if (bytes.length === 0) throw new InputError('the file is empty');
+    return { name: nameOf(path), xml: decode(isArchive(bytes) ? await readArchivedScore(bytes) : bytes) };
+  });
+}
+
+function nameOf(path) {
+  return basename(path).replace(/(?<=.)\.(musicxml|xml|mxl)$/i, '');
+}
+
+async function readBytes(path) {
+  try {
+    const status = await stat(path);
+    if (status.isDirectory()) throw new InputError('is a folder, not a score');
+    if (!status.isFile()) throw new InputError('is a device or a pipe, not a file');
+    if (status.size > maxScoreSize) throw new InputError(`is larger than ${maxScoreSize} bytes`);
+    return await readFile(path);
+  } catch (error) {
+    throw error instanceof InputError ? error : new InputError(reasonOf(error));
+  }
+}
