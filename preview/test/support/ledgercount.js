@@ -140,17 +140,18 @@ class Part {
       moment: this.#chord,
       written: writtenNote(note),
       visible: note.attributes['print-object'] !== 'no',
+      hidden: note.attributes['print-leger'] === 'no',
     });
   }
 
   // What is known of a note once the whole part has been read: only then it is known what changes where.
   count(note, stavesBefore) {
-    const { number, staff, moment, written, visible } = note;
+    const { number, staff, moment, written, visible, hidden } = note;
     const lowest = this.clefs.at(staff, moment);
     const shift = this.shifts.upTo(staff, moment).reduce((sum, steps) => sum + steps, 0);
     const known = written !== null && lowest !== null && !Number.isNaN(shift);
     const lines = known ? ledgerLines(written + shift, lowest, this.lines.at(staff, moment)) : { above: 0, below: 0 };
-    return { number, staff: stavesBefore + staff, measure: moment.measure, chord: moment, known, visible, ...lines };
+    return { number, staff: stavesBefore + staff, measure: moment.measure, chord: moment, known, visible, hidden, ...lines };
   }
 }
 
@@ -161,6 +162,7 @@ class Part {
 //   chord     the same object for all notes of a chord
 //   known     whether its place on the staff is known
 //   visible   whether it is drawn
+//   hidden    whether its ledger lines are hidden
 //   above, below   the ledger lines that it needs
 export function countLedgerLines(xml) {
   const root = parseXml(xml);
