@@ -4,41 +4,52 @@ const line = '<path d="M(?<left>-?\\d+) (?<y>-?\\d+) L(?<right>-?\\d+) [^>]*/>';
 const dash = new RegExp(`<g data-class="lineDash" class="lineDash" data-related="(?<related>[^"]*)">${line}</g>`, 'g');
 const group = '<g data-class="ledgerLines" class="ledgerLines [^"]*">(?:<g data-class="lineDash"[^>]*><path [^>]*/></g>)*</g>';
 const restLine = `<g data-class="ledgerLines" class="ledgerLines">${line}</g>`;
-const restStart = '<g data-id="(?<restId>[^"]*)" data-class="\\w*[rR]est"[^>]*>';
-const place = new RegExp(`(?<groups>(?:${group})+)|${restStart}|(?<restLine>${restLine})`, 'g');
+const rest = `<g data-id="(?<restId>[^"]*)" data-class="\\w*[rR]est"[^>]*>(?:<use [^>]*/>)*(?<restLine>${restLine})`;
+const place = new RegExp(`(?<groups>(?:${group})+)|${rest}`, 'g');
 
 // In the units of a page. Ledger lines are that far apart on a staff of the usual size.
 const distance = 180;
+// Marks cover a bit more than the line's share, so that those of a note make one.
 const overhang = 40;
+const overlap = 10;
 
 // The dashes at notes, in the order of the page: the identifiers of the notes of each.
 export function dashesOf(svg) {
   return Array.from(svg.matchAll(dash), ({ groups }) => ({ notes: notesIn(groups.related) }));
 }
 
-// The page with each ledger line as `styleOf` wants it, which gets the identifiers of its notes or of its rest. Null leaves
-// it out, but for the mark: `{ line, mark }` are further classes of the line, null to leave it out, and the classes of a
-// mark behind it, null for none.
+// What each ledger line belongs to, those of rests included: identifiers of notes, or that of a rest.
+export function ownersOfLines(svg) {
+  const owners = [];
+  withLedgerLines(svg, (ids) => {
+    owners.push(ids);
+    return { line: '', mark: null };
+  });
+  return owners;
+}
+
+// The page with each ledger line as `styleOf` wants it, which gets the identifiers of its notes or of its rest, and
+// returns `line`, further classes of the line, null to leave it out, and `mark`, the classes of a mark under it, null for
+// none.
 export function withLedgerLines(svg, styleOf) {
-  let handled = 0;
-  let restId = null;
+  let dashes = 0;
+  let restLines = 0;
   const drawn = svg.replace(place, (found, ...matched) => {
     const parts = matched.at(-1);
-    if (parts.groups !== undefined) {
-      handled += countOf(found, 'data-class="lineDash"');
-      return withDashes(found, styleOf);
+    if (parts.groups === undefined) {
+      restLines += 1;
+      return withRestLine(found, parts, styleOf([parts.restId]));
     }
-    if (parts.restLine !== undefined) return withRestLine(found, parts, styleOf([restId]));
-    restId = parts.restId;
-    return found;
+    dashes += countOf(found, 'data-class="lineDash"');
+    return withDashes(found, styleOf);
   });
-  if (handled !== countOf(svg, 'data-class="lineDash"')) {
-    throw new Error('this release of Verovio draws ledger lines in another way than the one that is known');
-  }
+  const isComplete = dashes === countOf(svg, 'data-class="lineDash"') && restLines === countOf(svg, 'class="ledgerLines"><path');
+  if (!isComplete) throw new Error('this release of Verovio draws ledger lines in another way than the one that is known');
   return drawn;
 }
 
-// The marks of a run of groups come first, so that none covers a dash.
+// Marks come before all that they must not cover: those of a run of groups before the first of its dashes, and that of a
+// rest before the rest.
 function withDashes(groups, styleOf) {
   const marks = [];
   const lines = groups.replace(dash, (found, ...matched) => {
@@ -51,19 +62,19 @@ function withDashes(groups, styleOf) {
 }
 
 function withRestLine(found, parts, style) {
-  return markOf(style, parts) + lineOf(found, 'ledgerLines', style);
+  return markOf(style, parts) + found.replace(parts.restLine, lineOf(parts.restLine, 'ledgerLines', style));
 }
 
 function lineOf(found, own, style) {
   if (style.line === null) return '';
-  return style.line === '' ? found : found.replace(`class="${own}"`, `class="${own} ${style.line}"`);
+  return style.line === '' ? found : found.replace(` class="${own}"`, ` class="${own} ${style.line}"`);
 }
 
-// As high as the distance of ledger lines, so that the marks of a note make one.
 function markOf(style, { left, y, right }) {
   if (style.mark === null) return '';
   const width = right - left + 2 * overhang;
-  const box = `x="${left - overhang}" y="${y - distance / 2}" width="${width}" height="${distance}"`;
+  const height = distance + 2 * overlap;
+  const box = `x="${left - overhang}" y="${y - height / 2}" width="${width}" height="${height}"`;
   return `<g class="${style.mark}"><rect ${box}/></g>`;
 }
 

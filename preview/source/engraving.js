@@ -3,7 +3,7 @@
 import { withLedgerLines } from './dashes.js';
 import { InputError } from './errors.js';
 import { textWithIds, withIds } from './notes.js';
-import { rangeIn } from './numberrange.js';
+import { numbersIn, rangeIn } from './numberrange.js';
 import { partwise } from './partwise.js';
 import { selectPassage } from './passage.js';
 import { readStructure } from './structure.js';
@@ -28,8 +28,9 @@ export async function engrave(xml, { hidden = 'omit', measures = null, staves = 
   return pages.map((page) => withLedgerLines(page, styleOf));
 }
 
-// The pages with all ledger lines; the structure, whose notes have the identifiers that the pages name; and the numbers
-// of the staves that are shown.
+// The pages with all ledger lines, with the structure, whose notes have the identifiers that the pages name, and what is
+// shown: the range of `measures`, the numbers of the `staves`, and those of them that were not asked for, as
+// `otherStaves`.
 export async function engraveAll(xml, { measures, staves }) {
   const structure = withIds(readStructure(xml));
   if (structure.measures.length === 0) throw new InputError('the score has no measures');
@@ -39,8 +40,10 @@ export async function engraveAll(xml, { measures, staves }) {
   return withVerovio((toolkit) => {
     if (isPassage) toolkit.setOptions({ header: 'none', adjustPageWidth: true });
     load(toolkit, musicXmlFor(structure));
-    const shownStaves = isPassage ? selectPassage(toolkit, structure.measures, measureRange, staffRange) : null;
-    return { structure, pages: pagesOf(toolkit), shownStaves };
+    const wanted = numbersIn(staffRange);
+    const shown = isPassage ? selectPassage(toolkit, structure.measures, measureRange, wanted) : wanted;
+    const otherStaves = shown.filter((staff) => !wanted.includes(staff));
+    return { structure, pages: pagesOf(toolkit), shown: { measures: measureRange, staves: shown, otherStaves } };
   });
 }
 

@@ -48,7 +48,7 @@ export function withStaves(mei, shown) {
     close(tag) {
       const isEmptyGroup = tag.name === 'staffGrp' && !groups.pop().hasStaves;
       if (isEmptyGroup || (isOfOthers(tag, shown) && !ofAllStaves.has(tag.name))) {
-        edits.push({ start: tag.start, end: tag.closeEnd, text: '' });
+        edits.push({ start: tag.start, end: tag.close.end, text: '' });
       }
     },
   });

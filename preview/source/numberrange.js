@@ -33,3 +33,7 @@ export function rangeIn(count, range, what) {
   }
   return { first: range.first, last: Math.min(range.last ?? count, count) };
 }
+
+export function numbersIn({ first, last }) {
+  return Array.from({ length: last - first + 1 }, (_, index) => first + index);
+}

@@ -9,7 +9,7 @@ const maxDepth = 256;
 
 // Calls `open(tag)`, `close(tag)` and `text(text)` as far as the handlers have them, in document order. A tag has `name`,
 // `attributes`, `start` and `end` (of its start tag, as indices of the text), `line` and `column` of the start, from 1,
-// and `depth`, 1 for the root element.
+// `depth`, 1 for the root element, and once it is closed, `close`: `start`, `end`, `line` and `column` of its end tag.
 export function parseXml(xml, handlers) {
   const parser = new SaxesParser();
   const placeNow = () => ({ line: parser.line, column: Math.max(parser.column, 1) });
@@ -18,10 +18,7 @@ export function parseXml(xml, handlers) {
   });
   const open = [];
   parser.on('opentagstart', (tag) => {
-    tag.start = xml.lastIndexOf('<', parser.position - 1);
-    // The tag may go on in another line: this is still the one that its name is in.
-    tag.line = parser.line;
-    tag.column = parser.column - (parser.position - tag.start) + 1;
+    Object.assign(tag, placeOfTag(parser, xml));
   });
   parser.on('opentag', (tag) => {
     tag.end = parser.position;
@@ -33,7 +30,7 @@ export function parseXml(xml, handlers) {
   });
   parser.on('closetag', (tag) => {
     open.pop();
-    tag.closeEnd = parser.position;
+    tag.close = endTagOf(tag, parser, xml);
     handlers.close?.(tag);
   });
   if (handlers.text !== undefined) {
@@ -41,6 +38,17 @@ export function parseXml(xml, handlers) {
     parser.on('cdata', handlers.text);
   }
   parser.write(xml).close();
+}
+
+// The parser has read a tag's name, or all of an end tag, and not gone on to another line since.
+function placeOfTag(parser, xml) {
+  const start = xml.lastIndexOf('<', parser.position - 1);
+  return { start, line: parser.line, column: parser.column - (parser.position - start) + 1 };
+}
+
+function endTagOf(tag, parser, xml) {
+  if (tag.isSelfClosing) return { start: tag.end, end: tag.end, line: tag.line, column: tag.column };
+  return { ...placeOfTag(parser, xml), end: parser.position };
 }
 
 function reasonOf(error, position, xml) {

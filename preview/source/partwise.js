@@ -23,7 +23,7 @@ export function partwise(timewise) {
       const id = tag.attributes.id ?? '';
       const isFirst = !parts.has(id);
       if (isFirst) parts.set(id, { tag: openTag(timewise, tag), measures: [] });
-      parts.get(id).measures.push(measureTag, contentOf(timewise, tag), '</measure>');
+      parts.get(id).measures.push(measureTag, timewise.slice(tag.end, tag.close.start), '</measure>');
     },
   });
   const body = Array.from(parts.values(), (part) => [part.tag, ...part.measures, '</part>'].join(''));
@@ -33,8 +33,4 @@ export function partwise(timewise) {
 // The start tag, also of an element without an end tag.
 function openTag(xml, tag) {
   return xml.slice(tag.start, tag.end).replace(/\s*\/>$/, '>');
-}
-
-function contentOf(xml, tag) {
-  return tag.isSelfClosing ? '' : xml.slice(tag.end, xml.lastIndexOf('<', tag.closeEnd - 1));
 }

@@ -4,20 +4,16 @@ import { withCrossedStaves, withStaves } from './meistaves.js';
 import { parseXml } from './parsexml.js';
 import { load } from './verovio.js';
 
-// Selects what the pages are made of. `measures` are those of the score, with identifiers; the ranges are within the score.
-// Returns the numbers of the staves that are shown, as a set: those that share a voice with the wanted ones are, too.
-export function selectPassage(toolkit, measures, measureRange, staffRange) {
+// Selects what the pages are made of. `measures` are those of the score, with identifiers, and `range` which of them to
+// show. Returns the numbers of the staves that are shown: those that share a voice with the wanted ones are, too.
+export function selectPassage(toolkit, measures, range, wantedStaves) {
   const mei = toolkit.getMEI({ scoreBased: true });
-  const ids = engravedIn(mei, measures, measureRange);
-  const staves = withCrossedStaves(mei, numbersIn(staffRange), new Set(ids));
+  const ids = engravedIn(mei, measures, range);
+  const staves = withCrossedStaves(mei, wantedStaves, new Set(ids));
   load(toolkit, withStaves(mei, staves));
   toolkit.select({ start: ids[0], end: ids.at(-1) });
   toolkit.redoLayout();
-  return staves;
-}
-
-function numbersIn({ first, last }) {
-  return Array.from({ length: last - first + 1 }, (_, index) => first + index);
+  return Array.from(staves).sort((one, other) => one - other);
 }
 
 // The identifiers of the measures that are engraved for those in the range: several measures of rest are one.

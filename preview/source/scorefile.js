@@ -14,11 +14,11 @@ export async function readScore(path) {
   return inFile(path, async () => {
     const bytes = await readBytes(path);
     if (bytes.length === 0) throw new InputError('the file is empty');
-    return { name: nameOf(path), xml: decode(isArchive(bytes) ? await readArchivedScore(bytes) : bytes) };
+    return { name: nameOfScore(path), xml: decode(isArchive(bytes) ? await readArchivedScore(bytes) : bytes) };
   });
 }
 
-function nameOf(path) {
+export function nameOfScore(path) {
   return basename(path).replace(/(?<=.)\.(musicxml|xml|mxl)$/i, '');
 }
 
@@ -26,7 +26,7 @@ async function readBytes(path) {
   try {
     const status = await stat(path);
     if (status.isDirectory()) throw new InputError('is a folder, not a score');
-    if (!status.isFile()) throw new InputError('is a device or a pipe, not a file');
+    if (!status.isFile() && !status.isFIFO()) throw new InputError('is a device, not a score');
     if (status.size > maxScoreSize) throw new InputError(`is larger than ${maxScoreSize} bytes`);
     return await readFile(path);
   } catch (error) {

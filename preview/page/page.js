@@ -1,0 +1,161 @@
+// What the keys and buttons of the page do. Without it, the page shows the current version, and its links work.
+'use strict';
+
+(() => {
+  const root = document.documentElement;
+  const score = document.querySelector('.score');
+  const links = Array.from(document.querySelectorAll('.list a'));
+  const zoomOutput = document.querySelector('output');
+  const announcement = document.querySelector('[role="status"]');
+  const printed = document.querySelector('.printed');
+  const hasBefore = document.querySelector('[data-action="before"]') !== null;
+
+  const zoomFactor = 1.25;
+  const leastZoom = 1 / zoomFactor ** 5;
+  const greatestZoom = zoomFactor ** 8;
+  let zoom = 1;
+  let view = 'after';
+  let place = -1;
+
+  function setView(wanted) {
+    view = wanted;
+    root.classList.toggle('side-by-side', view === 'both');
+    for (const sheet of document.querySelectorAll('.sheet')) {
+      setVersion(sheet, view === 'both' ? 'after' : view);
+      setCopy(sheet, view === 'both');
+    }
+    for (const name of ['before', 'after', 'both']) press(name, view === name);
+    printed.textContent = `${printed.dataset.title}: ${view === 'before' ? 'before' : 'after'}`;
+    announce({ before: 'Before', after: 'After', both: 'Before and after, side by side' }[view]);
+  }
+
+  function setVersion(sheet, version) {
+    const shown = sheet.querySelector('.version:not(.copy)');
+    shown.dataset.version = version;
+    shown.querySelector('figcaption').textContent = version === 'before' ? 'Before' : 'After';
+  }
+
+  // The copy is of the version before, to the left. Links lead to the original, which has the identifiers alone.
+  function setCopy(sheet, isWanted) {
+    sheet.querySelector('.copy')?.remove();
+    if (!isWanted) return;
+    const copy = sheet.querySelector('.version').cloneNode(true);
+    copy.classList.add('copy');
+    copy.dataset.version = 'before';
+    copy.querySelector('figcaption').textContent = 'Before';
+    for (const target of copy.querySelectorAll('g[data-class="staff"][id]')) target.removeAttribute('id');
+    sheet.prepend(copy);
+  }
+
+  function toggleVersion() {
+    setView(view === 'after' ? 'before' : 'after');
+  }
+
+  function toggleBoth() {
+    setView(view === 'both' ? 'after' : 'both');
+  }
+
+  function toggleMarks() {
+    const areHidden = root.classList.toggle('without-marks');
+    press('marks', !areHidden);
+    announce(areHidden ? 'Without marks' : 'With marks');
+  }
+
+  // What is in the middle stays there.
+  function setZoom(wanted) {
+    const scale = Math.min(Math.max(wanted, leastZoom), greatestZoom) / zoom;
+    const across = (score.scrollLeft + score.clientWidth / 2) * scale - score.clientWidth / 2;
+    const down = (score.scrollTop + score.clientHeight / 2) * scale - score.clientHeight / 2;
+    zoom *= scale;
+    root.style.setProperty('--zoom', zoom);
+    score.scrollTo(across, down);
+    zoomOutput.textContent = `${Math.round(zoom * 100)}%`;
+  }
+
+  function step(by) {
+    if (links.length === 0) return;
+    const from = place < 0 && by < 0 ? 0 : place;
+    links[(from + by + links.length) % links.length].click();
+  }
+
+  function showPlace(link) {
+    place = links.indexOf(link);
+    for (const other of links) other.removeAttribute('aria-current');
+    const target = document.getElementById(link.hash.slice(1));
+    frame(target);
+    link.setAttribute('aria-current', 'true');
+    link.scrollIntoView({ block: 'nearest' });
+    target.scrollIntoView({ block: 'center', inline: 'center' });
+    announce(`${link.parentElement.textContent.trim()} (${place + 1} of ${links.length})`);
+  }
+
+  function frame(target) {
+    document.querySelector('.here')?.remove();
+    const { x, y, width, height } = target.getBBox();
+    const rectangle = document.createElementNS('http://www.w3.org/2000/svg', 'rect');
+    const edge = 90;
+    rectangle.setAttribute('class', 'here');
+    rectangle.setAttribute('x', x - edge);
+    rectangle.setAttribute('y', y - edge);
+    rectangle.setAttribute('width', width + 2 * edge);
+    rectangle.setAttribute('height', height + 2 * edge);
+    target.append(rectangle);
+  }
+
+  function press(name, isPressed) {
+    document.querySelector(`[data-action="${name}"]`)?.setAttribute('aria-pressed', String(isPressed));
+  }
+
+  function announce(text) {
+    announcement.textContent = text;
+  }
+
+  const ofTwo = {
+    before: () => setView('before'),
+    after: () => setView('after'),
+    both: toggleBoth,
+    marks: toggleMarks,
+  };
+  const actions = {
+    larger: () => setZoom(zoom * zoomFactor),
+    smaller: () => setZoom(zoom / zoomFactor),
+    usual: () => setZoom(1),
+    next: () => step(1),
+    previous: () => step(-1),
+    ...(hasBefore ? ofTwo : {}),
+  };
+  const keys = {
+    '+': actions.larger,
+    '=': actions.larger,
+    '-': actions.smaller,
+    0: actions.usual,
+    n: actions.next,
+    p: actions.previous,
+    ...(hasBefore ? { b: toggleVersion, s: toggleBoth, m: toggleMarks } : {}),
+  };
+
+  document.addEventListener('click', (event) => {
+    const button = event.target.closest('[data-action]');
+    if (button !== null) return actions[button.dataset.action]();
+    const anchor = event.target.closest('.map a, .list a');
+    if (anchor === null) return;
+    const hash = anchor.getAttribute('href');
+    const link = links.find((other) => other.getAttribute('href') === hash);
+    event.preventDefault();
+    history.replaceState(null, '', hash);
+    showPlace(link);
+  });
+
+  document.addEventListener('keydown', (event) => {
+    if (event.ctrlKey || event.altKey || event.metaKey) return;
+    const action = keys[event.key.toLowerCase()];
+    if (action === undefined) return;
+    event.preventDefault();
+    action();
+  });
+
+  root.classList.add('scripted');
+  score.focus({ preventScroll: true });
+  const first = links.find((link) => link.getAttribute('href') === location.hash);
+  if (first !== undefined) showPlace(first);
+})();

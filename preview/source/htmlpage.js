@@ -1,0 +1,149 @@
+// One page of HTML with all pages of an engraving. It stands by itself.
+
+import { createHash } from 'node:crypto';
+import { readFile } from 'node:fs/promises';
+
+import { escaped } from './escape.js';
+import { described, mapOf, placeName } from './map.js';
+import { measureNames, staffNames } from './staffnames.js';
+import { changesOf, counted, summaryOf } from './summary.js';
+import { anchorOf, withAnchors } from './anchors.js';
+
+const folder = new URL('../page/', import.meta.url);
+
+// `pages` have the lines of both versions where `hasBefore` is true; `survey` is of them, `structure` of the score, and
+// `shown` has the measures and staves that are engraved. `ghosts` and `marks` are what the page shows to begin with.
+export async function htmlPage({ title, pages, survey, structure, shown, hasBefore, ghosts, marks }) {
+  const style = await readFile(new URL('page.css', folder), 'utf8');
+  const script = await readFile(new URL('page.js', folder), 'utf8');
+  const names = { staves: staffNames(structure), measures: measureNames(structure) };
+  const places = hasBefore ? survey.places.filter(differs) : survey.places;
+  const classes = [ghosts ? 'ghosts' : '', marks ? '' : 'without-marks'].filter(Boolean).join(' ');
+  return [
+    '<!DOCTYPE html>',
+    `<html lang="en" class="${classes}">`,
+    '<head>',
+    '<meta charset="utf-8">',
+    `<meta http-equiv="Content-Security-Policy" content="${policyFor(script)}">`,
+    '<meta name="viewport" content="width=device-width, initial-scale=1">',
+    `<title>${escaped(title)}: ledger lines${hasBefore ? ' before and after' : ''}</title>`,
+    `<style>\n${style}</style>`,
+    '</head>',
+    '<body>',
+    barOf(title, survey, places, { hasBefore, marks }),
+    overviewOf(survey, names, shown, hasBefore),
+    '<div class="body">',
+    listOf(places, names, hasBefore),
+    '<main class="score" aria-label="Score" tabindex="0">',
+    ...withAnchors(pages, structure.measures, survey.places).map(sheetOf),
+    '</main>',
+    '</div>',
+    `<p class="printed" data-title="${escaped(title)}">${escaped(title)}${hasBefore ? ': after' : ''}</p>`,
+    `<script>${script}</script>`,
+    '</body>',
+    '</html>',
+    '',
+  ].join('\n');
+}
+
+// Nothing is fetched, and no script runs but the page's own, whatever is in a score.
+function policyFor(script) {
+  const hash = createHash('sha256').update(script).digest('base64');
+  return `default-src 'none'; style-src 'unsafe-inline'; font-src data:; script-src 'sha256-${hash}'`;
+}
+
+function differs({ gone, come }) {
+  return gone + come > 0;
+}
+
+function barOf(title, survey, places, { hasBefore, marks }) {
+  const changed = `${changesOf(survey)}${places.length === 0 ? '' : ` in ${counted(places.length, 'place')}`}`;
+  return [
+    '<header class="bar">',
+    `<h1>${escaped(title)}</h1>`,
+    `<p class="summary">${hasBefore ? changed : summaryOf(survey)}</p>`,
+    '<div class="controls">',
+    ...(hasBefore ? versionControls(marks) : []),
+    '<div role="group" aria-label="Zoom">',
+    '<button type="button" data-action="smaller" aria-label="Smaller">−</button>',
+    '<output aria-label="Zoom">100%</output>',
+    '<button type="button" data-action="larger" aria-label="Larger">+</button>',
+    '<button type="button" data-action="usual">Usual size</button>',
+    '</div>',
+    ...(places.length === 0 ? [] : stepControls(hasBefore ? 'difference' : 'place')),
+    '</div>',
+    helpOf(hasBefore, places.length > 0),
+    '<p class="unseen" role="status"></p>',
+    '</header>',
+  ].join('\n');
+}
+
+function versionControls(marks) {
+  return [
+    '<div role="group" aria-label="Version">',
+    '<button type="button" data-action="before" aria-pressed="false">Before</button>',
+    '<button type="button" data-action="after" aria-pressed="true">After</button>',
+    '<button type="button" data-action="both" aria-pressed="false">Side by side</button>',
+    '</div>',
+    '<div role="group" aria-label="Differences">',
+    `<button type="button" data-action="marks" aria-pressed="${marks}">Marks</button>`,
+    '</div>',
+  ];
+}
+
+function stepControls(what) {
+  return [
+    '<div role="group" aria-label="Places">',
+    `<button type="button" data-action="previous">Previous ${what}</button>`,
+    `<button type="button" data-action="next">Next ${what}</button>`,
+    '</div>',
+  ];
+}
+
+function helpOf(hasBefore, hasPlaces) {
+  const help = [
+    ...(hasBefore ? [[['B'], 'before or after'], [['S'], 'side by side'], [['M'], 'marks']] : []),
+    [['+', '−', '0'], 'larger, smaller, usual size'],
+    ...(hasPlaces ? [[['N', 'P'], hasBefore ? 'next, previous difference' : 'next, previous place']] : []),
+  ];
+  const shown = help.map(([keys, text]) => `<span>${keys.map((key) => `<kbd>${key}</kbd>`).join(' ')} ${text}</span>`);
+  return `<p class="help">${shown.join('')}</p>`;
+}
+
+function overviewOf(survey, names, shown, hasBefore) {
+  if (survey.places.length === 0) return '';
+  return [
+    '<section class="map" aria-labelledby="map">',
+    `<h2 id="map">Where ledger lines ${hasBefore ? 'differ' : 'are hidden'}</h2>`,
+    mapOf(survey.places, names, shown, hasBefore),
+    '</section>',
+  ].join('\n');
+}
+
+function listOf(places, names, hasBefore) {
+  if (places.length === 0) return '';
+  const items = places.map((place) => {
+    const name = escaped(placeName(place, names));
+    return `<li><a href="#${anchorOf(place)}">${name}</a> <span>${described([place], hasBefore)}</span></li>`;
+  });
+  return [
+    '<nav class="list" aria-labelledby="list">',
+    `<h2 id="list">${counted(places.length, hasBefore ? 'difference' : 'place')}</h2>`,
+    '<ol>',
+    ...items,
+    '</ol>',
+    '</nav>',
+  ].join('\n');
+}
+
+function sheetOf(page) {
+  const [, width] = /^<svg viewBox="0 0 (\d+)/.exec(page);
+  return [
+    `<div class="sheet" style="--units: ${width}">`,
+    '<figure class="version" data-version="after">',
+    '<figcaption>After</figcaption>',
+    page,
+    '</figure>',
+    '</div>',
+  ].join('\n');
+}

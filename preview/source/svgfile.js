@@ -1,0 +1,51 @@
+// Pages as SVG files, which stand by themselves.
+
+const style = '<style>.ghost {color: #b8b2a8;} .mark {color: #ffd58a; fill: currentColor;}</style>';
+
+// In the units of a page.
+const millimetre = 10;
+const captionSize = 40;
+const captionHeight = 80;
+const gap = 60;
+
+export function svgFile(page) {
+  const size = sizeOf(page);
+  return fileOf(size, nested(page, size, { x: 0, y: 0 }));
+}
+
+// Both versions of a page under captions: one above the other where a page is wider than high, else side by side.
+export function svgFileOfTwo(before, after) {
+  const size = sizeOf(after);
+  const panel = { width: size.width, height: captionHeight + size.height };
+  const isWide = size.width > size.height;
+  const second = isWide ? { x: 0, y: panel.height + gap } : { x: panel.width + gap, y: 0 };
+  const whole = { width: second.x + panel.width, height: second.y + panel.height };
+  const panels = captioned('Before', before, size, { x: 0, y: 0 }) + captioned('After', withOtherIds(after), size, second);
+  return fileOf(whole, panels);
+}
+
+function captioned(caption, page, size, { x, y }) {
+  const text = `<text x="${x + captionSize}" y="${y + captionHeight - 20}" font-family="sans-serif" font-size="${captionSize}">${caption}</text>`;
+  return text + nested(page, size, { x, y: y + captionHeight });
+}
+
+function sizeOf(page) {
+  const [, width, height] = /^<svg viewBox="0 0 (\d+) (\d+)"/.exec(page);
+  return { width: Number(width), height: Number(height) };
+}
+
+function nested(page, { width, height }, { x, y }) {
+  return page.replace('<svg ', `<svg x="${x}" y="${y}" width="${width}" height="${height}" `);
+}
+
+// All identifiers in a page end with that of its root element.
+function withOtherIds(page) {
+  const [, id] = /^<svg [^>]*\bid="([^"]*)"/.exec(page);
+  return page.replaceAll(id, `${id}-after`);
+}
+
+function fileOf({ width, height }, content) {
+  const size = `width="${width / millimetre}mm" height="${height / millimetre}mm" viewBox="0 0 ${width} ${height}"`;
+  const ground = `<rect width="${width}" height="${height}" fill="#ffffff"/>`;
+  return `<?xml version="1.0" encoding="UTF-8"?>\n<svg xmlns="http://www.w3.org/2000/svg" ${size}>${style}${ground}${content}</svg>\n`;
+}
