@@ -6,5 +6,5 @@ cd "$(dirname "$0")/.."
 if [ -e .git ] && command -v git >/dev/null; then
   git ls-files -z
 else
-  find . \( -path ./.git -o -path ./build -o -path ./dist \) -prune -o ! -type d -printf '%P\0'
+  find . \( -path ./.git -o -path ./build -o -path ./dist -o -path ./preview/node_modules \) -prune -o ! -type d -printf '%P\0'
 fi | LC_ALL=C sort -z

@@ -25,6 +25,15 @@ build_and_test() {
   "${run[@]}" ctest --preset "$preset" -j "$(nproc)"
 }
 
+# Runs a command, whose status 77 is that tests have to be skipped: those of $1.
+if_it_can_be_had() {
+  local what=$1 status=0
+  shift
+  "$@" || status=$?
+  [ "$status" -ne 77 ] || { echo "The tests of $what are skipped."; return 0; }
+  return "$status"
+}
+
 echo "== format"
 scripts/check-format.sh
 
@@ -32,13 +41,10 @@ echo "== tidy"
 scripts/check-tidy.sh
 
 echo "== macos"
-status=0
-scripts/build-macos.sh -DBRV_WERROR=ON || status=$?
-case $status in
-  0) ;;
-  77) echo "The tests of the bundle for macOS are skipped." ;;
-  *) exit "$status" ;;
-esac
+if_it_can_be_had "the bundle for macOS" scripts/build-macos.sh -DBRV_WERROR=ON
+
+echo "== preview"
+if_it_can_be_had brvhost-preview scripts/install-preview.sh
 
 build_and_test clang --target bridge-tests
 build_and_test tsan

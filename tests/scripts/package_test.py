@@ -53,7 +53,7 @@ class SourceArchive(unittest.TestCase):
         self.assertEqual(len({member.mtime for member in self.members}), 1)
 
     def test_is_the_same_when_made_from_what_was_unpacked_and_built_in(self):
-        for name in ("build/release", "dist"):
+        for name in ("build/release", "dist", "preview/node_modules"):
             (self.tree / name).mkdir(parents=True)
             (self.tree / name / "made").touch()
         again = make_part(self.tree, "source", self.folder / "again")
