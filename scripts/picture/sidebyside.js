@@ -1,0 +1,46 @@
+// Prints one SVG with the first two measures of two versions of a score next to each other.
+//
+//   node scripts/picture/sidebyside.js BEFORE AFTER
+import { engrave } from '../../preview/source/engraving.js';
+import { readScore } from '../../preview/source/scorefile.js';
+
+const CAPTIONS = ['As written', 'With the ledger lines of the right hand hidden'];
+const PASSAGE = { first: 1, last: 2 };
+const CAPTION_HEIGHT = 90;
+const GAP = 80;  // between the two, and around them
+const SCALE = 0.4;
+
+// A page of Verovio's: what is before the music (glyphs and style, which the music finds by the page's identifier), and
+// the music.
+function read(page) {
+  const [, attributes, head, music] = page.match(/^<svg([^>]*)>(.*<\/style>)(.*)<\/svg>$/s);
+  const attribute = (name) => attributes.match(new RegExp(`\\s${name}="([^"]*)"`))[1];
+  const [, , width, height] = attribute('viewBox').split(' ').map(Number);
+  // Names of notes and elements are for programs.
+  return { id: attribute('id'), head, width, height, music: music.replace(/ data-[\w-]+="[^"]*"/g, '') };
+}
+
+async function pictureOf(path) {
+  const { xml } = await readScore(path);
+  const [page] = await engrave(xml, { measures: PASSAGE });
+  return read(page);
+}
+
+const pictures = await Promise.all(process.argv.slice(2).map(pictureOf));
+const [{ id, head, width, height }] = pictures;
+if (pictures.some((picture) => picture.id !== id || picture.head !== head)) {
+  throw new Error('the two versions are engraved with other glyphs');
+}
+const whole = { width: 2 * width + 3 * GAP, height: height + CAPTION_HEIGHT };
+const left = (index) => GAP + index * (width + GAP);
+const caption = (text, index) => `<text x="${left(index)}" y="${GAP}">${text}</text>`;
+const music = (picture, index) => `<svg x="${left(index)}" y="${CAPTION_HEIGHT}" width="${width}" height="${height}"`
+  + ` viewBox="0 0 ${width} ${height}">${picture.music}</svg>`;
+const inPixels = (length) => Math.round(length * SCALE);
+
+process.stdout.write('<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http://www.w3.org/1999/xlink" role="img"'
+  + ` width="${inPixels(whole.width)}" height="${inPixels(whole.height)}" viewBox="0 0 ${whole.width} ${whole.height}">`
+  + `<title>Two measures of piano music: ${CAPTIONS.join('; ')}</title>`
+  + `<rect width="${whole.width}" height="${whole.height}" rx="${GAP / 4}" fill="white"/>`
+  + `<g color="black" font-family="sans-serif" font-size="36">${CAPTIONS.map(caption).join('')}<g id="${id}">${head}`
+  + `${pictures.map(music).join('')}</g></g></svg>\n`);
