@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds the extension and the headless host, hides the ledger lines in a region of a piano piece,
-# shows what changed, and shows them again. The new scores are left in build/demo/.
+# shows what changed, shows them again, and makes a page with the piece before and after. What is made is left in build/demo/.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -31,3 +31,15 @@ echo "... $changed lines differ in all"
 show "$brvhost" run "$bundle" --item show --all build/demo/hidden.musicxml -o build/demo/shown.musicxml
 cmp "$score" build/demo/shown.musicxml
 echo "build/demo/shown.musicxml is $score again, byte for byte."
+
+status=0
+scripts/install-preview.sh || status=$?
+case $status in
+  0)
+    page=build/demo/piano.html
+    show preview/bin/brvhost-preview.js build/demo/hidden.musicxml --before "$score" -o "$page"
+    echo "To see the piece before and after, open $PWD/$page in a browser."
+    ;;
+  77) echo "There is no page that shows the piece before and after: what draws it cannot be installed." ;;
+  *) exit "$status" ;;
+esac
