@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, and makes a release: the source archive, the bundle for macOS and Linux, the Debian packages for both
-# processors, and SHA256SUMS over them. The same sources give the same bytes. What this machine cannot make is named on the
+# processors and that of brvhost-preview, and SHA256SUMS over them. The same sources give the same bytes. What this machine cannot make is named on the
 # standard error; the rest is made then, but is no release: there is no SHA256SUMS, and the exit status is 77.
 #
 #   scripts/package.sh [FOLDER]   puts the files there instead of in dist/
@@ -32,6 +32,7 @@ make scripts/package/source.sh "$folder"
 make scripts/package/bundle.sh "$folder"
 make scripts/package/debs.sh "$folder" amd64
 make scripts/package/debs.sh "$folder" arm64
+make scripts/package/preview.sh "$folder"
 
 printf '%s\n' "${made[@]}"
 if [ "$whole" = false ]; then

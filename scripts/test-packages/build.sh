@@ -7,19 +7,23 @@ set -euo pipefail
 folder=$1
 cd "$(dirname "$0")/../.."
 
-# Builds in folders of other names must give the same bytes.
+# Builds all that is for this processor. Another build, in folders of other names, must give the same bytes.
+build() {
+  scripts/package/debs.sh "$1" "$(dpkg --print-architecture)"
+  scripts/package/preview.sh "$1"
+}
 build_twice() {
   local again
   again=$(mktemp -d)
-  scripts/package/debs.sh "$folder" "$1"
-  scripts/package/debs.sh "$again" "$1" >/dev/null
+  build "$folder"
+  build "$again" >/dev/null
   diff -r "$folder" "$again"
 }
 
 apt-get update -q
-apt-get install -q -y --no-install-recommends dpkg-dev lintian
+apt-get install -q -y --no-install-recommends dpkg-dev lintian npm
 apt-get build-dep -q -y --no-install-recommends ./
-build_twice "$(dpkg --print-architecture)"
+build_twice
 
 dpkg --add-architecture arm64
 apt-get update -q

@@ -10,7 +10,9 @@ cd "$(dirname "$0")/../.."
 . scripts/test-packages/sample.sh
 
 processor=$(dpkg --print-architecture)
-names=(brvhost libbrvedk-dev libbrvplatform1)
+packages=("$folder"/*_{"$processor",all}.deb)
+names=("${packages[@]##*/}")
+names=("${names[@]%%_*}")
 work=$(mktemp -d)
 
 install() { apt-get install -q -y --no-install-recommends "$@"; }
@@ -23,13 +25,22 @@ files_of_the_system() {
 
 # The packages as those of an earlier version, with a file that the later one has no more.
 make_earlier() {
-  local name
-  for name in "${names[@]}"; do
-    dpkg-deb --raw-extract "$folder/${name}_"*"_$processor.deb" "$work/$name"
+  local package name
+  for package in "${packages[@]}"; do
+    name=${package##*/}
+    name=${name%%_*}
+    dpkg-deb --raw-extract "$package" "$work/$name"
     sed -i "/^\(Version\|Depends\):/s/$version/0.9.0/g" "$work/$name/DEBIAN/control"
     touch "$work/$name/usr/share/doc/$name/earlier"
     dpkg-deb --root-owner-group --build "$work/$name" "$work" >/dev/null
   done
+}
+
+# The page that shows what run_sample has hidden, and whether there are ledger lines in it.
+show_sample() {
+  local work=$1
+  brvhost-preview "$work/hidden.musicxml" --before samples/piano.musicxml -o "$work/sample.html"
+  grep -q lineDash "$work/sample.html"
 }
 
 complete_in_bash() {
@@ -45,10 +56,10 @@ files_of_the_system >"$work/before"
 make_earlier
 
 install "$work"/*.deb
-[ "$(dpkg-query -W -f '${Version}\n' "${names[@]}" | sort -u | wc -l)" -eq 1 ]
+[ "$(dpkg-query -W -f '${Version}\n' "${names[@]}" | grep -c '^0\.9\.0')" -eq "${#names[@]}" ]
 ls /usr/share/doc/*/earlier
 run_sample "$work" brvhost
-install "$folder"/*"_$processor.deb"
+install "${packages[@]}"
 if ls /usr/share/doc/*/earlier 2>/dev/null; then
   echo "test-packages: files of the earlier version are left" >&2
   exit 1
@@ -57,10 +68,13 @@ run_sample "$work" brvhost
 
 man brvhost | grep -F "$bundle"
 [ "$(brvhost --version)" = "brvhost $version" ]
+show_sample "$work"
+man brvhost-preview | grep -F -- --before
+brvhost-preview --version | grep -F "brvhost-preview $version"
 complete_in_bash
 zsh -fc 'autoload -U compinit; compinit -D; [ "$_comps[brvhost]" = _brvhost ]'
 
-apt-get remove -q -y brvhost
+apt-get remove -q -y brvhost brvhost-preview
 apt-get purge -q -y libbrvedk-dev libbrvplatform1
 apt-get autoremove -q -y --purge
 files_of_the_system >"$work/after"

@@ -86,7 +86,7 @@ class Release(unittest.TestCase):
             shutil.copy(SOURCE / "scripts/package.sh", tree / "scripts")
             for part in ("install-dependencies", "install-arm64"):
                 write_script(tree / f"scripts/{part}.sh", "exit 1")
-            for part in ("source", "bundle", "debs"):
+            for part in ("source", "bundle", "debs", "preview"):
                 status = statuses.get(part, 0)
                 write_script(tree / f"scripts/package/{part}.sh", f"echo 'package: no {part}' >&2; exit {status}" if status else
                              f'file="$1/{part}$2"; echo {part} >"$file"; echo "$file"')
@@ -100,16 +100,16 @@ class Release(unittest.TestCase):
     def test_has_checksums_of_all_parts(self):
         process, files, checked = self.package()
         self.assertEqual((process.returncode, process.stderr), (0, ""))
-        self.assertEqual(files, ["SHA256SUMS", "bundle", "debsamd64", "debsarm64", "source"])
+        self.assertEqual(files, ["SHA256SUMS", "bundle", "debsamd64", "debsarm64", "preview", "source"])
         self.assertEqual([line.rsplit("/", 1)[-1] for line in process.stdout.splitlines()],
-                         ["source", "bundle", "debsamd64", "debsarm64", "SHA256SUMS"])
+                         ["source", "bundle", "debsamd64", "debsarm64", "preview", "SHA256SUMS"])
         self.assertTrue(checked)
 
     def test_without_one_part_is_none(self):
         process, files, _ = self.package(bundle=77)
         self.assertEqual(process.returncode, 77)
         self.assertEqual(process.stderr, "package: no bundle\npackage: this is no release: parts of it cannot be made here\n")
-        self.assertEqual(files, ["debsamd64", "debsarm64", "source"])
+        self.assertEqual(files, ["debsamd64", "debsarm64", "preview", "source"])
 
     def test_ends_with_the_first_part_that_fails(self):
         process, files, _ = self.package(bundle=3)

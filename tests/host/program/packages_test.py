@@ -1,6 +1,7 @@
 """The Debian packages: what debian/ lists is what is installed, and it agrees with the library and the version."""
 
 import fnmatch
+import json
 import pathlib
 import platform
 import re
@@ -81,6 +82,8 @@ class Version(unittest.TestCase):
         self.assertEqual(brvhost("--version").stdout, f"brvhost {version}\n")
         title, *_ = (BUILD / "share/man/man1/brvhost.1").read_text().splitlines()
         self.assertEqual(title, f'.TH BRVHOST 1 "" "brvhost {version}" "User commands"')
+        for name in ("package.json", "package-lock.json"):
+            self.assertEqual(json.loads((SOURCE / "preview" / name).read_text())["version"], version)
 
     @unittest.skipUnless(IS_DEBIAN and pathlib.Path("/usr/share/dpkg/pkg-info.mk").exists(), "no release of Debian with dpkg-dev")
     def test_grows_with_the_release_of_debian_and_with_each_version(self):
