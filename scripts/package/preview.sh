@@ -34,7 +34,7 @@ ln -s ../share/brvhost-preview/bin/brvhost-preview.js "$staging/usr/bin/brvhost-
 
 cp scripts/package/preview/copyright "$documents"
 gzip -9n <debian/changelog >"$documents/changelog.gz"
-node scripts/package/preview/manual.js | gzip -9n >"$manual/brvhost-preview.1.gz"
+node scripts/package/preview/manual.mjs | gzip -9n >"$manual/brvhost-preview.1.gz"
 
 chmod 755 "$staging"
 find "$staging/usr" -type f -exec chmod 644 {} +

@@ -1,6 +1,6 @@
 // Prints one SVG with the first two measures of two versions of a score next to each other.
 //
-//   node scripts/picture/sidebyside.js BEFORE AFTER
+//   node scripts/picture/sidebyside.mjs BEFORE AFTER
 import { engrave } from '../../preview/source/engraving.js';
 import { readScore } from '../../preview/source/scorefile.js';
 

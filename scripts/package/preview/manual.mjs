@@ -1,6 +1,6 @@
 // Prints the manual page of brvhost-preview, which follows from its help.
 //
-//   node scripts/package/preview/manual.js
+//   node scripts/package/preview/manual.mjs
 import { readFileSync } from 'node:fs';
 
 import { help } from '../../../preview/source/help.js';
