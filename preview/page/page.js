@@ -19,14 +19,14 @@
 
   function setView(wanted) {
     view = wanted;
-    root.classList.toggle('side-by-side', view === 'both');
+    root.classList.toggle('both', view === 'both');
     for (const sheet of document.querySelectorAll('.sheet')) {
       setVersion(sheet, view === 'both' ? 'after' : view);
       setCopy(sheet, view === 'both');
     }
     for (const name of ['before', 'after', 'both']) press(name, view === name);
     printed.textContent = `${printed.dataset.title}: ${view === 'before' ? 'before' : 'after'}`;
-    announce({ before: 'Before', after: 'After', both: 'Before and after, side by side' }[view]);
+    announce({ before: 'Before', after: 'After', both: 'Before and after' }[view]);
   }
 
   function setVersion(sheet, version) {
@@ -35,7 +35,7 @@
     shown.querySelector('figcaption').textContent = version === 'before' ? 'Before' : 'After';
   }
 
-  // The copy is of the version before, to the left. Links lead to the original, which has the identifiers alone.
+  // The copy is of the version before, and comes first. Links lead to the original, which has the identifiers alone.
   function setCopy(sheet, isWanted) {
     sheet.querySelector('.copy')?.remove();
     if (!isWanted) return;
@@ -85,8 +85,22 @@
     frame(target);
     link.setAttribute('aria-current', 'true');
     link.scrollIntoView({ block: 'nearest' });
-    target.scrollIntoView({ block: 'center', inline: 'center' });
+    bringToMiddle(target);
     announce(`${link.parentElement.textContent.trim()} (${place + 1} of ${links.length})`);
+  }
+
+  // Browsers differ in where they scroll to for a part of a picture.
+  function bringToMiddle(target) {
+    const place = target.getBoundingClientRect();
+    const room = score.getBoundingClientRect();
+    score.scrollBy(centre(place.left, place.right) - centre(room.left, room.right), 0);
+    const scrolls = score.scrollHeight > score.clientHeight;
+    const [top, bottom] = scrolls ? [room.top, room.bottom] : [0, window.innerHeight];
+    (scrolls ? score : window).scrollBy(0, centre(place.top, place.bottom) - centre(top, bottom));
+  }
+
+  function centre(start, end) {
+    return (start + end) / 2;
   }
 
   function frame(target) {
@@ -131,7 +145,7 @@
     0: actions.usual,
     n: actions.next,
     p: actions.previous,
-    ...(hasBefore ? { b: toggleVersion, s: toggleBoth, m: toggleMarks } : {}),
+    ...(hasBefore ? { b: toggleVersion, 2: toggleBoth, m: toggleMarks } : {}),
   };
 
   document.addEventListener('click', (event) => {
@@ -155,7 +169,7 @@
   });
 
   root.classList.add('scripted');
-  score.focus({ preventScroll: true });
+  score.focus({ preventScroll: true, focusVisible: false });
   const first = links.find((link) => link.getAttribute('href') === location.hash);
   if (first !== undefined) showPlace(first);
 })();

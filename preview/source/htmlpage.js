@@ -6,6 +6,7 @@ import { readFile } from 'node:fs/promises';
 import { escaped } from './escape.js';
 import { described, mapOf, placeName } from './map.js';
 import { measureNames, staffNames } from './staffnames.js';
+import { sizeOf } from './pagesize.js';
 import { changesOf, counted, summaryOf } from './summary.js';
 import { anchorOf, withAnchors } from './anchors.js';
 
@@ -83,7 +84,7 @@ function versionControls(marks) {
     '<div role="group" aria-label="Version">',
     '<button type="button" data-action="before" aria-pressed="false">Before</button>',
     '<button type="button" data-action="after" aria-pressed="true">After</button>',
-    '<button type="button" data-action="both" aria-pressed="false">Side by side</button>',
+    '<button type="button" data-action="both" aria-pressed="false">Both</button>',
     '</div>',
     '<div role="group" aria-label="Differences">',
     `<button type="button" data-action="marks" aria-pressed="${marks}">Marks</button>`,
@@ -102,12 +103,12 @@ function stepControls(what) {
 
 function helpOf(hasBefore, hasPlaces) {
   const help = [
-    ...(hasBefore ? [[['B'], 'before or after'], [['S'], 'side by side'], [['M'], 'marks']] : []),
+    ...(hasBefore ? [[['B'], 'before or after'], [['2'], 'both'], [['M'], 'marks']] : []),
     [['+', '−', '0'], 'larger, smaller, usual size'],
     ...(hasPlaces ? [[['N', 'P'], hasBefore ? 'next, previous difference' : 'next, previous place']] : []),
   ];
   const shown = help.map(([keys, text]) => `<span>${keys.map((key) => `<kbd>${key}</kbd>`).join(' ')} ${text}</span>`);
-  return `<p class="help">${shown.join('')}</p>`;
+  return `<p class="help">${shown.join(' ')}</p>`;
 }
 
 function overviewOf(survey, names, shown, hasBefore) {
@@ -137,9 +138,9 @@ function listOf(places, names, hasBefore) {
 }
 
 function sheetOf(page) {
-  const [, width] = /^<svg viewBox="0 0 (\d+)/.exec(page);
+  const { width, height } = sizeOf(page);
   return [
-    `<div class="sheet" style="--units: ${width}">`,
+    `<div class="sheet${width > height ? ' wide' : ''}" style="--units: ${width}">`,
     '<figure class="version" data-version="after">',
     '<figcaption>After</figcaption>',
     page,

@@ -1,5 +1,7 @@
 // Pages as SVG files, which stand by themselves.
 
+import { sizeOf } from './pagesize.js';
+
 const style = '<style>.ghost {color: #b8b2a8;} .mark {color: #ffd58a; fill: currentColor;}</style>';
 
 // In the units of a page.
@@ -27,11 +29,6 @@ export function svgFileOfTwo(before, after) {
 function captioned(caption, page, size, { x, y }) {
   const text = `<text x="${x + captionSize}" y="${y + captionHeight - 20}" font-family="sans-serif" font-size="${captionSize}">${caption}</text>`;
   return text + nested(page, size, { x, y: y + captionHeight });
-}
-
-function sizeOf(page) {
-  const [, width, height] = /^<svg viewBox="0 0 (\d+) (\d+)"/.exec(page);
-  return { width: Number(width), height: Number(height) };
 }
 
 function nested(page, { width, height }, { x, y }) {
