@@ -2,6 +2,7 @@
 
 import yauzl from 'yauzl';
 
+import { checksumOf } from './checksum.js';
 import { decode } from './decode.js';
 import { InputError, inFile } from './errors.js';
 import { maxScoreSize } from './limits.js';
@@ -45,7 +46,9 @@ async function readMember(archive, members, name, maxSize) {
   const stream = await orBroken(archive.openReadStreamPromise(entry));
   const pieces = [];
   for await (const piece of readable(stream)) pieces.push(piece);
-  return Buffer.concat(pieces);
+  const content = Buffer.concat(pieces);
+  if (checksumOf(content) !== entry.crc32) throw broken(`${excerpt(name)}: its checksum does not match`);
+  return content;
 }
 
 // A path in an archive starts at its top, whether or not it begins so.
@@ -57,7 +60,7 @@ async function orBroken(promise) {
   try {
     return await promise;
   } catch (error) {
-    throw new InputError(`not a readable .mxl archive: ${excerpt(error.message)}`);
+    throw broken(error.message.split('. ')[0]);
   }
 }
 
@@ -65,6 +68,10 @@ async function* readable(source) {
   try {
     yield* source;
   } catch (error) {
-    throw new InputError(`not a readable .mxl archive: ${excerpt(error.message)}`);
+    throw broken(error.message.split('. ')[0]);
   }
+}
+
+function broken(reason) {
+  return new InputError(`not a readable .mxl archive: ${excerpt(reason)}`);
 }

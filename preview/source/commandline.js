@@ -5,6 +5,7 @@ import { parseArgs } from 'node:util';
 
 import { UsageError } from './errors.js';
 import { parseRange } from './numberrange.js';
+import { isNamedAsScore } from './scorefile.js';
 
 const options = {
   output: { type: 'string', short: 'o' },
@@ -59,6 +60,9 @@ function checkTogether(values, scores) {
   if (scores.length > 1 && values['out-dir'] === undefined) throw new UsageError('several scores need --out-dir');
   if (scores.length > 1 && before !== undefined) throw new UsageError('--before is for a single score');
   if (values['no-marks'] && before === undefined) throw new UsageError('--no-marks is for --before');
+  if (output !== undefined && isNamedAsScore(output)) {
+    throw new UsageError(`--output ${output}: is named as a score, which no result is`);
+  }
   if (output === '-') throw new UsageError('--output -: results are files, and not for the standard output');
 }
 

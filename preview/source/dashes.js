@@ -32,19 +32,18 @@ export function ownersOfLines(svg) {
 // returns `line`, further classes of the line, null to leave it out, and `mark`, the classes of a mark under it, null for
 // none.
 export function withLedgerLines(svg, styleOf) {
-  let dashes = 0;
-  let restLines = 0;
+  let lines = 0;
+  const countedStyleOf = (owners) => {
+    lines += 1;
+    return styleOf(owners);
+  };
   const drawn = svg.replace(place, (found, ...matched) => {
     const parts = matched.at(-1);
-    if (parts.groups === undefined) {
-      restLines += 1;
-      return withRestLine(found, parts, styleOf([parts.restId]));
-    }
-    dashes += countOf(found, 'data-class="lineDash"');
-    return withDashes(found, styleOf);
+    return parts.groups === undefined ? withRestLine(found, parts, countedStyleOf) : withDashes(found, countedStyleOf);
   });
-  const isComplete = dashes === countOf(svg, 'data-class="lineDash"') && restLines === countOf(svg, 'class="ledgerLines"><path');
-  if (!isComplete) throw new Error('this release of Verovio draws ledger lines in another way than the one that is known');
+  if (lines !== countOf(svg, 'data-class="lineDash"') + countOf(svg, 'class="ledgerLines"><path')) {
+    throw new Error('this release of Verovio draws ledger lines in another way than the one that is known');
+  }
   return drawn;
 }
 
@@ -61,7 +60,8 @@ function withDashes(groups, styleOf) {
   return marks.join('') + lines;
 }
 
-function withRestLine(found, parts, style) {
+function withRestLine(found, parts, styleOf) {
+  const style = styleOf([parts.restId]);
   return markOf(style, parts) + found.replace(parts.restLine, lineOf(parts.restLine, 'ledgerLines', style));
 }
 

@@ -33,12 +33,12 @@ function located(file, place, reason) {
   return where.length === 0 ? reason : `${where.join(':')}: ${reason}`;
 }
 
-// Whatever the work finds wrong with a score is reported with the name of the file.
+// Whatever the work finds wrong with a score is reported with the name of the file, before that of a member of it.
 export async function inFile(file, work) {
   try {
     return await work();
   } catch (error) {
-    if (!(error instanceof InputError) || error.file !== null) throw error;
-    throw new InputError(error.reason, error.place, file);
+    if (!(error instanceof InputError)) throw error;
+    throw error.file === null ? new InputError(error.reason, error.place, file) : new InputError(error.message, null, file);
   }
 }

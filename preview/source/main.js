@@ -9,9 +9,14 @@ import { checkRasteriser } from './png.js';
 import { preview } from './preview.js';
 import { printable } from './printable.js';
 import { ResultNames } from './resultnames.js';
+import { reasonOf } from './systemerror.js';
 
 // Returns the exit status.
 export async function main(args) {
+  process.stdout.on('error', (error) => {
+    warn(`the standard output cannot be written: ${reasonOf(error)}`);
+    process.exit(exitStatus.failed);
+  });
   try {
     return await perform(parseCommandLine(args));
   } catch (error) {

@@ -7,6 +7,9 @@ import { InputError } from './errors.js';
 // Far more than scores have.
 const maxDepth = 256;
 
+// What the parser has to say of a document that ends before its root element does.
+const endings = /^(unclosed tag|unexpected end|document must contain a root element)/;
+
 // Calls `open(tag)`, `close(tag)` and `text(text)` as far as the handlers have them, in document order. A tag has `name`,
 // `attributes`, `start` and `end` (of its start tag, as indices of the text), `line` and `column` of the start, from 1,
 // `depth`, 1 for the root element, and once it is closed, `close`: `start`, `end`, `line` and `column` of its end tag.
@@ -14,7 +17,7 @@ export function parseXml(xml, handlers) {
   const parser = new SaxesParser();
   const placeNow = () => ({ line: parser.line, column: Math.max(parser.column, 1) });
   parser.on('error', (error) => {
-    throw new InputError(reasonOf(error, parser.position, xml), placeNow());
+    throw new InputError(reasonOf(error), placeNow());
   });
   const open = [];
   parser.on('opentagstart', (tag) => {
@@ -51,8 +54,7 @@ function endTagOf(tag, parser, xml) {
   return { ...placeOfTag(parser, xml), end: parser.position };
 }
 
-function reasonOf(error, position, xml) {
-  if (position >= xml.length) return 'the XML ends too early';
+function reasonOf(error) {
   const reason = error.message.replace(/^\d+:\d+: /, '').replace(/\.$/, '');
-  return `not well-formed XML: ${reason}`;
+  return endings.test(reason) ? 'the XML ends too early' : `not well-formed XML: ${reason}`;
 }

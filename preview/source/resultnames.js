@@ -21,7 +21,7 @@ export class ResultNames {
   // Before any work: makes the folder of the results, or finds out that there is none.
   async prepare() {
     const { folder, output } = this.#options;
-    if (folder !== null) await orFail(`--out-dir ${folder}`, mkdir(folder, { recursive: true }));
+    if (folder !== null) await orFail(`--out-dir ${folder}`, makeFolder(folder));
     if (output !== null) await orFail(`${output}: cannot be written`, stat(dirname(output)));
   }
 
@@ -67,6 +67,18 @@ function checkNames({ scores }) {
 async function isSameFile(path, input) {
   const [one, other] = await Promise.all([path, input].map((each) => stat(each).catch(() => null)));
   return one !== null && other !== null && one.dev === other.dev && one.ino === other.ino;
+}
+
+// With the folders that it is in. (The function of Node's that does the same never ends in some file systems.)
+async function makeFolder(folder) {
+  try {
+    await mkdir(folder);
+  } catch (error) {
+    if (error.code === 'EEXIST' && (await stat(folder)).isDirectory()) return;
+    if (error.code !== 'ENOENT' || dirname(folder) === folder) throw error;
+    await makeFolder(dirname(folder));
+    await mkdir(folder);
+  }
 }
 
 async function orFail(what, promise) {

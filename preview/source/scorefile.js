@@ -9,6 +9,8 @@ import { InputError, inFile } from './errors.js';
 import { maxScoreSize } from './limits.js';
 import { reasonOf } from './systemerror.js';
 
+const ending = /(?<=.)\.(musicxml|xml|mxl)$/i;
+
 // The name of the score, which is that of its file without the ending, and its XML as text.
 export async function readScore(path) {
   return inFile(path, async () => {
@@ -19,7 +21,11 @@ export async function readScore(path) {
 }
 
 export function nameOfScore(path) {
-  return basename(path).replace(/(?<=.)\.(musicxml|xml|mxl)$/i, '');
+  return basename(path).replace(ending, '');
+}
+
+export function isNamedAsScore(path) {
+  return ending.test(basename(path));
 }
 
 async function readBytes(path) {

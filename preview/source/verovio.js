@@ -56,6 +56,6 @@ function isCrash(error) {
 }
 
 function crashReason(error) {
-  if (error instanceof RangeError) return 'Verovio cannot engrave this score: its elements are nested too deep';
-  return `Verovio cannot engrave this score: ${excerpt(String(error.message ?? 'an exception'))}`;
+  if (error instanceof RangeError) return 'Verovio runs out of memory or stack with this score';
+  return `Verovio crashes with this score: ${excerpt(String(error.message ?? error))}`;
 }

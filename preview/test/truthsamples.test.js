@@ -1,5 +1,5 @@
 import { noBrvhost } from './support/brvhost.js';
-import { samples } from './support/scores.js';
+import { samples } from './support/scorefiles.js';
 import { holdToTruth } from './support/truth.js';
 
 // Counted by hand: 95 in the piano piece, 41 in that for winds, 20 in the duo.

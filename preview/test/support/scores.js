@@ -1,25 +1,72 @@
-// The scores that tests run on: the samples, and real ones where the folder of these is.
-import { existsSync, readdirSync } from 'node:fs';
-import { basename, join } from 'node:path';
+// Scores for the tests.
+
+import { readFileSync } from 'node:fs';
 import { fileURLToPath } from 'node:url';
 
-const source = fileURLToPath(new URL('../../..', import.meta.url));
-const shared = process.env.BRV_SHARED_DIR ?? join(source, '..', 'shared');
+const samples = new URL('../../../samples/', import.meta.url);
 
-// All of them take minutes.
-export const allScores = process.env.BRV_ALL_SCORES === '1';
-
-function scoresIn(folder) {
-  return existsSync(folder) ? readdirSync(folder).sort().map((name) => join(folder, name)) : [];
+export function samplePath(name) {
+  return fileURLToPath(new URL(name, samples));
 }
 
-// Without all of them, every fifth of the small scores, and three quartets of different sizes.
-const selectedQuartets = ['sq7082029.mxl', 'sq8438840.mxl', 'sq8556926.mxl'];
+export function sampleText(name) {
+  return readFileSync(samplePath(name), 'utf8');
+}
 
-export const samples = scoresIn(join(source, 'samples'));
-export const smallScores = scoresIn(join(shared, 'scores', 'conformance')).filter((_, index) => allScores || index % 5 === 0);
-export const quartets = scoresIn(join(shared, 'scores', 'quartets'))
-  .filter((path) => allScores || selectedQuartets.includes(basename(path)));
+// Ledger lines of notes in samples/piano.musicxml, by hand, as lines above plus lines below the staff for each note or
+// chord in turn. On the upper staff, lines are at A5, C6, E6, G6, B6, D7 and at C4, A3; on the lower one, at C4, E4 and at
+// E2, C2, A1, F1, D1, B0.
+export const pianoDashes = [
+  { measure: 1, staff: 1, dashes: 4 + 4 + 3 + 4 + 4 + (2 + 2 + 2) },
+  { measure: 1, staff: 2, dashes: 3 + 4 },
+  { measure: 2, staff: 1, dashes: 4 + 5 + 6 + 4 + (1 + 1) },
+  { measure: 2, staff: 2, dashes: 4 + 5 + 4 },
+  { measure: 3, staff: 1, dashes: 1 + 3 + 3 + 2 },
+  { measure: 3, staff: 2, dashes: 2 + (3 + 2 + 1 + 0) },
+  { measure: 4, staff: 1, dashes: 4 + 2 },
+  { measure: 4, staff: 2, dashes: 6 },
+];
 
-// For the option skip of tests: why there is nothing to run on, or false.
-export const noScores = smallScores.length > 0 && quartets.length > 0 ? false : `no scores in ${shared}`;
+// Of a half rest in the second voice of the upper staff, below it in the second measure.
+export const pianoRestLines = [{ measure: 2, staff: 1, lines: 1 }];
+
+// A score of one part in the treble clef; `measures` are the contents of each, after the attributes in the first.
+export function scoreOf(measures, { title = 'Test', name = 'Flute', attributes = '', doctype = '' } = {}) {
+  const bodies = measures.map((measure, index) => {
+    const first = `<attributes><divisions>1</divisions>${attributes}<clef><sign>G</sign><line>2</line></clef></attributes>`;
+    return `    <measure number="${index + 1}">${index === 0 ? first : ''}${measure}</measure>`;
+  });
+  return [
+    `<?xml version="1.0"?>${doctype}`,
+    '<score-partwise version="4.0">',
+    `  <work><work-title>${title}</work-title></work>`,
+    `  <part-list><score-part id="P1"><part-name>${name}</part-name></score-part></part-list>`,
+    '  <part id="P1">',
+    ...bodies,
+    '  </part>',
+    '</score-partwise>',
+    '',
+  ].join('\n');
+}
+
+// A quarter note: `note('C6')`, `note('C6', 'print-leger="no"')`, and in a chord `note('E6', '', '<chord/>')`.
+export function note(pitch, attributes = '', before = '') {
+  const [, step, octave] = /^([A-G])(\d)$/.exec(pitch);
+  const tag = attributes === '' ? '<note>' : `<note ${attributes}>`;
+  const duration = before === '<grace/>' ? '' : '<duration>1</duration>';
+  return `${tag}${before}<pitch><step>${step}</step><octave>${octave}</octave></pitch>${duration}<type>quarter</type></note>`;
+}
+
+export const hidden = 'print-leger="no"';
+
+// The sample with print-leger="no" at each note that `isWanted` takes, by its order from 0 and its text.
+export function withHidden(xml, isWanted) {
+  let index = 0;
+  return xml.replace(/<note>[\s\S]*?<\/note>/g, (text) =>
+    isWanted(index++, text) ? text.replace('<note>', `<note ${hidden}>`) : text,
+  );
+}
+
+export function isOnStaff(staff) {
+  return (index, text) => text.includes(`<staff>${staff}</staff>`);
+}
