@@ -24,7 +24,7 @@ picture=docs/hidden-ledger-lines.svg
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 "$brvhost" run "$bundle" --item hide --staves 1 --measures 1-2 --quiet "$score" -o "$work/hidden.musicxml"
-node scripts/picture/sidebyside.mjs "$score" "$work/hidden.musicxml" >"$work/picture.svg"
+node scripts/picture/twoversions.mjs "$score" "$work/hidden.musicxml" >"$work/picture.svg"
 
 if [ "$check" = false ]; then
   cp "$work/picture.svg" "$picture"
