@@ -21,7 +21,7 @@ async function run() {
   try {
     program = await import('../source/main.js');
   } catch (error) {
-    if (error.code !== 'ERR_MODULE_NOT_FOUND') throw error;
+    if (error.code !== 'ERR_MODULE_NOT_FOUND' || !/Cannot find package/.test(error.message)) throw error;
     const folder = decodeURIComponent(new URL('..', import.meta.url).pathname);
     return fail('the packages that it needs are not installed; `npm ci --omit=dev --prefix ' + folder + '` installs them');
   }

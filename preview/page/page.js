@@ -35,15 +35,19 @@
     shown.querySelector('figcaption').textContent = version === 'before' ? 'Before' : 'After';
   }
 
-  // The copy is of the version before, and comes first. Links lead to the original, which has the identifiers alone.
+  // The copy is of the version before, and comes first. It has identifiers of its own, and links lead to the original.
   function setCopy(sheet, isWanted) {
     sheet.querySelector('.copy')?.remove();
     if (!isWanted) return;
-    const copy = sheet.querySelector('.version').cloneNode(true);
+    const original = sheet.querySelector('.version');
+    const { id } = original.querySelector('svg');
+    const copy = original.cloneNode(false);
+    copy.innerHTML = original.innerHTML.replaceAll(id, `${id}-before`);
     copy.classList.add('copy');
     copy.dataset.version = 'before';
     copy.querySelector('figcaption').textContent = 'Before';
-    for (const target of copy.querySelectorAll('g[data-class="staff"][id]')) target.removeAttribute('id');
+    copy.querySelector('.here')?.remove();
+    for (const anchor of copy.querySelectorAll('g[data-class="staff"][id]')) anchor.removeAttribute('id');
     sheet.prepend(copy);
   }
 

@@ -21,6 +21,8 @@ const options = {
   version: { type: 'boolean' },
 };
 
+export const optionNames = Object.keys(options);
+
 const formats = ['html', 'svg', 'png'];
 
 export function parseCommandLine(args) {

@@ -3,12 +3,12 @@
 import { createHash } from 'node:crypto';
 import { readFile } from 'node:fs/promises';
 
+import { anchorOf, withAnchors } from './anchors.js';
 import { escaped } from './escape.js';
 import { described, mapOf, placeName } from './map.js';
 import { measureNames, staffNames } from './staffnames.js';
-import { sizeOf } from './pagesize.js';
 import { changesOf, counted, summaryOf } from './summary.js';
-import { anchorOf, withAnchors } from './anchors.js';
+import { sizeOf, withIdSuffix } from './svgroot.js';
 
 const folder = new URL('../page/', import.meta.url);
 
@@ -137,13 +137,13 @@ function listOf(places, names, hasBefore) {
   ].join('\n');
 }
 
-function sheetOf(page) {
+function sheetOf(page, index) {
   const { width, height } = sizeOf(page);
   return [
     `<div class="sheet${width > height ? ' wide' : ''}" style="--units: ${width}">`,
     '<figure class="version" data-version="after">',
     '<figcaption>After</figcaption>',
-    page,
+    withIdSuffix(page, `-${index + 1}`),
     '</figure>',
     '</div>',
   ].join('\n');

@@ -1,6 +1,6 @@
 // Pages as SVG files, which stand by themselves.
 
-import { sizeOf } from './pagesize.js';
+import { sizeOf, withIdSuffix } from './svgroot.js';
 
 const style = '<style>.ghost {color: #b8b2a8;} .mark {color: #ffd58a; fill: currentColor;}</style>';
 
@@ -22,7 +22,7 @@ export function svgFileOfTwo(before, after) {
   const isWide = size.width > size.height;
   const second = isWide ? { x: 0, y: panel.height + gap } : { x: panel.width + gap, y: 0 };
   const whole = { width: second.x + panel.width, height: second.y + panel.height };
-  const panels = captioned('Before', before, size, { x: 0, y: 0 }) + captioned('After', withOtherIds(after), size, second);
+  const panels = captioned('Before', before, size, { x: 0, y: 0 }) + captioned('After', withIdSuffix(after, '-after'), size, second);
   return fileOf(whole, panels);
 }
 
@@ -33,12 +33,6 @@ function captioned(caption, page, size, { x, y }) {
 
 function nested(page, { width, height }, { x, y }) {
   return page.replace('<svg ', `<svg x="${x}" y="${y}" width="${width}" height="${height}" `);
-}
-
-// All identifiers in a page end with that of its root element.
-function withOtherIds(page) {
-  const [, id] = /^<svg [^>]*\bid="([^"]*)"/.exec(page);
-  return page.replaceAll(id, `${id}-after`);
 }
 
 function fileOf({ width, height }, content) {

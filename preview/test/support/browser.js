@@ -11,19 +11,26 @@ const program = process.env.CHROMIUM ?? 'chromium';
 // Why tests in a browser are skipped; false where they are not.
 export const noBrowser = spawnSync(program, ['--version']).status === 0 ? false : `${program} is not installed`;
 
-// A page that shows the file. The caller closes it.
+let browser = null;
+
+// A page that shows the file. All pages are in one browser, which closeBrowser ends.
 export async function openPage(path, { width = 1400, height = 900 } = {}) {
-  const browser = new Browser();
+  browser ??= new Browser();
   const { targetId } = await browser.call('Target.createTarget', { url: 'about:blank' });
   const { sessionId } = await browser.call('Target.attachToTarget', { targetId, flatten: true });
-  const page = new Page(browser, sessionId);
+  const page = new Page(browser, targetId, sessionId);
   await page.resize(width, height);
   await page.call('Page.enable');
   await page.call('Network.enable');
-  const loaded = browser.event('Page.loadEventFired');
+  const loaded = browser.event('Page.loadEventFired', sessionId);
   await page.call('Page.navigate', { url: pathToFileURL(path).href });
   await loaded;
   return page;
+}
+
+export async function closeBrowser() {
+  await browser?.close();
+  browser = null;
 }
 
 class Browser {
@@ -33,7 +40,7 @@ class Browser {
   #events = new Map();
   #rest = '';
   #last = 0;
-  requests = [];
+  requests = new Map();
 
   constructor() {
     const options = ['--headless', '--no-sandbox', '--disable-gpu', '--no-first-run', '--remote-debugging-pipe'];
@@ -50,8 +57,8 @@ class Browser {
     return new Promise((resolve, reject) => this.#calls.set(id, { resolve, reject, method }));
   }
 
-  event(method) {
-    return new Promise((resolve) => this.#events.set(method, resolve));
+  event(method, sessionId) {
+    return new Promise((resolve) => this.#events.set(`${method} ${sessionId}`, resolve));
   }
 
   async close() {
@@ -61,15 +68,20 @@ class Browser {
     rmSync(this.#profile, { recursive: true, force: true, maxRetries: 5 });
   }
 
+  #note(sessionId, url) {
+    if (!this.requests.has(sessionId)) this.requests.set(sessionId, []);
+    this.requests.get(sessionId).push(url);
+  }
+
   #receive(text) {
     const messages = (this.#rest + text).split('\0');
     this.#rest = messages.pop();
     for (const message of messages) this.#take(JSON.parse(message));
   }
 
-  #take({ id, method, params, result, error }) {
-    if (method === 'Network.requestWillBeSent') this.requests.push(params.request.url);
-    if (id === undefined) return this.#events.get(method)?.(params);
+  #take({ id, method, params, result, error, sessionId }) {
+    if (method === 'Network.requestWillBeSent') this.#note(sessionId, params.request.url);
+    if (id === undefined) return this.#events.get(`${method} ${sessionId}`)?.(params);
     const call = this.#calls.get(id);
     this.#calls.delete(id);
     if (error === undefined) return call.resolve(result);
@@ -79,15 +91,18 @@ class Browser {
 
 class Page {
   #browser;
+  #target;
   #session;
 
-  constructor(browser, session) {
+  constructor(browser, target, session) {
     this.#browser = browser;
+    this.#target = target;
     this.#session = session;
   }
 
+  // The addresses that it has asked for.
   get requests() {
-    return this.#browser.requests;
+    return this.#browser.requests.get(this.#session);
   }
 
   call(method, params) {
@@ -129,6 +144,6 @@ class Page {
   }
 
   close() {
-    return this.#browser.close();
+    return this.#browser.call('Target.closeTarget', { targetId: this.#target });
   }
 }

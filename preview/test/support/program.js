@@ -6,7 +6,7 @@ import { tmpdir } from 'node:os';
 import { join } from 'node:path';
 import { fileURLToPath } from 'node:url';
 
-const program = fileURLToPath(new URL('../../bin/brvhost-preview.js', import.meta.url));
+export const program = fileURLToPath(new URL('../../bin/brvhost-preview.js', import.meta.url));
 
 // A folder that is removed after the test, with these files in it.
 export function folderFor(context, files = {}) {
@@ -25,4 +25,13 @@ export function run(folder, args, { env = process.env } = {}) {
 
 export function start(folder, args) {
   return spawn(process.execPath, [program, ...args], { cwd: folder, stdio: 'ignore' });
+}
+
+// As run, with the program as the arguments of a script.
+export function inShell(folder, script, args) {
+  const { status, stdout, stderr } = spawnSync('sh', ['-c', script, 'sh', process.execPath, program, ...args], {
+    cwd: folder,
+    encoding: 'utf8',
+  });
+  return { status, stdout, stderr };
 }
