@@ -45,6 +45,8 @@ if_it_can_be_had "the bundle for macOS" scripts/build-macos.sh -DBRV_WERROR=ON
 
 echo "== preview"
 if_it_can_be_had brvhost-preview scripts/install-preview.sh
+scripts/install-dependencies.sh chromium librsvg2-bin poppler-utils ||
+  echo "The tests that look at its pages and pictures are skipped."
 
 build_and_test clang --target bridge-tests
 build_and_test tsan
