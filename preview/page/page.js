@@ -82,14 +82,21 @@
     links[(from + by + links.length) % links.length].click();
   }
 
-  function showPlace(link) {
+  // A place in the map whose lines were hidden before, too, is not in the list.
+  function showPlace(hash) {
+    const target = document.getElementById(hash.slice(1));
+    if (target === null) return;
+    const link = links.find((other) => other.hash === hash);
+    if (link !== undefined) showInList(link);
+    frame(target);
+    bringToMiddle(target);
+  }
+
+  function showInList(link) {
     place = links.indexOf(link);
     for (const other of links) other.removeAttribute('aria-current');
-    const target = document.getElementById(link.hash.slice(1));
-    frame(target);
     link.setAttribute('aria-current', 'true');
     link.scrollIntoView({ block: 'nearest' });
-    bringToMiddle(target);
     announce(`${link.parentElement.textContent.trim()} (${place + 1} of ${links.length})`);
   }
 
@@ -158,10 +165,9 @@
     const anchor = event.target.closest('.map a, .list a');
     if (anchor === null) return;
     const hash = anchor.getAttribute('href');
-    const link = links.find((other) => other.getAttribute('href') === hash);
     event.preventDefault();
     history.replaceState(null, '', hash);
-    showPlace(link);
+    showPlace(hash);
   });
 
   document.addEventListener('keydown', (event) => {
@@ -174,6 +180,5 @@
 
   root.classList.add('scripted');
   score.focus({ preventScroll: true, focusVisible: false });
-  const first = links.find((link) => link.getAttribute('href') === location.hash);
-  if (first !== undefined) showPlace(first);
+  showPlace(location.hash);
 })();

@@ -39,7 +39,6 @@ export async function withVerovio(work) {
 }
 
 export function load(loading, document) {
-  loading.resetXmlIdSeed(seed);
   if (loading.loadData(document)) return;
   const [reason = ''] = loading.getLog().split('\n');
   throw new InputError(`Verovio cannot read this score: ${excerpt(reason.replace(/^\[\w+\] /, ''))}`);

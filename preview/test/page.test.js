@@ -263,6 +263,21 @@ test('the map has a place for each measure of a staff where lines differ', inBro
   assert.equal(await textOf(page, '.list [aria-current="true"]'), 'Piano, staff 1, measure 3');
 });
 
+test('the map leads to lines that were hidden before, too, and the list does not', inBrowser, async (context) => {
+  const earlier = withHidden(piano, isOnStaff(2));
+  const page = await pageOf(context, withHidden(piano, () => true), earlier);
+  assert.equal(await page.run(() => document.querySelectorAll('.list a').length), 4);
+  assert.equal(await page.run(() => document.querySelectorAll('.map tbody tr:last-child a.hidden').length), 4);
+  await click(page, '.map tbody tr:last-child a');
+  assert.equal(await page.run(() => document.querySelector('.here').parentElement.id), 'staff-2-measure-1');
+  assert.equal(await textOf(page, '.list [aria-current="true"]'), null);
+});
+
+test('a page that is opened at a place shows it', inBrowser, async (context) => {
+  const page = await open(context, fileOf(upperHidden, piano), { fragment: 'staff-1-measure-3' });
+  assert.equal(await textOf(page, '.list [aria-current="true"]'), 'Piano, staff 1, measure 3');
+});
+
 test('each button does what its key does', inBrowser, async (context) => {
   const page = await pageOf(context, upperHidden, piano);
   const steps = [

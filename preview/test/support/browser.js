@@ -13,8 +13,8 @@ export const noBrowser = spawnSync(program, ['--version']).status === 0 ? false 
 
 let browser = null;
 
-// A page that shows the file. All pages are in one browser, which closeBrowser ends.
-export async function openPage(path, { width = 1400, height = 900 } = {}) {
+// A page that shows the file, at the place that a fragment names. All pages are in one browser, which closeBrowser ends.
+export async function openPage(path, { width = 1400, height = 900, fragment = '' } = {}) {
   browser ??= new Browser();
   const { targetId } = await browser.call('Target.createTarget', { url: 'about:blank' });
   const { sessionId } = await browser.call('Target.attachToTarget', { targetId, flatten: true });
@@ -23,7 +23,7 @@ export async function openPage(path, { width = 1400, height = 900 } = {}) {
   await page.call('Page.enable');
   await page.call('Network.enable');
   const loaded = browser.event('Page.loadEventFired', sessionId);
-  await page.call('Page.navigate', { url: pathToFileURL(path).href });
+  await page.call('Page.navigate', { url: `${pathToFileURL(path).href}#${fragment}` });
   await loaded;
   return page;
 }
