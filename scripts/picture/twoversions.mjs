@@ -6,6 +6,7 @@ import { engrave } from '../../preview/source/engraving.js';
 import { readScore } from '../../preview/source/scorefile.js';
 
 const CAPTIONS = ['As written', 'With the ledger lines of the right hand hidden'];
+const ID = 'music';  // that of a page is made from whatever the engraver has counted before
 const PASSAGE = { first: 1, last: 2 };
 const CAPTION_HEIGHT = 90;
 const MARGIN = 80;
@@ -14,11 +15,11 @@ const SCALE = 0.5;
 // A page of Verovio's: what is before the music (glyphs and style, which the music finds by the page's identifier), and
 // the music.
 function read(page) {
-  const [, attributes, head, music] = page.match(/^<svg([^>]*)>(.*<\/style>)(.*)<\/svg>$/s);
-  const attribute = (name) => attributes.match(new RegExp(`\\s${name}="([^"]*)"`))[1];
-  const [, , width, height] = attribute('viewBox').split(' ').map(Number);
+  const [, id] = page.match(/^<svg[^>]*\sid="([^"]*)"/);
+  const [, attributes, head, music] = page.replaceAll(id, ID).match(/^<svg([^>]*)>(.*<\/style>)(.*)<\/svg>$/s);
+  const [width, height] = attributes.match(/\sviewBox="0 0 (\d+) (\d+)"/).slice(1).map(Number);
   // Names of notes and elements are for programs.
-  return { id: attribute('id'), head, width, height, music: music.replace(/ data-[\w-]+="[^"]*"/g, '') };
+  return { head, width, height, music: music.replace(/ data-[\w-]+="[^"]*"/g, '') };
 }
 
 async function pictureOf(path) {
@@ -28,8 +29,8 @@ async function pictureOf(path) {
 }
 
 const pictures = await Promise.all(process.argv.slice(2).map(pictureOf));
-const [{ id, head, width, height }] = pictures;
-if (pictures.some((picture) => picture.id !== id || picture.head !== head)) {
+const [{ head, width, height }] = pictures;
+if (pictures.some((picture) => picture.head !== head)) {
   throw new Error('the two versions are engraved with other glyphs');
 }
 const whole = { width: width + 2 * MARGIN, height: pictures.length * (height + CAPTION_HEIGHT) };
@@ -43,5 +44,5 @@ process.stdout.write('<svg xmlns="http://www.w3.org/2000/svg" xmlns:xlink="http:
   + ` width="${inPixels(whole.width)}" height="${inPixels(whole.height)}" viewBox="0 0 ${whole.width} ${whole.height}">`
   + `<title>Two measures of piano music: ${CAPTIONS.join('; ')}</title>`
   + `<rect width="${whole.width}" height="${whole.height}" rx="${MARGIN / 4}" fill="white"/>`
-  + `<g color="black" font-family="sans-serif" font-size="36">${CAPTIONS.map(caption).join('')}<g id="${id}">${head}`
+  + `<g color="black" font-family="sans-serif" font-size="36">${CAPTIONS.map(caption).join('')}<g id="${ID}">${head}`
   + `${pictures.map(music).join('')}</g></g></svg>\n`);
