@@ -15,7 +15,7 @@ export function withAnchors(pages, measures, places) {
     const { id, kind, number } = matched.at(-1);
     if (kind === 'measure') measure = order.get(id);
     const anchor = anchorOf({ staff: Number(number), measure });
-    return kind === 'staff' && wanted.has(anchor) ? found.replace('<g ', `<g id="${anchor}" `) : found;
+    return wanted.has(anchor) ? found.replace('<g ', `<g id="${anchor}" `) : found;
   };
   return pages.map((page) => page.replace(start, identified));
 }

@@ -9,8 +9,6 @@ import { reasonOf } from './systemerror.js';
 
 const signals = ['SIGHUP', 'SIGINT', 'SIGTERM'];
 
-function ignore() {}
-
 // `files` have a `path` and a `content`, text or bytes.
 export async function writeFiles(files) {
   const unfinished = new Set();
@@ -20,8 +18,6 @@ export async function writeFiles(files) {
     process.kill(process.pid, signal);
   };
   signals.forEach((signal) => process.on(signal, stop));
-  // A file that gets larger than is allowed fails like any other then.
-  process.on('SIGXFSZ', ignore);
   try {
     const written = [];
     for (const file of files) written.push(await writeBeside(file, unfinished));
@@ -31,7 +27,6 @@ export async function writeFiles(files) {
     }
   } finally {
     signals.forEach((signal) => process.off(signal, stop));
-    process.off('SIGXFSZ', ignore);
     for (const path of unfinished) await rm(path, { force: true });
   }
 }

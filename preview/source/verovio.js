@@ -10,10 +10,10 @@ const alwaysOptions = {
   adjustPageHeight: true,
   breaks: 'auto',
   footer: 'none',
-  // The first staff of what no page is high enough for stays readable.
+  // Where not even one system has room on a page.
   shrinkToFit: true,
   svgAdditionalAttribute: ['staff@n'],
-  // Names in each ledger dash the notes that it belongs to.
+  // Each ledger dash then names the notes that it belongs to.
   svgHtml5: true,
   svgFormatRaw: true,
   svgViewBox: true,

@@ -247,6 +247,12 @@ for (const [args, message] of unwritable) {
   });
 }
 
+test('a folder that is missing is noticed before any work', (context) => {
+  const folder = folderFor(context, { 'cut.xml': '<' });
+  const message = 'missing/a.html: cannot be written: No such file or directory';
+  assert.deepEqual(run(folder, ['cut.xml', '-o', 'missing/a.html']), failed(message, 1));
+});
+
 test('a result is never a score, whatever its name', (context) => {
   const folder = folderFor(context, { 'short.xml': short, before: short });
   linkSync(join(folder, 'short.xml'), join(folder, 'hard'));
