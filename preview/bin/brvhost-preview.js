@@ -23,7 +23,9 @@ async function run() {
   } catch (error) {
     if (error.code !== 'ERR_MODULE_NOT_FOUND' || !/Cannot find package/.test(error.message)) throw error;
     const folder = decodeURIComponent(new URL('..', import.meta.url).pathname);
-    return fail('the packages that it needs are not installed; `npm ci --omit=dev --prefix ' + folder + '` installs them');
+    return fail(
+      'the packages that it needs are not installed; `npm ci --omit=dev --prefix ' + folder + '` installs them',
+    );
   }
   process.exitCode = await program.main(process.argv.slice(2));
 }

@@ -1,6 +1,7 @@
 // Where links into an engraving lead: the staves in measures.
 
-const start = /<g data-id="(?<id>[^"]*)" data-class="(?<kind>measure|staff)" class="[^"]*"(?: data-n="(?<number>[^"]*)")?>/g;
+const start =
+  /<g data-id="(?<id>[^"]*)" data-class="(?<kind>measure|staff)" class="[^"]*"(?: data-n="(?<number>[^"]*)")?>/g;
 
 export function anchorOf({ staff, measure }) {
   return `staff-${staff}-measure-${measure}`;

@@ -17,12 +17,9 @@ export async function hiddenNotesBefore(before, after) {
 }
 
 function differenceBetween(before, ofBefore, after, ofAfter) {
-  const line = ofAfter.place.line;
-  return new InputError(
-    `differs from ${after.path} in more than print-leger: ${shown(ofBefore)} here, ${shown(ofAfter)} in line ${line} there`,
-    ofBefore.place,
-    before.path,
-  );
+  const what = `${shown(ofBefore)} here, ${shown(ofAfter)} in line ${ofAfter.place.line} there`;
+  const reason = `differs from ${after.path} in more than print-leger: ${what}`;
+  return new InputError(reason, ofBefore.place, before.path);
 }
 
 function shown({ text }) {

@@ -1,8 +1,10 @@
-// Ledger lines in a page of Verovio's: the dashes at notes, each with the notes that it belongs to, and the lines of rests.
+// Ledger lines in a page of Verovio's: the dashes at notes, each with the notes that it belongs to, and the lines of
+// rests.
 
 const line = '<path d="M(?<left>-?\\d+) (?<y>-?\\d+) L(?<right>-?\\d+) [^>]*/>';
 const dash = new RegExp(`<g data-class="lineDash" class="lineDash" data-related="(?<related>[^"]*)">${line}</g>`, 'g');
-const group = '<g data-class="ledgerLines" class="ledgerLines [^"]*">(?:<g data-class="lineDash"[^>]*><path [^>]*/></g>)*</g>';
+const group =
+  '<g data-class="ledgerLines" class="ledgerLines [^"]*">(?:<g data-class="lineDash"[^>]*><path [^>]*/></g>)*</g>';
 const restLine = `<g data-class="ledgerLines" class="ledgerLines">${line}</g>`;
 const rest = `<g data-id="(?<restId>[^"]*)" data-class="\\w*[rR]est"[^>]*>(?:<use [^>]*/>)*(?<restLine>${restLine})`;
 const place = new RegExp(`(?<groups>(?:${group})+)|${rest}`, 'g');
@@ -29,8 +31,8 @@ export function ownersOfLines(svg) {
 }
 
 // The page with each ledger line as `styleOf` wants it, which gets the identifiers of its notes or of its rest, and
-// returns `line`, further classes of the line, null to leave it out, and `mark`, the classes of a mark under it, null for
-// none.
+// returns `line`, further classes of the line, null to leave it out, and `mark`, the classes of a mark under it, null
+// for none.
 export function withLedgerLines(svg, styleOf) {
   let lines = 0;
   const countedStyleOf = (owners) => {
@@ -47,8 +49,8 @@ export function withLedgerLines(svg, styleOf) {
   return drawn;
 }
 
-// Marks come before all that they must not cover: those of a run of groups before the first of its dashes, and that of a
-// rest before the rest.
+// Marks come before all that they must not cover: those of a run of groups before the first of its dashes, and that of
+// a rest before the rest.
 function withDashes(groups, styleOf) {
   const marks = [];
   const lines = groups.replace(dash, (found, ...matched) => {

@@ -20,8 +20,8 @@ const marked = [
   { start: [0, 0x3c], encoding: 'utf-16be' },
 ];
 
-// What windows-1252 has in the place of the control characters 0x80 to 0x9F. The decoder of some releases of Node leaves
-// these as they are, and it takes ISO-8859-1 for windows-1252.
+// What windows-1252 has in the place of the control characters 0x80 to 0x9F. The decoder of some releases of Node
+// leaves these as they are, and it takes ISO-8859-1 for windows-1252.
 const windows1252 =
   '\u20ac\u0081\u201a\u0192\u201e\u2026\u2020\u2021\u02c6\u2030\u0160\u2039\u0152\u008d\u017d\u008f' +
   '\u0090\u2018\u2019\u201c\u201d\u2022\u2013\u2014\u02dc\u2122\u0161\u203a\u0153\u009d\u017e\u0178';

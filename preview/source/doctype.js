@@ -2,8 +2,16 @@
 
 const beforeDoctype = /(?:\s+|<\?[\s\S]*?\?>|<!--[\s\S]*?-->)*/y;
 const token = /<!--[\s\S]*?-->|<\?[\s\S]*?\?>|"[^"]*"|'[^']*'|[[\]>]|[^[\]>"'<]+|</y;
-const declaration =
-  /<!--[\s\S]*?-->|<\?[\s\S]*?\?>|<!ENTITY\s+([^\s%"'<>]+)\s+(?:"([^"]*)"|'([^']*)')\s*>|<!(?:[^"'>]|"[^"]*"|'[^']*')*>/g;
+// A declaration of an entity is named; comments, instructions and other declarations are only passed over.
+const declaration = new RegExp(
+  [
+    '<!--[\\s\\S]*?-->',
+    '<\\?[\\s\\S]*?\\?>',
+    `<!ENTITY\\s+([^\\s%"'<>]+)\\s+(?:"([^"]*)"|'([^']*)')\\s*>`,
+    `<!(?:[^"'>]|"[^"]*"|'[^']*')*>`,
+  ].join('|'),
+  'g',
+);
 const characterReference = /&#(?:x([0-9a-fA-F]+)|([0-9]+));/g;
 const maxCharacter = 0x10ffff;
 
@@ -23,7 +31,7 @@ export function readDoctype(xml) {
 
 function endOfDoctype(xml, start) {
   let inSubset = false;
-  for (token.lastIndex = start; token.lastIndex < xml.length; ) {
+  for (token.lastIndex = start; token.lastIndex < xml.length;) {
     const found = token.exec(xml);
     if (found === null) return null;
     if (found[0] === '[') inSubset = true;

@@ -19,8 +19,8 @@ const hiddenLines = new Map([
 ]);
 
 // The pages of a score as SVG. `hidden` is what becomes of hidden ledger lines: 'omit' leaves them out, 'ghost' gives
-// them the class "ghost", and 'keep' draws them like the others. `measures` and `staves` are ranges `{ first, last }` in
-// their order, from 1; without an end (null) they go on to the last.
+// them the class "ghost", and 'keep' draws them like the others. `measures` and `staves` are ranges `{ first, last }`
+// in their order, from 1; without an end (null) they go on to the last.
 export async function engrave(xml, { hidden = 'omit', measures = null, staves = null } = {}) {
   const { structure, pages } = await engraveAll(xml, { measures, staves });
   const isHidden = hiddenIn(structure.notes);
@@ -28,8 +28,8 @@ export async function engrave(xml, { hidden = 'omit', measures = null, staves = 
   return pages.map((page) => withLedgerLines(page, styleOf));
 }
 
-// The pages with all ledger lines, with the structure, whose notes have the identifiers that the pages name, and what is
-// shown: the range of `measures`, the numbers of the `staves`, and those of them that were not asked for, as
+// The pages with all ledger lines, with the structure, whose notes have the identifiers that the pages name, and what
+// is shown: the range of `measures`, the numbers of the `staves`, and those of them that were not asked for, as
 // `otherStaves`.
 export async function engraveAll(xml, { measures, staves }) {
   const structure = withIds(readStructure(xml));

@@ -6,8 +6,17 @@ import { excerpt } from './printable.js';
 
 const predefined = new Set(['lt', 'gt', 'amp', 'apos', 'quot']);
 const ownReference = /&(?!#|(?:lt|gt|amp|apos|quot);)/;
-const piece =
-  /<!--[\s\S]*?-->|<!\[CDATA\[[\s\S]*?\]\]>|<\?[\s\S]*?\?>|<[^!?/](?:[^"'>]|"[^"]*"|'[^']*')*>|&([^#;&\s<]+);/g;
+// What does not end goes on to the end of the document, so that this is looked for once.
+const piece = new RegExp(
+  [
+    '<!--[\\s\\S]*?(?:-->|$)',
+    '<!\\[CDATA\\[[\\s\\S]*?(?:\\]\\]>|$)',
+    '<\\?[\\s\\S]*?(?:\\?>|$)',
+    `<[^!?/](?:[^"'<>]|"[^"<]*"|'[^'<]*')*>`,
+    '&(?<name>[^#;&\\s<]+);',
+  ].join('|'),
+  'g',
+);
 const reference = /&([^#;&\s<]+);/g;
 
 // A few declarations can stand for gigabytes.

@@ -39,6 +39,8 @@ export async function inFile(file, work) {
     return await work();
   } catch (error) {
     if (!(error instanceof InputError)) throw error;
-    throw error.file === null ? new InputError(error.reason, error.place, file) : new InputError(error.message, null, file);
+    throw error.file === null
+      ? new InputError(error.reason, error.place, file)
+      : new InputError(error.message, null, file);
   }
 }

@@ -6,8 +6,9 @@ import { readFile } from 'node:fs/promises';
 import { anchorOf, withAnchors } from './anchors.js';
 import { escaped } from './escape.js';
 import { described, mapOf, placeName } from './map.js';
+import { barOf } from './pagebar.js';
 import { measureNames, staffNames } from './staffnames.js';
-import { changesOf, counted, summaryOf } from './summary.js';
+import { counted } from './summary.js';
 import { sizeOf, withIdSuffix } from './svgroot.js';
 
 const folder = new URL('../page/', import.meta.url);
@@ -55,60 +56,6 @@ function policyFor(script) {
 
 function differs({ gone, come }) {
   return gone + come > 0;
-}
-
-function barOf(title, survey, places, { hasBefore, marks }) {
-  const changed = `${changesOf(survey)}${places.length === 0 ? '' : ` in ${counted(places.length, 'place')}`}`;
-  return [
-    '<header class="bar">',
-    `<h1>${escaped(title)}</h1>`,
-    `<p class="summary">${hasBefore ? changed : summaryOf(survey)}</p>`,
-    '<div class="controls">',
-    ...(hasBefore ? versionControls(marks) : []),
-    '<div role="group" aria-label="Zoom">',
-    '<button type="button" data-action="smaller" aria-label="Smaller">−</button>',
-    '<output aria-label="Zoom">100%</output>',
-    '<button type="button" data-action="larger" aria-label="Larger">+</button>',
-    '<button type="button" data-action="usual">Usual size</button>',
-    '</div>',
-    ...(places.length === 0 ? [] : stepControls(hasBefore ? 'difference' : 'place')),
-    '</div>',
-    helpOf(hasBefore, places.length > 0),
-    '<p class="unseen" role="status"></p>',
-    '</header>',
-  ].join('\n');
-}
-
-function versionControls(marks) {
-  return [
-    '<div role="group" aria-label="Version">',
-    '<button type="button" data-action="before" aria-pressed="false">Before</button>',
-    '<button type="button" data-action="after" aria-pressed="true">After</button>',
-    '<button type="button" data-action="both" aria-pressed="false">Both</button>',
-    '</div>',
-    '<div role="group" aria-label="Differences">',
-    `<button type="button" data-action="marks" aria-pressed="${marks}">Marks</button>`,
-    '</div>',
-  ];
-}
-
-function stepControls(what) {
-  return [
-    '<div role="group" aria-label="Places">',
-    `<button type="button" data-action="previous">Previous ${what}</button>`,
-    `<button type="button" data-action="next">Next ${what}</button>`,
-    '</div>',
-  ];
-}
-
-function helpOf(hasBefore, hasPlaces) {
-  const help = [
-    ...(hasBefore ? [[['B'], 'before or after'], [['2'], 'both'], [['M'], 'marks']] : []),
-    [['+', '−', '0'], 'larger, smaller, usual size'],
-    ...(hasPlaces ? [[['N', 'P'], hasBefore ? 'next, previous difference' : 'next, previous place']] : []),
-  ];
-  const shown = help.map(([keys, text]) => `<span>${keys.map((key) => `<kbd>${key}</kbd>`).join(' ')} ${text}</span>`);
-  return `<p class="help">${shown.join(' ')}</p>`;
 }
 
 function overviewOf(survey, names, shown, hasBefore) {

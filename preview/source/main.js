@@ -65,7 +65,9 @@ function print(text) {
 }
 
 async function versionText() {
-  const [{ version }, verovio] = await Promise.all(['../package.json', '../node_modules/verovio/package.json'].map(packageAt));
+  const [{ version }, verovio] = await Promise.all(
+    ['../package.json', '../node_modules/verovio/package.json'].map(packageAt),
+  );
   return `brvhost-preview ${version}, with Verovio ${verovio.version}\n`;
 }
 

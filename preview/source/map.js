@@ -12,7 +12,10 @@ export function mapOf(places, names, shown, hasBefore) {
   const columns = columnsOf(shown.measures);
   const rows = shown.staves.map((staff) => {
     const ofStaff = places.filter((place) => place.staff === staff);
-    return rowOf(names.staves[staff - 1], columns.map((column) => cellOf(column, ofStaff, names, hasBefore)));
+    return rowOf(
+      names.staves[staff - 1],
+      columns.map((column) => cellOf(column, ofStaff, names, hasBefore)),
+    );
   });
   const { first, last } = shown.measures;
   return [
@@ -38,7 +41,9 @@ function columnsOf({ first, last }) {
 
 function rowOf(name, cells) {
   const drawn = cells.map((cell, index) => (cell === null ? '' : cell(index))).join('');
-  const svg = `<svg viewBox="0 0 ${cells.length} 1" preserveAspectRatio="none" role="img" aria-label="${counted(cells.filter((cell) => cell !== null).length, 'place')}">${drawn}</svg>`;
+  const used = counted(cells.filter((cell) => cell !== null).length, 'place');
+  const size = `viewBox="0 0 ${cells.length} 1" preserveAspectRatio="none"`;
+  const svg = `<svg ${size} role="img" aria-label="${used}">${drawn}</svg>`;
   return `<tr><th scope="row">${escaped(name)}</th><td>${svg}</td></tr>`;
 }
 
@@ -50,8 +55,8 @@ function cellOf({ first, last }, places, names, hasBefore) {
   const anchor = anchorOf(differing ?? within[0]);
   const kind = differing === undefined ? 'hidden' : 'differs';
   const title = `${placeName(within[0], names)}${within.length > 1 ? ' and on' : ''}: ${described(within, hasBefore)}`;
-  return (index) =>
-    `<a href="#${anchor}" tabindex="-1" class="${kind}"><title>${escaped(title)}</title><rect x="${index}" width="1" height="1"/></a>`;
+  const link = `<a href="#${anchor}" tabindex="-1" class="${kind}">`;
+  return (column) => `${link}<title>${escaped(title)}</title><rect x="${column}" width="1" height="1"/></a>`;
 }
 
 export function placeName({ staff, measure }, names) {

@@ -42,7 +42,8 @@ export function withStaves(mei, shown) {
   parseXml(mei, {
     open(tag) {
       if (tag.name === 'staffGrp') groups.push({ hasStaves: false });
-      if (tag.name === 'staffDef' && shown.has(Number(tag.attributes.n))) groups.forEach((group) => (group.hasStaves = true));
+      if (tag.name === 'staffDef' && shown.has(Number(tag.attributes.n)))
+        groups.forEach((group) => (group.hasStaves = true));
       if (isOfOthers(tag, shown) && ofAllStaves.has(tag.name)) edits.push(movedToFirst(mei, tag, shown));
     },
     close(tag) {

@@ -5,15 +5,15 @@ import { readStructure } from './structure.js';
 // What is no name in XML is in no list of identifiers without doubt either.
 const plain = /^[A-Za-z_][\w.-]*$/;
 
-// Each `<note>` element in document order, with `id`, its own or a made one; `start` and `end`, the place of its start tag;
-// `line`; `hidden`, whether it has no ledger lines; `isRest`; `part`, an index; `staff`, from 1 through all parts; and
-// `measure`, from 1 in their order. No two notes have the same identifier.
+// Each `<note>` element in document order, with `id`, its own or a made one; `start` and `end`, the place of its start
+// tag; `line`; `hidden`, whether it has no ledger lines; `isRest`; `part`, an index; `staff`, from 1 through all
+// parts; and `measure`, from 1 in their order. No two notes have the same identifier.
 export function readNotes(xml) {
   return withIds(readStructure(xml)).notes;
 }
 
-// The text with these identifiers put in, in the notes and in the measures of the first part. It is for the engraving: a
-// file is never changed so.
+// The text with these identifiers put in, in the notes and in the measures of the first part. It is for the engraving:
+// a file is never changed so.
 export function putIdsIn(xml) {
   return textWithIds(withIds(readStructure(xml)));
 }
@@ -23,7 +23,11 @@ export function withIds(structure) {
   const { ids } = structure;
   const identified = (list, stem) =>
     list.map((element, index) => ({ ...element, id: idOf(element, ids) ?? madeId(`${stem}${index + 1}`, ids) }));
-  return { ...structure, notes: identified(structure.notes, 'note-'), measures: identified(structure.measures, 'measure-') };
+  return {
+    ...structure,
+    notes: identified(structure.notes, 'note-'),
+    measures: identified(structure.measures, 'measure-'),
+  };
 }
 
 function idOf({ id }, ids) {
@@ -49,6 +53,8 @@ export function textWithIds({ xml, notes, measures }) {
 }
 
 function tagWithId(tag, id) {
-  const withoutId = tag.replace(/\s+([^\s=]+)\s*=\s*("[^"]*"|'[^']*')/g, (attribute, name) => (name === 'id' ? '' : attribute));
+  const withoutId = tag.replace(/\s+([^\s=]+)\s*=\s*("[^"]*"|'[^']*')/g, (attribute, name) =>
+    name === 'id' ? '' : attribute,
+  );
   return withoutId.replace(/^<[^\s/>]+/, `$& id="${id}"`);
 }

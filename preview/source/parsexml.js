@@ -10,9 +10,10 @@ const maxDepth = 256;
 // What the parser has to say of a document that ends before its root element does.
 const endings = /^(unclosed tag|unexpected end|document must contain a root element)/;
 
-// Calls `open(tag)`, `close(tag)` and `text(text)` as far as the handlers have them, in document order. A tag has `name`,
-// `attributes`, `start` and `end` (of its start tag, as indices of the text), `line` and `column` of the start, from 1,
-// `depth`, 1 for the root element, and once it is closed, `close`: `start`, `end`, `line` and `column` of its end tag.
+// Calls `open(tag)`, `close(tag)` and `text(text)` as far as the handlers have them, in document order. A tag has
+// `name`, `attributes`, `start` and `end` (of its start tag, as indices of the text), `line` and `column` of the
+// start, from 1, `depth`, 1 for the root element, and once it is closed, `close`: `start`, `end`, `line` and `column`
+// of its end tag.
 export function parseXml(xml, handlers) {
   const parser = new SaxesParser();
   const placeNow = () => ({ line: parser.line, column: Math.max(parser.column, 1) });

@@ -1,7 +1,7 @@
 // Staves and measures in words.
 
-// The name of a staff: that of its part, with the number of the staff where the part has several, or no name, or one that
-// another part has too. These are the numbers that --staves takes.
+// The name of a staff: that of its part, with the number of the staff where the part has several, or no name, or one
+// that another part has too. These are the numbers that --staves takes.
 export function staffNames({ parts }) {
   const names = [];
   for (const part of parts) {

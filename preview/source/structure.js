@@ -11,9 +11,10 @@ const maxStaves = 32767;
 const maxMeasures = 32767;
 
 // `parts` have `name`, `firstStaff` and `staves`; staves count from 1 through all parts. `measures` have the printed
-// `number`, the `id` if they have one, and the place of the start tag in the first part. `notes` have the `id` that they
-// have in the score, the place of the start tag, `hidden`, and the indices or numbers of `part`, `staff` and `measure`.
-// All places are in `xml`, which is the given one unless that declares entities. `ids` has how often each is there.
+// `number`, the `id` if they have one, and the place of the start tag in the first part. `notes` have the `id` that
+// they have in the score, the place of the start tag, `hidden`, and the indices or numbers of `part`, `staff` and
+// `measure`. All places are in `xml`, which is the given one unless that declares entities. `ids` has how often each
+// is there.
 export function readStructure(given) {
   const xml = expandEntities(given);
   const reader = new Reader();
@@ -148,7 +149,15 @@ class Reader {
     }
     for (const note of this.#notes) note.staff += parts[note.part].firstStaff - 1;
     const title = this.#titles['work/work-title'] || this.#titles['movement-title'] || '';
-    return { title, timewise: this.#timewise, parts, staves, measures: this.#measures, notes: this.#notes, ids: this.#ids };
+    return {
+      title,
+      timewise: this.#timewise,
+      parts,
+      staves,
+      measures: this.#measures,
+      notes: this.#notes,
+      ids: this.#ids,
+    };
   }
 }
 

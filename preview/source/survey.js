@@ -2,16 +2,18 @@
 
 import { ownersOfLines } from './dashes.js';
 
-// What becomes of the line that belongs to these notes: it is hidden when each of them is. `isHidden` and `wasHidden` tell
-// of an identifier whether its note has no ledger lines, now and in an earlier version; without one, the latter is null.
+// What becomes of the line that belongs to these notes: it is hidden when each of them is. `isHidden` and `wasHidden`
+// tell of an identifier whether its note has no ledger lines, now and in an earlier version; without one, the latter
+// is null.
 export function stateOf(ids, isHidden, wasHidden) {
   const now = ids.every(isHidden);
   const before = wasHidden === null ? now : ids.every(wasHidden);
   return { isHidden: now, hasGone: now && !before, hasCome: before && !now };
 }
 
-// `lines` counts those of all pages, `hidden` those that are hidden now, `gone` and `come` those that differ. `places` are
-// the staves in measures where any line is hidden or differs, in the order of reading, with the same counts for each.
+// `lines` counts those of all pages, `hidden` those that are hidden now, `gone` and `come` those that differ. `places`
+// are the staves in measures where any line is hidden or differs, in the order of reading, with the same counts for
+// each.
 export function surveyOf(pages, notes, isHidden, wasHidden) {
   const byId = new Map(notes.map((note) => [note.id, note]));
   const total = { lines: 0, hidden: 0, gone: 0, come: 0 };

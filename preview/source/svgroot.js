@@ -6,7 +6,8 @@ export function sizeOf(page) {
   return { width: Number(width), height: Number(height) };
 }
 
-// The page with other identifiers, so that it can be in one document with others: all of them end with that of the root.
+// The page with other identifiers, so that it can be in one document with others: all of them end with that of the
+// root.
 export function withIdSuffix(page, suffix) {
   const [, id] = /^<svg [^>]*\bid="([^"]*)"/.exec(page);
   return page.replaceAll(id, id + suffix);

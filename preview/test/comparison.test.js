@@ -12,7 +12,10 @@ function compare(before, after) {
 
 test('two versions may differ in print-leger', async () => {
   assert.deepEqual(await compare(scoreOf([note('C6', hidden) + note('E6')]), plain), [true, false]);
-  assert.deepEqual(await compare(plain, scoreOf([note('C6', 'print-leger="yes"') + note('E6', hidden)])), [false, false]);
+  assert.deepEqual(await compare(plain, scoreOf([note('C6', 'print-leger="yes"') + note('E6', hidden)])), [
+    false,
+    false,
+  ]);
 });
 
 test('blanks between elements, comments, and how attributes are written do not count', async () => {
@@ -25,7 +28,12 @@ test('blanks between elements, comments, and how attributes are written do not c
 // The place is that of the tag, or of the one after a text.
 const differences = [
   ['a text', ['<step>E</step>', '<step>F</step>'], 'F|</step>', '"F" here, "E" in line 6 there'],
-  ['an attribute', ['<note>', '<note dynamics="90">'], '|<note dynamics', '<note dynamics="90"> here, <note> in line 6 there'],
+  [
+    'an attribute',
+    ['<note>', '<note dynamics="90">'],
+    '|<note dynamics',
+    '<note dynamics="90"> here, <note> in line 6 there',
+  ],
   [
     'print-leger elsewhere',
     ['<pitch>', '<pitch print-leger="no">'],

@@ -4,14 +4,17 @@ import { test } from 'node:test';
 import { dashesOf, ownersOfLines, withLedgerLines } from '../source/dashes.js';
 
 function dash(related, y) {
-  return `<g data-class="lineDash" class="lineDash" data-related="${related}"><path d="M100 ${y} L300 ${y}" stroke-width="22"/></g>`;
+  const path = `<path d="M100 ${y} L300 ${y}" stroke-width="22"/>`;
+  return `<g data-class="lineDash" class="lineDash" data-related="${related}">${path}</g>`;
 }
 
 const restLine = '<g data-class="ledgerLines" class="ledgerLines"><path d="M-50 900 L150 900" stroke-width="22"/></g>';
-const rest = `<g data-id="r" data-class="rest" class="rest"><use xlink:href="#E4E4" transform="translate(0, 900)"/>${restLine}</g>`;
+const glyph = '<use xlink:href="#E4E4" transform="translate(0, 900)"/>';
+const rest = `<g data-id="r" data-class="rest" class="rest">${glyph}${restLine}</g>`;
 
 function pageOf(above, cue) {
-  const groups = `<g data-class="ledgerLines" class="ledgerLines above">${above}</g><g data-class="ledgerLines" class="ledgerLines above cue">${cue}</g>`;
+  const group = (classes, lines) => `<g data-class="ledgerLines" class="${classes}">${lines}</g>`;
+  const groups = group('ledgerLines above', above) + group('ledgerLines above cue', cue);
   return `<svg><g data-class="staff"><path d="M0 0 L1 1"/>${groups}${rest}</g></svg>`;
 }
 
@@ -26,7 +29,10 @@ test('a ledger line of a rest belongs to the rest', () => {
 });
 
 test('a page whose lines are all wanted stays as it is', () => {
-  assert.equal(withLedgerLines(page, () => ({ line: '', mark: null })), page);
+  assert.equal(
+    withLedgerLines(page, () => ({ line: '', mark: null })),
+    page,
+  );
 });
 
 test('lines are left out, and others get classes', () => {
@@ -42,7 +48,10 @@ test('marks are under all that is drawn in their place', () => {
   const drawn = withLedgerLines(page, (notes) => ({ line: notes[0] === 'r' ? null : '', mark: 'mark' }));
   const mark = (x, y) => `<g class="mark"><rect x="${x}" y="${y}" width="280" height="200"/></g>`;
   const expected = page
-    .replace('<g data-class="ledgerLines"', `${mark(60, 620)}${mark(60, 440)}${mark(60, 620)}<g data-class="ledgerLines"`)
+    .replace(
+      '<g data-class="ledgerLines"',
+      `${mark(60, 620)}${mark(60, 440)}${mark(60, 620)}<g data-class="ledgerLines"`,
+    )
     .replace('<g data-id="r"', `${mark(-90, 800)}<g data-id="r"`)
     .replace(restLine, '');
   assert.equal(drawn, expected);

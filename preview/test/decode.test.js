@@ -6,7 +6,11 @@ import { decode } from '../source/decode.js';
 const text = '<?xml version="1.0"?><a>Flöte</a>';
 
 function declared(encoding, content) {
-  return Buffer.concat([Buffer.from(`<?xml version="1.0" encoding="${encoding}"?><a>`), Buffer.from(content), Buffer.from('</a>')]);
+  return Buffer.concat([
+    Buffer.from(`<?xml version="1.0" encoding="${encoding}"?><a>`),
+    Buffer.from(content),
+    Buffer.from('</a>'),
+  ]);
 }
 
 function contentOf(bytes) {

@@ -4,7 +4,16 @@ import { test } from 'node:test';
 import { dashesOf, engrave, engraveAll } from '../source/engraving.js';
 import { ownersOfLines } from '../source/dashes.js';
 import { readNotes } from '../source/notes.js';
-import { hidden, isOnStaff, note, pianoDashes, pianoRestLines, sampleText, scoreOf, withHidden } from './support/scores.js';
+import {
+  hidden,
+  isOnStaff,
+  note,
+  pianoDashes,
+  pianoRestLines,
+  sampleText,
+  scoreOf,
+  withHidden,
+} from './support/scores.js';
 
 const piano = sampleText('piano.musicxml');
 
@@ -32,12 +41,18 @@ async function dashesIn(measure) {
 }
 
 test('a score has the ledger lines that its pitches need', async () => {
-  assert.deepEqual(await countsIn(piano), expectedCounts(() => true));
+  assert.deepEqual(
+    await countsIn(piano),
+    expectedCounts(() => true),
+  );
 });
 
 test('hidden notes have none, and all others keep theirs', async () => {
   const upperHidden = withHidden(piano, isOnStaff(1));
-  assert.deepEqual(await countsIn(upperHidden), expectedCounts(({ staff }) => staff === 2));
+  assert.deepEqual(
+    await countsIn(upperHidden),
+    expectedCounts(({ staff }) => staff === 2),
+  );
   const allHidden = withHidden(piano, () => true);
   assert.deepEqual(await countsIn(allHidden), {});
 });
@@ -62,7 +77,9 @@ test('hidden lines are drawn with the class "ghost"', async () => {
   const dashes = pianoDashes.filter(isUpper).reduce((sum, place) => sum + place.dashes, 0);
   assert.equal(page.split('class="lineDash ghost"').length - 1, dashes);
   assert.equal(page.split(' class="ledgerLines ghost"').length - 1, pianoRestLines.length);
-  const withoutGhosts = page.replaceAll('lineDash ghost"', 'lineDash"').replaceAll('ledgerLines ghost"', 'ledgerLines"');
+  const withoutGhosts = page
+    .replaceAll('lineDash ghost"', 'lineDash"')
+    .replaceAll('ledgerLines ghost"', 'ledgerLines"');
   assert.equal(withoutGhosts, (await engrave(piano))[0]);
 });
 
@@ -91,7 +108,12 @@ test('parts within measures are engraved', async () => {
   const timewise = sampleText('duo-timewise.musicxml');
   // A5, C6, E6, A6 and C7 in the treble clef, the first and the fourth hidden; C2 and A1 in the bass clef.
   assert.deepEqual(await countsIn(timewise), { '1 1': 2 + 3, '2 1': 5, '1 2': 2, '2 2': 3 });
-  assert.deepEqual(await countsIn(timewise, { hidden: 'keep' }), { '1 1': 1 + 2 + 3, '2 1': 4 + 5, '1 2': 2, '2 2': 3 });
+  assert.deepEqual(await countsIn(timewise, { hidden: 'keep' }), {
+    '1 1': 1 + 2 + 3,
+    '2 1': 4 + 5,
+    '1 2': 2,
+    '2 2': 3,
+  });
 });
 
 test('a score gives the same pages every time', async () => {
@@ -102,9 +124,15 @@ test('a score gives the same pages every time', async () => {
 
 test('measures are those of the order, and staves those of all parts', async () => {
   const lower = { measures: { first: 1, last: 2 }, staves: { first: 2, last: 2 } };
-  assert.deepEqual(await countsIn(piano, lower), expectedCounts(({ measure, staff }) => measure <= 2 && staff === 2));
+  assert.deepEqual(
+    await countsIn(piano, lower),
+    expectedCounts(({ measure, staff }) => measure <= 2 && staff === 2),
+  );
   const last = { measures: { first: 3, last: 9 }, staves: null };
-  assert.deepEqual(await countsIn(piano, last), expectedCounts(({ measure }) => measure >= 3));
+  assert.deepEqual(
+    await countsIn(piano, last),
+    expectedCounts(({ measure }) => measure >= 3),
+  );
 });
 
 test('staves with notes of the same voice are shown together', async () => {
@@ -126,10 +154,12 @@ test('a range out of the score: refused with how many there are', async () => {
   const refused = { status: 2 };
   const fifth = { first: 5, last: null };
   await assert.rejects(engrave(piano, { measures: fifth }), {
-    ...refused, message: 'the passage starts at measure 5, but the score has only 4',
+    ...refused,
+    message: 'the passage starts at measure 5, but the score has only 4',
   });
   await assert.rejects(engrave(piano, { staves: fifth }), {
-    ...refused, message: 'the passage starts at staff 5, but the score has only 2',
+    ...refused,
+    message: 'the passage starts at staff 5, but the score has only 2',
   });
 });
 
@@ -141,5 +171,8 @@ test('a score without measures: refused', async () => {
 test('after a score that Verovio crashes with, the next one is engraved', async () => {
   const broken = piano.replace('<staves>2</staves>', '<staves>0</staves>');
   await assert.rejects(engrave(broken), { message: /^Verovio crashes with this score: /, status: 2 });
-  assert.deepEqual(await countsIn(piano), expectedCounts(() => true));
+  assert.deepEqual(
+    await countsIn(piano),
+    expectedCounts(() => true),
+  );
 });

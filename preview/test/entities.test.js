@@ -87,8 +87,20 @@ test('entities that refer to others too deep: refused', () => {
   assert.throws(() => expanded(`<!ENTITY x0 "0">${chain.join('')}`, '&x101;'), { message });
 });
 
+test('megabytes that are not well formed take no time to speak of', () => {
+  for (const text of ['<!--', '<![CDATA[', '<?a', '<a "', '<a', '&a']) {
+    const content = `&x;${text.repeat(1 << 20)}`;
+    assert.equal(expanded('<!ENTITY x "1">', content), `<a>1${text.repeat(1 << 20)}</a>`);
+  }
+});
+
 test('an entity hides ledger lines', () => {
   const doctype = '<!DOCTYPE score-partwise [<!ENTITY no "no">]>';
-  const notes = readNotes(scoreOf([note('C6', 'print-leger="&no;"') + note('C6', 'print-leger="&#110;o"')], { doctype }));
-  assert.deepEqual(notes.map((each) => each.hidden), [true, true]);
+  const notes = readNotes(
+    scoreOf([note('C6', 'print-leger="&no;"') + note('C6', 'print-leger="&#110;o"')], { doctype }),
+  );
+  assert.deepEqual(
+    notes.map((each) => each.hidden),
+    [true, true],
+  );
 });

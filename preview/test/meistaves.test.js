@@ -7,7 +7,8 @@ const mei = `<mei><scoreDef><staffGrp><staffGrp><label>Piano</label><staffDef n=
 <staffGrp><label>Cello</label><staffDef n="3"/></staffGrp></staffGrp></scoreDef><section>
 <measure xml:id="m1"><staff n="1"><layer><note/></layer></staff><staff n="2"/><staff n="3"/>
 <tempo staff="1">Largo</tempo><dynam staff="2"/><dir staff="2 3"/><slur startid="#a"/></measure>
-<measure xml:id="m2"><staff n="1"><layer><note staff="2"/></layer></staff><staff n="2"/><staff n="3"><layer><note staff="3"/></layer></staff></measure>
+<measure xml:id="m2"><staff n="1"><layer><note staff="2"/></layer></staff>
+<staff n="2"/><staff n="3"><layer><note staff="3"/></layer></staff></measure>
 </section></mei>`;
 
 test('the other staves go, with what belongs to them and groups that have none left', () => {
@@ -15,7 +16,8 @@ test('the other staves go, with what belongs to them and groups that have none l
 <staffGrp><label>Cello</label><staffDef n="3"/></staffGrp></staffGrp></scoreDef><section>
 <measure xml:id="m1"><staff n="3"/>
 <tempo staff="3">Largo</tempo><dir staff="2 3"/><slur startid="#a"/></measure>
-<measure xml:id="m2"><staff n="3"><layer><note staff="3"/></layer></staff></measure>
+<measure xml:id="m2">
+<staff n="3"><layer><note staff="3"/></layer></staff></measure>
 </section></mei>`;
   assert.equal(withStaves(mei, new Set([3])), expected);
 });

@@ -15,26 +15,54 @@ test('notes have their places, also after others', () => {
   const [first, second, third] = readNotes(xml);
   const start = xml.indexOf('<note>');
   assert.deepEqual(first, {
-    id: 'note-1', start, end: start + 6, line: 6, hidden: false, isRest: false, part: 0, staff: 1, measure: 1,
+    id: 'note-1',
+    start,
+    end: start + 6,
+    line: 6,
+    hidden: false,
+    isRest: false,
+    part: 0,
+    staff: 1,
+    measure: 1,
   });
   assert.equal(second.isRest, true);
   const last = xml.lastIndexOf('<note ');
   assert.deepEqual(third, {
-    id: 'note-3', start: last, end: last + 23, line: 7, hidden: true, isRest: false, part: 0, staff: 1, measure: 2,
+    id: 'note-3',
+    start: last,
+    end: last + 23,
+    line: 7,
+    hidden: true,
+    isRest: false,
+    part: 0,
+    staff: 1,
+    measure: 2,
   });
 });
 
 test('staves count through all parts', () => {
   const notes = readNotes(sampleText('winds.musicxml'));
   const staffOfPart = new Map(notes.map(({ part, staff }) => [part, staff]));
-  assert.deepEqual([...staffOfPart], [[0, 1], [1, 2], [2, 3]]);
+  assert.deepEqual(
+    [...staffOfPart],
+    [
+      [0, 1],
+      [1, 2],
+      [2, 3],
+    ],
+  );
 });
 
 test('a part has as many staves as it states, or as its notes need', () => {
   const onStaff = (staff) => note('C6').replace('</note>', `<staff>${staff}</staff></note>`);
   const part = (id, content) => `<part id="${id}"><measure number="1">${content}</measure></part>`;
-  const xml = `<score-partwise>${part('A', '<attributes><staves>2</staves></attributes>' + onStaff(1))}${part('B', onStaff(3) + onStaff(1))}${part('C', note('C6'))}</score-partwise>`;
-  assert.deepEqual(readNotes(xml).map(({ staff }) => staff), [1, 5, 3, 6]);
+  const two = '<attributes><staves>2</staves></attributes>';
+  const parts = part('A', two + onStaff(1)) + part('B', onStaff(3) + onStaff(1)) + part('C', note('C6'));
+  const xml = `<score-partwise>${parts}</score-partwise>`;
+  assert.deepEqual(
+    readNotes(xml).map(({ staff }) => staff),
+    [1, 5, 3, 6],
+  );
 });
 
 test('parts within measures are the same', () => {
@@ -58,8 +86,14 @@ test('made identifiers are no one else’s', () => {
 });
 
 test('identifiers are put into notes and the measures of the first part, and nothing else', () => {
-  const xml = '<score-partwise><part id="A"><measure number="1"><note/><note default-x="1" id = \'a b\'\n dynamics="2"></note></measure></part><part id="B"><measure id="m"><note id="c"/></measure></part></score-partwise>';
-  const expected = '<score-partwise><part id="A"><measure id="measure-1" number="1"><note id="note-1"/><note id="note-2" default-x="1"\n dynamics="2"></note></measure></part><part id="B"><measure id="m"><note id="c"/></measure></part></score-partwise>';
+  const xml = `<score-partwise>
+<part id="A"><measure number="1"><note/><note default-x="1" id = 'a b'
+ dynamics="2"></note></measure></part>
+<part id="B"><measure id="m"><note id="c"/></measure></part></score-partwise>`;
+  const expected = `<score-partwise>
+<part id="A"><measure id="measure-1" number="1"><note id="note-1"/><note id="note-2" default-x="1"
+ dynamics="2"></note></measure></part>
+<part id="B"><measure id="m"><note id="c"/></measure></part></score-partwise>`;
   assert.equal(putIdsIn(xml), expected);
 });
 

@@ -7,7 +7,16 @@ import { after, test } from 'node:test';
 
 import { closeBrowser, noBrowser, openPage } from './support/browser.js';
 import { run } from './support/program.js';
-import { hidden, isOnStaff, note, pianoDashes, pianoRestLines, sampleText, scoreOf, withHidden } from './support/scores.js';
+import {
+  hidden,
+  isOnStaff,
+  note,
+  pianoDashes,
+  pianoRestLines,
+  sampleText,
+  scoreOf,
+  withHidden,
+} from './support/scores.js';
 
 const piano = sampleText('piano.musicxml');
 const upperHidden = withHidden(piano, isOnStaff(1));
@@ -111,16 +120,25 @@ function textOf(page, selector) {
 }
 
 function click(page, selector) {
-  return page.run((each) => document.querySelector(each).dispatchEvent(new MouseEvent('click', { bubbles: true, cancelable: true })), selector);
+  return page.run(
+    (each) => document.querySelector(each).dispatchEvent(new MouseEvent('click', { bubbles: true, cancelable: true })),
+    selector,
+  );
 }
 
 test('a key shows the version before, and the one after again', inBrowser, async (context) => {
   const page = await pageOf(context, upperHidden, piano);
   assert.deepEqual(await seen(page), [shownAfter]);
-  assert.deepEqual(await linesByPlace(page), expectedByPlace((staff) => staff === 2));
+  assert.deepEqual(
+    await linesByPlace(page),
+    expectedByPlace((staff) => staff === 2),
+  );
   await page.press('b');
   assert.deepEqual(await seen(page), [shownBefore]);
-  assert.deepEqual(await linesByPlace(page), expectedByPlace(() => true));
+  assert.deepEqual(
+    await linesByPlace(page),
+    expectedByPlace(() => true),
+  );
   await page.press('B');
   assert.deepEqual(await seen(page), [shownAfter]);
 });
@@ -257,15 +275,24 @@ test('the map has a place for each measure of a staff where lines differ', inBro
     ]),
   );
   const lines = [25, 22, 9, 6];
-  const places = lines.map((count, index) => `differs Piano, staff 1, measure ${index + 1}: ${count} ledger lines hidden`);
-  assert.deepEqual(rows, [['Piano, staff 1', places], ['Piano, staff 2', []]]);
+  const places = lines.map(
+    (count, index) => `differs Piano, staff 1, measure ${index + 1}: ${count} ledger lines hidden`,
+  );
+  assert.deepEqual(rows, [
+    ['Piano, staff 1', places],
+    ['Piano, staff 2', []],
+  ]);
   await click(page, '.map a:nth-of-type(3)');
   assert.equal(await textOf(page, '.list [aria-current="true"]'), 'Piano, staff 1, measure 3');
 });
 
 test('the map leads to lines that were hidden before, too, and the list does not', inBrowser, async (context) => {
   const earlier = withHidden(piano, isOnStaff(2));
-  const page = await pageOf(context, withHidden(piano, () => true), earlier);
+  const page = await pageOf(
+    context,
+    withHidden(piano, () => true),
+    earlier,
+  );
   assert.equal(await page.run(() => document.querySelectorAll('.list a').length), 4);
   assert.equal(await page.run(() => document.querySelectorAll('.map tbody tr:last-child a.hidden').length), 4);
   await click(page, '.map tbody tr:last-child a');
@@ -316,10 +343,20 @@ test('all of it can be reached with the keyboard, and shows where one is', inBro
     );
   }
   const names = [
-    'After', 'Both', 'Marks', '−', '+', 'Usual size', 'Previous difference', 'Next difference',
+    'After',
+    'Both',
+    'Marks',
+    '−',
+    '+',
+    'Usual size',
+    'Previous difference',
+    'Next difference',
     ...[1, 2, 3, 4].map((measure) => `Piano, staff 1, measure ${measure}`),
   ];
-  assert.deepEqual(reached, names.map((name) => [name, 'solid', '3px']));
+  assert.deepEqual(
+    reached,
+    names.map((name) => [name, 'solid', '3px']),
+  );
   await page.press('Enter');
   assert.equal(await textOf(page, '.list [aria-current="true"]'), 'Piano, staff 1, measure 4');
 });
@@ -407,23 +444,29 @@ test('the page is light or dark, as the reader’s system', inBrowser, async (co
 
 test('the page asks for nothing but itself', inBrowser, async (context) => {
   // The sign in the tempo needs the font of the music.
-  const tempo = '<direction><direction-type><metronome><beat-unit>quarter</beat-unit><per-minute>60</per-minute></metronome></direction-type></direction>';
+  const metronome = '<metronome><beat-unit>quarter</beat-unit><per-minute>60</per-minute></metronome>';
+  const tempo = `<direction><direction-type>${metronome}</direction-type></direction>`;
   const file = fileOf(scoreOf([tempo + note('A5', hidden)]), scoreOf([tempo + note('A5')]));
   const page = await open(context, file);
   for (const key of 'b2n') await page.press(key);
   const schemes = new Set(page.requests.map((url) => url.slice(0, url.indexOf(':'))));
   assert.deepEqual([...schemes].sort(), ['data', 'file']);
   assert.equal(page.requests.filter((url) => url.startsWith('file:')).length, 1);
-  const addresses = new Set(Array.from(readFileSync(file, 'utf8').matchAll(/https?:[^"' )]*/g), ([address]) => address));
+  const addresses = new Set(
+    Array.from(readFileSync(file, 'utf8').matchAll(/https?:[^"' )]*/g), ([address]) => address),
+  );
   assert.deepEqual([...addresses].sort(), ['http://www.w3.org/1999/xlink', 'http://www.w3.org/2000/svg']);
 });
 
 test('whatever is in a score is text', inBrowser, async (context) => {
-  const hostile = '</title></svg></style>]]><script>window.ran = true</script><img src=x onerror="window.ran = true">"\'&lt;';
+  const hostile =
+    '</title></svg></style>]]><script>window.ran = true</script><img src=x onerror="window.ran = true">"\'&lt;';
   const inXml = hostile.replace(/&/g, '&amp;').replace(/</g, '&lt;').replace(/>/g, '&gt;').replace(/"/g, '&quot;');
   const lyric = `<lyric><syllabic>single</syllabic><text>${inXml}</text></lyric>`;
-  const score = scoreOf([note('A5', `${hidden} id="${inXml}"`).replace('</note>', `${lyric}</note>`)], { title: inXml, name: inXml })
-    .replace('number="1"', `number="${inXml}"`);
+  const score = scoreOf([note('A5', `${hidden} id="${inXml}"`).replace('</note>', `${lyric}</note>`)], {
+    title: inXml,
+    name: inXml,
+  }).replace('number="1"', `number="${inXml}"`);
   const page = await pageOf(context, score, score.replace(hidden, ''));
   assert.equal(await textOf(page, 'h1'), hostile);
   assert.equal(await page.run(() => document.title), `${hostile}: ledger lines before and after`);
@@ -468,7 +511,8 @@ test('the page has a language, a title and one heading of the first level', inBr
   const page = await pageOf(context, upperHidden, piano);
   assert.equal(await page.run(() => document.documentElement.lang), 'en');
   assert.equal(await page.run(() => document.title), 'Study for the Ledger Lines: ledger lines before and after');
-  const headings = () => Array.from(document.querySelectorAll('h1, h2, h3'), (each) => `${each.localName} ${each.textContent}`);
+  const headings = () =>
+    Array.from(document.querySelectorAll('h1, h2, h3'), (each) => `${each.localName} ${each.textContent}`);
   const expected = ['h1 Study for the Ledger Lines', 'h2 Where ledger lines differ', 'h2 4 differences'];
   assert.deepEqual(await page.run(headings), expected);
 });

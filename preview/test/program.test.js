@@ -91,9 +91,15 @@ test('pictures of several pages are numbered', (context) => {
   assert.ok(names.length > 1);
   assert.deepEqual(names.sort(), names.map((_, index) => `long-${index + 1}.svg`).sort());
   const others = names.length === 2 ? '1 further page' : `${names.length - 1} further pages`;
-  assert.equal(stdout, `long.xml: 300 ledger lines, none of them hidden, written to new/pictures/long-1.svg and ${others}\n`);
+  assert.equal(
+    stdout,
+    `long.xml: 300 ledger lines, none of them hidden, written to new/pictures/long-1.svg and ${others}\n`,
+  );
   const dashes = names.map((name) => dashesIn(read(folder, join('new/pictures', name))));
-  assert.equal(dashes.reduce((sum, count) => sum + count), 300);
+  assert.equal(
+    dashes.reduce((sum, count) => sum + count),
+    300,
+  );
 });
 
 test('several scores go into a folder, also after one that cannot be used', (context) => {
@@ -166,8 +172,12 @@ test('help and version', (context) => {
   const help = run(folder, ['-h']);
   assert.match(help.stdout, /^Usage: brvhost-preview SCORE\.\.\. /);
   assert.deepEqual(run(folder, ['--help', 'nothing.xml']), help);
-  assert.deepEqual(help.stdout.split('\n').filter((line) => line.length > 100), []);
-  const versionOf = (name) => JSON.parse(readFileSync(new URL(`../${name}package.json`, import.meta.url), 'utf8')).version;
+  assert.deepEqual(
+    help.stdout.split('\n').filter((line) => line.length > 100),
+    [],
+  );
+  const versionOf = (name) =>
+    JSON.parse(readFileSync(new URL(`../${name}package.json`, import.meta.url), 'utf8')).version;
   const version = `brvhost-preview ${versionOf('')}, with Verovio ${versionOf('node_modules/verovio/')}`;
   assert.deepEqual(run(folder, ['--version']), done(version));
 });
@@ -216,13 +226,13 @@ const unusable = [
   [['short.xml', '--measures', '2'], 'short.xml: the passage starts at measure 2, but the score has only 1'],
   [
     ['short.xml', '--before', 'other.xml'],
-    'other.xml:3:9: differs from short.xml in more than print-leger: <movement-title> here, <work-title> in line 3 there',
+    'other.xml:3:9: differs from short.xml in more than print-leger: <opus> here, <work-title> in line 3 there',
   ],
 ];
 
 for (const [args, message] of unusable) {
   test(`a score that cannot be used: ${message}`, (context) => {
-    const other = short.replace('<work><work-title>', '<work><movement-title>').replace('</work-title>', '</movement-title>');
+    const other = short.replace('<work-title>', '<opus>').replace('</work-title>', '</opus>');
     const folder = folderFor(context, { 'cut.xml': '<score-partwise>\n<part', 'short.xml': short, 'other.xml': other });
     assert.deepEqual(run(folder, args), failed(message));
     assert.deepEqual(readdirSync(folder), ['cut.xml', 'other.xml', 'short.xml']);

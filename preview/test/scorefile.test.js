@@ -7,7 +7,8 @@ import { readScore } from '../source/scorefile.js';
 import { folderFor } from './support/program.js';
 import { zipOf } from './support/zip.js';
 
-const container = '<container><rootfiles><rootfile full-path="/music/one.xml"/><rootfile full-path="two.xml"/></rootfiles></container>';
+const container =
+  '<container><rootfiles><rootfile full-path="/music/one.xml"/><rootfile full-path="two.xml"/></rootfiles></container>';
 
 function archiveOf(members) {
   return zipOf({ mimetype: 'application/vnd.recordare.musicxml', ...members });
@@ -53,7 +54,11 @@ function withMuchToUnpack(archive) {
 const whole = archiveOf({ 'META-INF/container.xml': container, 'music/one.xml': '<one/>' });
 const refused = [
   ['an empty file', '', 'the file is empty'],
-  ['an archive without a container', archiveOf({ 'one.xml': '<one/>' }), 'the archive has no member META-INF/container.xml'],
+  [
+    'an archive without a container',
+    archiveOf({ 'one.xml': '<one/>' }),
+    'the archive has no member META-INF/container.xml',
+  ],
   [
     'a container that names no score',
     archiveOf({ 'META-INF/container.xml': '<container/>' }),
@@ -64,18 +69,18 @@ const refused = [
     archiveOf({ 'META-INF/container.xml': '<container' }),
     'META-INF/container.xml:1:10: the XML ends too early',
   ],
-  ['an archive without the score', archiveOf({ 'META-INF/container.xml': container }), 'the archive has no member /music/one.xml'],
+  [
+    'an archive without the score',
+    archiveOf({ 'META-INF/container.xml': container }),
+    'the archive has no member /music/one.xml',
+  ],
   [
     'an archive that is cut off',
     whole.subarray(0, 200),
     'not a readable .mxl archive: End of central directory record signature not found',
   ],
   ['a member of two gigabytes', withMuchToUnpack(whole), '/music/one.xml unpacks to more than 268435456 bytes'],
-  [
-    'a damaged member',
-    damaged(whole),
-    'not a readable .mxl archive: /music/one.xml: its checksum does not match',
-  ],
+  ['a damaged member', damaged(whole), 'not a readable .mxl archive: /music/one.xml: its checksum does not match'],
 ];
 
 for (const [name, content, message] of refused) {
@@ -90,7 +95,11 @@ test('what is no file: refused', async (context) => {
   const folder = folderFor(context);
   mkdirSync(join(folder, 'folder.xml'));
   writeFileSync(join(folder, 'file'), '');
-  const reasons = { 'missing.xml': 'No such file or directory', 'folder.xml': 'is a folder, not a score', 'file/a.xml': 'Not a directory' };
+  const reasons = {
+    'missing.xml': 'No such file or directory',
+    'folder.xml': 'is a folder, not a score',
+    'file/a.xml': 'Not a directory',
+  };
   for (const [name, reason] of Object.entries(reasons)) {
     await assert.rejects(readScore(join(folder, name)), { message: `${join(folder, name)}: ${reason}`, status: 2 });
   }

@@ -23,7 +23,8 @@ test('a line differs when it is hidden in one version alone', () => {
 
 function pageWith(...owners) {
   const dashes = owners.map(
-    (ids) => `<g data-class="lineDash" class="lineDash" data-related="${ids}"><path d="M0 0 L9 0" stroke-width="22"/></g>`,
+    (ids) =>
+      `<g data-class="lineDash" class="lineDash" data-related="${ids}"><path d="M0 0 L9 0" stroke-width="22"/></g>`,
   );
   return `<svg><g data-class="ledgerLines" class="ledgerLines above">${dashes.join('')}</g></svg>`;
 }

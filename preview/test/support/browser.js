@@ -13,7 +13,8 @@ export const noBrowser = spawnSync(program, ['--version']).status === 0 ? false 
 
 let browser = null;
 
-// A page that shows the file, at the place that a fragment names. All pages are in one browser, which closeBrowser ends.
+// A page that shows the file, at the place that a fragment names. All pages are in one browser, which closeBrowser
+// ends.
 export async function openPage(path, { width = 1400, height = 900, fragment = '' } = {}) {
   browser ??= new Browser();
   const { targetId } = await browser.call('Target.createTarget', { url: 'about:blank' });
@@ -116,7 +117,11 @@ class Page {
   // The value of a function of the page's, which takes values that JSON can have.
   async run(work, ...args) {
     const expression = `(${work})(...${JSON.stringify(args)})`;
-    const { result, exceptionDetails } = await this.call('Runtime.evaluate', { expression, returnByValue: true, awaitPromise: true });
+    const { result, exceptionDetails } = await this.call('Runtime.evaluate', {
+      expression,
+      returnByValue: true,
+      awaitPromise: true,
+    });
     if (exceptionDetails !== undefined) throw new Error(exceptionDetails.exception.description);
     return result.value;
   }

@@ -14,8 +14,8 @@ export function sampleText(name) {
 }
 
 // Ledger lines of notes in samples/piano.musicxml, by hand, as lines above plus lines below the staff for each note or
-// chord in turn. On the upper staff, lines are at A5, C6, E6, G6, B6, D7 and at C4, A3; on the lower one, at C4, E4 and at
-// E2, C2, A1, F1, D1, B0.
+// chord in turn. On the upper staff, lines are at A5, C6, E6, G6, B6, D7 and at C4, A3; on the lower one, at C4, E4
+// and at E2, C2, A1, F1, D1, B0.
 export const pianoDashes = [
   { measure: 1, staff: 1, dashes: 4 + 4 + 3 + 4 + 4 + (2 + 2 + 2) },
   { measure: 1, staff: 2, dashes: 3 + 4 },
@@ -31,9 +31,10 @@ export const pianoDashes = [
 export const pianoRestLines = [{ measure: 2, staff: 1, lines: 1 }];
 
 // A score of one part in the treble clef; `measures` are the contents of each, after the attributes in the first.
-export function scoreOf(measures, { title = 'Test', name = 'Flute', attributes = '', doctype = '' } = {}) {
+export function scoreOf(measures, { title = 'Test', name = 'Flute', doctype = '' } = {}) {
   const bodies = measures.map((measure, index) => {
-    const first = `<attributes><divisions>1</divisions>${attributes}<clef><sign>G</sign><line>2</line></clef></attributes>`;
+    const clef = '<clef><sign>G</sign><line>2</line></clef>';
+    const first = `<attributes><divisions>1</divisions>${clef}</attributes>`;
     return `    <measure number="${index + 1}">${index === 0 ? first : ''}${measure}</measure>`;
   });
   return [
@@ -54,7 +55,8 @@ export function note(pitch, attributes = '', before = '') {
   const [, step, octave] = /^([A-G])(\d)$/.exec(pitch);
   const tag = attributes === '' ? '<note>' : `<note ${attributes}>`;
   const duration = before === '<grace/>' ? '' : '<duration>1</duration>';
-  return `${tag}${before}<pitch><step>${step}</step><octave>${octave}</octave></pitch>${duration}<type>quarter</type></note>`;
+  const sound = `<pitch><step>${step}</step><octave>${octave}</octave></pitch>`;
+  return `${tag}${before}${sound}${duration}<type>quarter</type></note>`;
 }
 
 export const hidden = 'print-leger="no"';
