@@ -1,6 +1,6 @@
 // What the user is told in one sentence, and the exit status that goes with it.
 
-export const exitStatus = { done: 0, failed: 1, badInput: 2, interrupted: 130 };
+export const exitStatus = { done: 0, failed: 1, badInput: 2 };
 
 export class PreviewError extends Error {
   constructor(message, status = exitStatus.failed) {
