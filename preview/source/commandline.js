@@ -63,7 +63,7 @@ function checkTogether(values, scores) {
   if (scores.length > 1 && before !== undefined) throw new UsageError('--before is for a single score');
   if (values['no-marks'] && before === undefined) throw new UsageError('--no-marks is for --before');
   if (output !== undefined && isNamedAsScore(output)) {
-    throw new UsageError(`--output ${output}: is named as a score, which no result is`);
+    throw new UsageError(`--output ${output}: has the name of a score; results end in .html, .svg or .png`);
   }
   if (output === '-') throw new UsageError('--output -: results are files, and not for the standard output');
 }

@@ -7,7 +7,7 @@ import { anchorOf } from './anchors.js';
 // More columns than that are too narrow to be seen.
 const maxColumns = 240;
 
-// `shown` has the ranges of `staves`, as a list of numbers, and `measures`, `{ first, last }`, that are engraved.
+// `shown` has what is engraved: the numbers of the `staves`, and `measures`, a range `{ first, last }`.
 export function mapOf(places, names, shown, hasBefore) {
   const columns = columnsOf(shown.measures);
   const rows = shown.staves.map((staff) => {

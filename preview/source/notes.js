@@ -2,7 +2,7 @@
 
 import { readStructure } from './structure.js';
 
-// What is no name in XML is in no list of identifiers without doubt either.
+// Verovio writes identifiers into lists with blanks between them, and into attributes: others are replaced.
 const plain = /^[A-Za-z_][\w.-]*$/;
 
 // Each `<note>` element in document order, with `id`, its own or a made one; `start` and `end`, the place of its start

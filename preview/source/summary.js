@@ -12,7 +12,7 @@ export function summaryOf({ lines, hidden }) {
   return hidden === lines ? `${all}, all of them hidden` : `${all}, ${hidden} of them hidden`;
 }
 
-// Of two: "12 ledger lines hidden in 3 places".
+// Of two: "12 ledger lines hidden, 3 ledger lines shown again".
 export function changesOf({ gone, come }) {
   const parts = [];
   if (gone > 0) parts.push(`${counted(gone, 'ledger line')} hidden`);

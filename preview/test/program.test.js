@@ -199,7 +199,7 @@ const wrong = [
   [['a.xml', '-o', 'a', '--output', 'b'], '-o: is given 2 times; give it once'],
   [['a.xml', '-o', 'a', '--out-dir', 'b'], '--output and --out-dir: one or the other, not both'],
   [['a.xml', '-o', '-'], '--output -: results are files, and not for the standard output'],
-  [['a.xml', '-o', 'b.musicxml'], '--output b.musicxml: is named as a score, which no result is'],
+  [['a.xml', '-o', 'b.musicxml'], '--output b.musicxml: has the name of a score; results end in .html, .svg or .png'],
   [['a.xml', '--svg', '--png'], '--svg and --png: one or the other, not both'],
   [['a.xml', '--svg', '-o', 'a.png'], '--svg and --output a.png: are two formats'],
   [['a.xml', '--no-marks'], '--no-marks is for --before'],
