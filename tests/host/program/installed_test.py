@@ -1,6 +1,7 @@
 """Extensions found by their names, along a path."""
 
 import os
+import pathlib
 import plistlib
 import shutil
 import subprocess
@@ -8,6 +9,7 @@ import unittest
 
 from brvhost import BUNDLES, Case, EXECUTABLE_FOLDER, LEGER_LINES, PROGRAM, SAMPLES, brvhost
 
+RESOURCES = pathlib.Path(os.environ["BRV_SOURCE"]) / "extension/resources"
 SYSTEM = EXECUTABLE_FOLDER.replace("-", " on ", 1)
 
 
@@ -124,8 +126,10 @@ class List(Installed):
         (self.first / "notes.txt").touch()
         (self.first / "Folder").mkdir()
         version = brvhost("--version").stdout.split()[1]
+        languages = sorted(path.stem for path in RESOURCES.glob("*.lproj"))
+        self.assertIn("en", languages)
         self.assertEqual(self.lines(),
-                         f"LegerLines\t{version}\tde, en, es, fr, it, ja\tmacOS, {SYSTEM}\t{leger_lines}\n"
+                         f"LegerLines\t{version}\t{', '.join(languages)}\tmacOS, {SYSTEM}\t{leger_lines}\n"
                          f"Crashing\t\t\t{SYSTEM}\t{crashing}\n")
 
     def test_marks_those_that_are_hidden_by_others(self):

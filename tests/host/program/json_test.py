@@ -205,7 +205,9 @@ class Info(JsonCase):
 
 class Calls(JsonCase):
     def test_prints_each_function(self):
-        self.assertEqual(len(self.lines("calls", brvhost("calls", "--json").stdout)), 164)
+        lines = self.lines("calls", brvhost("calls", "--json").stdout)
+        self.assertEqual(len(lines), len(brvhost("calls").stdout.splitlines()))
+        self.assertNotEqual(lines, [])
 
 
 class List(JsonCase):
