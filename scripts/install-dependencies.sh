@@ -7,7 +7,7 @@ set -euo pipefail
 packages=(
   cmake make ninja-build g++ clang clang-format clang-tidy pkg-config binutils xz-utils python3
   libgtest-dev libgmock-dev libbenchmark-dev librapidcheck-dev
-  libplist-dev libicu-dev lld llvm libc++1 zip zsh python3-jsonschema parallel jq
+  libplist-dev libicu-dev lld llvm libc++1 zip zsh python3-jsonschema parallel jq abigail-tools
   libexpat1-dev libzip-dev libdeflate-dev libseccomp-dev libfmt-dev libcli11-dev
 )
 [ $# -eq 0 ] || packages=("$@")

@@ -79,6 +79,7 @@ class Version(unittest.TestCase):
         version = source_version()
         changelog, *_ = lines(DEBIAN / "changelog")
         self.assertRegex(changelog, rf"^legerlines \({re.escape(version)}\) ")
+        self.assertEqual(re.search(r"^## (\S+)", (SOURCE / "CHANGELOG.md").read_text(), re.MULTILINE)[1], version)
         self.assertEqual(brvhost("--version").stdout, f"brvhost {version}\n")
         title, *_ = (BUILD / "share/man/man1/brvhost.1").read_text().splitlines()
         self.assertEqual(title, f'.TH BRVHOST 1 "" "brvhost {version}" "User commands"')
