@@ -34,7 +34,7 @@ BRV_EXPORT UniChar* bx_strstr(const UniChar* haystack, const UniChar* needle);
 // comes before any longer text that begins with it.
 BRV_EXPORT int32 bx_strcmp(const UniChar* a, const UniChar* b);
 
-// The same for at most the first n units. With n = 0 the result is 0.
+// Compares at most the first n units, as bx_strcmp does whole texts. With n = 0 the result is 0.
 BRV_EXPORT int32 bx_strncmp(const UniChar* a, const UniChar* b, std::size_t n);
 
 // Writes exactly n units to dst: those of src, then 0 units. If src has n units or more, dst is left without a final 0
@@ -66,8 +66,8 @@ BRV_EXPORT int32 bx_sprintf(UniChar* dst, std::size_t dstSize, const UniChar* fo
 // Copies src to dst, the 0 unit included.
 BRV_EXPORT void bx_strcpy(UniChar* dst, const UniChar* src);
 
-// The same. dstSize, the size of dst in units, makes calls look like those of the bounded functions, but is not used,
-// and nothing is cut. Where src may be too long, use bx_strncpy and end dst yourself.
+// Copies src to dst, the 0 unit included. dstSize, the size of dst in units, makes calls look like those of the bounded
+// functions, but is not used, and nothing is cut. Where src may be too long, use bx_strncpy and end dst yourself.
 //
 // Example:
 //

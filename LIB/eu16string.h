@@ -1,4 +1,4 @@
-// A UTF-16 text that owns its units.
+// The class eu16string, and its numbers.
 //
 // Positions count from 1, in 16-bit units; a surrogate pair is two of them. Bounds are forgiving: an argument outside
 // of the text is clipped or ignored, and is never an error. 8-bit text is in the application's encoding
@@ -22,6 +22,7 @@ BRV_EXPORT int32 StrToIntDef(eu16string text, int32 defaultValue);
 // Returns the number in decimal digits.
 BRV_EXPORT eu16string IntToEu16Str(long value);
 
+// A UTF-16 text that owns its units.
 class BRV_EXPORT eu16string {
  public:
   // The text in the application's encoding, ended by a zero. Empty if the bytes are not text in it.
@@ -34,7 +35,8 @@ class BRV_EXPORT eu16string {
   // A single character in the application's encoding. Empty for 0.
   eu16string(char character);
 
-  // Not inline: the caller may have been compiled with another standard library, whose string differs.
+  // Copies, moves or ends a text. Not inline: the caller may have been compiled with another standard library, whose
+  // string differs.
   eu16string(const eu16string&);
   eu16string(eu16string&&) noexcept;
   eu16string& operator=(const eu16string&);

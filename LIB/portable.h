@@ -1,11 +1,5 @@
 // Texts of the extension in the user's language, and helpers for byte strings.
-#pragma once
-
-#include <CoreFoundation/CoreFoundation.h>
-
-#include "hostrecords.h"
-#include "hosttypes.h"
-
+//
 // A string ID (stringids.h) names a text in the Localizable.strings of the extension's own bundle: its high 16 bits are
 // the number of a table, its low 16 bits an index. The key in the file is "table,index", or only "index" for table 0.
 // Both halves are signed.
@@ -17,6 +11,12 @@
 // extension is not installed correctly, and the assertion "bundleRef != NULL" stops the process. An executable that is
 // loaded by its absolute path, but is in no bundle, never returns from the first lookup: always load it from its
 // bundle.
+#pragma once
+
+#include <CoreFoundation/CoreFoundation.h>
+
+#include "hostrecords.h"
+#include "hosttypes.h"
 
 extern "C" {
 
@@ -41,6 +41,6 @@ BRV_EXPORT int num2str(int value, char* buffer);
 // Returns the buffer, or null for a size of 0 or less; then nothing is written.
 BRV_EXPORT UniChar* PlugIn_GetStringResource(int id, UniChar* buffer, short size);
 
-// The same in the application's 8-bit encoding. size is in bytes, and the rest of the buffer is zeroed. A text that the
-// encoding cannot hold, or one of more than 255 bytes, comes out empty.
+// Writes the text of an ID in the application's 8-bit encoding, likewise. size is in bytes, and the rest of the buffer
+// is zeroed. A text that the encoding cannot hold, or one of more than 255 bytes, comes out empty.
 BRV_EXPORT char* PlugIn_GetStringResource(int id, char* buffer, short size);

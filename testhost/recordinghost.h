@@ -1,8 +1,10 @@
-// The recording host, in which a test drives an extension or functions of the kit:
+// The recording host, in which a test drives an extension or functions of the kit.
+//
+// Example:
 //
 //   RecordingHost host;
 //   host.On("BX_GetMaxLayers", [](const HostCall&) { return 2; });
-//   ... drive the extension ...
+//   // drive the extension
 //   host.Texts();  // {"BX_GetMaxLayers()", "BX_LoadTGF(0, 1, 1, 0, 1)", ...}
 //
 // testscore.h has one that answers with frames and records, testextension.h an extension's bundle.
@@ -23,8 +25,9 @@
 #include <utility>
 #include <vector>
 
+// A call of a host function.
 struct HostCall {
-  std::string name;
+  std::string name;                      // of the function
   std::vector<std::uint64_t> arguments;  // with the version, the last
   std::uint64_t result = 0;              // once the host has returned
 
@@ -41,15 +44,19 @@ struct HostCall {
 
 // Calls that fail: one, counted from 1, and perhaps all that follow it.
 struct FailingCalls {
-  std::size_t first;
-  bool andAllAfter;
+  std::size_t first;  // which call of the log fails, from 1
+  bool andAllAfter;   // whether all after it fail, too
 
+  // Whether this call of the log, counted from 1, fails.
   bool Has(std::size_t call) const { return call == first || (andAllAfter && call > first); }
 };
 
+// A host that logs the calls to it, and answers them as a test wants.
 class RecordingHost {
  public:
+  // What answers calls of a function: returns the result, of which the caller takes as many bits as the result has.
   using Handler = std::function<std::uint64_t(const HostCall&)>;
+  // What hears of calls of a function.
   using Observer = std::function<void(const HostCall&)>;
 
   // Binds the kit to the host, where the program is linked with it, at the first time in a process; a bundle of an

@@ -1,4 +1,6 @@
-// An extension's bundle in a test, called as a host does:
+// An extension's bundle in a test, called as a host does.
+//
+// Example:
 //
 //   RecordingHost host;
 //   TestExtension extension("build/Mine.bundle");
@@ -16,12 +18,14 @@
 #include <string>
 #include <vector>
 
+// A bundle that is loaded and bound to the recording host.
 class TestExtension {
  public:
+  // A menu item, by its three texts.
   struct Item {
-    std::u16string name;
-    std::u16string undoName;
-    std::u16string explanation;
+    std::u16string name;         // in the menu
+    std::u16string undoName;     // in the Undo command
+    std::u16string explanation;  // of what it does
   };
 
   // Loads the bundle at a path, and calls its main, its version and its init. Make the RecordingHost first: the

@@ -1,10 +1,12 @@
 // A score that a recording host serves, from a few lines: frames by staff, measure and layer, and records.
 //
+// Example:
+//
 //   RecordingHost host;
 //   TestScore score(host);
 //   score.Put({.staff = 1, .measure = 2}, {NoteAt(0), RestAt(kQuarterNote), NoteAt(2 * kQuarterNote)});
 //   EREGION region = score.Region();
-//   ... invoke the extension on it ...
+//   // invoke the extension on it
 //   score.At({.staff = 1, .measure = 2})[0].flags;  // as it was saved
 //   score.LoadedFrames();                           // 0, if each has been freed
 //
@@ -32,17 +34,20 @@ EXENTRY RestAt(std::int32_t position);
 
 // Where a frame is: staves and measures count from 1, layers from 0.
 struct FramePlace {
-  int staff = 1;
-  int measure = 1;
-  int layer = 0;
+  int staff = 1;    // from 1
+  int measure = 1;  // from 1
+  int layer = 0;    // from 0
 
+  // By staff, then measure, then layer.
   bool operator<(const FramePlace& other) const {
     return std::tie(staff, measure, layer) < std::tie(other.staff, other.measure, other.layer);
   }
 };
 
+// The frames and records that a recording host serves.
 class TestScore {
  public:
+  // A record as bytes.
   using Bytes = std::vector<std::uint8_t>;
 
   // Sets the host's handlers of the functions that load, save and free frames, count and show layers, and load and save
@@ -71,6 +76,7 @@ class TestScore {
     std::memcpy(bytes.data(), &record, sizeof(Record));
     PutBytes(tag, number, std::move(bytes), index);
   }
+  // Puts a record by its bytes.
   void PutBytes(std::uint32_t tag, int number, Bytes bytes, int index = 0);
   // Null where no record is.
   const Bytes* RecordAt(std::uint32_t tag, int number, int index = 0) const;

@@ -16,10 +16,12 @@ extern "C" {
 //   if (BXUtilGetMeasureSpec(12, &spec) != 0) beats = spec.beats;
 BRV_EXPORT short16 BXUtilGetMeasureSpec(short16 measure, EDTMeasureSpec2014* spec);
 BRV_EXPORT short16 BXUtilGetStaffSpec(short16 staff, EDTStaffSpec2014* spec);
-// first and second are the two words of the group's key, by which the host numbers its groups.
-BRV_EXPORT short16 BXUtilGetGroupSpec(short16 first, short16 second, EDTGroupSpec* spec);
 BRV_EXPORT short16 BXUtilGetPageSpec(short16 page, EDTPageSpec* spec);
 BRV_EXPORT short16 BXUtilGetGeneralPrefs(EDTGeneralPrefs2008* prefs);
+
+// Loads the record of a group like those above. first and second are the two words of the group's key, by which the
+// host numbers its groups.
+BRV_EXPORT short16 BXUtilGetGroupSpec(short16 first, short16 second, EDTGroupSpec* spec);
 
 // Saves the record of a measure. Returns the host's result, non-zero for success.
 BRV_EXPORT short16 BXUtilPutMeasureSpec(short16 measure, EDTMeasureSpec2014* spec);

@@ -17,8 +17,8 @@ static_assert(sizeof(tDiaPitch) == 4);
 
 // Two pitches and all between them.
 struct tDiaRange {
-  tDiaPitch low;
-  tDiaPitch high;
+  tDiaPitch low;   // the lower pitch
+  tDiaPitch high;  // the higher one
 };
 static_assert(sizeof(tDiaRange) == 8);
 

@@ -26,8 +26,8 @@ inline constexpr short16 kNoTonic = -101;
 
 // The time signature of a measure, as in the measure's record.
 struct tTimeSig {
-  std::int16_t beats;
-  std::int16_t beatUnit;
+  std::int16_t beats;     // the upper number
+  std::int16_t beatUnit;  // the lower one: 4 for quarter notes
 };
 static_assert(sizeof(tTimeSig) == 4);
 

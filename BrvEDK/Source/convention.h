@@ -13,9 +13,11 @@
 #include "hostrecords.h"
 #include "hosttypes.h"
 
-// The name of a C symbol as it is in the object file.
+// Its argument as a literal, as it is written or once the macros in it are expanded.
 #define BRV_TEXT_OF(prefix) #prefix
 #define BRV_TEXT(prefix) BRV_TEXT_OF(prefix)
+
+// The name of a C symbol as it is in the object file.
 #define BRV_SYMBOL(name) BRV_TEXT(__USER_LABEL_PREFIX__) name
 
 extern "C" {

@@ -40,8 +40,8 @@ struct EDTMeasureSpec2014 {
   std::uint8_t hostHead[2];
   std::int16_t keySignature;  // the key as it sounds
   std::uint8_t hostMiddle[4];
-  std::int16_t beats;
-  std::int16_t beatUnit;
+  std::int16_t beats;     // the upper number of the time signature
+  std::int16_t beatUnit;  // the lower one: 4 for quarter notes
   std::uint8_t hostTail[18];
 };
 static_assert(sizeof(EDTMeasureSpec2014) == 30);

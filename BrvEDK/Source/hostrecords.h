@@ -34,11 +34,11 @@ static_assert(offsetof(EREGION, endPosition) == 16);
 
 // The three texts of a menu item, each ended by a 0 unit, filled by BrevixExtensionEnumerate_UTF16.
 struct MenuItemTexts {
-  static constexpr int kUnits = 128;
-  UniChar text1[kUnits];
-  UniChar text2[kUnits];
-  UniChar text3[kUnits];
-  std::uint32_t reserved;  // always 0
+  static constexpr int kUnits = 128;  // in each text, with the 0 unit that ends it
+  UniChar text1[kUnits];              // the item's name in the menu
+  UniChar text2[kUnits];              // its name in the Undo command
+  UniChar text3[kUnits];              // its explanation
+  std::uint32_t reserved;             // always 0
 };
 static_assert(sizeof(MenuItemTexts) == 772);
 static_assert(offsetof(MenuItemTexts, text2) == 256);
@@ -61,13 +61,13 @@ static_assert(offsetof(EXNOTE, noteWord) == 8);
 
 // One note, chord or rest.
 struct EXENTRY {
-  static constexpr int kMaxNotes = 12;
+  static constexpr int kMaxNotes = 12;  // that an entry has room for
   std::uint8_t hostHead[8];
-  std::uint8_t entryFlags[4];
-  std::uint16_t flags;      // bit 0x40: no ledger lines
-  std::int16_t noteCount;   // 0 to 12; 0 is a rest
-  EXNOTE notes[kMaxNotes];  // those from index noteCount on are unused
-  std::int32_t position;    // within the measure
+  std::uint8_t entryFlags[4];  // in the byte kContentByte: kContentBit and kHasPlaceholder
+  std::uint16_t flags;         // bit 0x40: no ledger lines
+  std::int16_t noteCount;      // 0 to 12; 0 is a rest
+  EXNOTE notes[kMaxNotes];     // those from index noteCount on are unused
+  std::int32_t position;       // within the measure
   std::uint8_t hostTail[6];
 };
 static_assert(sizeof(EXENTRY) == 146);
@@ -89,8 +89,8 @@ static_assert(offsetof(EXTGF2005a, entryCount) == 22);
 
 // The key of a document record.
 struct EDataKey {
-  std::uint16_t recordNumber;
-  std::uint16_t recordIndex;
+  std::uint16_t recordNumber;  // which of the tag's records: the number of a measure, of a staff, ...
+  std::uint16_t recordIndex;   // which of the records with this number; 0 where there is only one
 };
 static_assert(sizeof(EDataKey) == 4);
 static_assert(offsetof(EDataKey, recordIndex) == 2);

@@ -21,9 +21,11 @@ BRVPLATFORM_EXPORT unsigned long BrvPlatformModifierFlags(void);
 // Sets the 8-bit encoding that GetApplicationTextEncoding returns from now on.
 BRVPLATFORM_EXPORT void BrvPlatformSetApplicationTextEncoding(CFStringEncoding encoding);
 
-// Reads a property list, such as a file of texts, and hands out each key and its text, null for what is no text, in the
-// order of the keys. False where the file cannot be read or is no such list; nothing is handed out then.
+// Gets a key of a property list and its text, or null for what is no text. Both belong to the list.
 typedef void (*BrvPlatformVisitor)(void* context, CFStringRef key, CFStringRef text);
+
+// Reads a property list, such as a file of texts, and hands out each key with its text, in the order of the keys. False
+// where the file cannot be read or is no such list; nothing is handed out then.
 BRVPLATFORM_EXPORT bool BrvPlatformReadPropertyList(const char* path, BrvPlatformVisitor visit, void* context);
 
 // Finds the function of that name of a bundle, whose executable has it at that address, or null. Must throw nothing.
