@@ -9,6 +9,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev librapidcheck-dev
   libplist-dev libicu-dev lld llvm libc++1 zip zsh python3-jsonschema parallel jq abigail-tools
   libexpat1-dev libzip-dev libdeflate-dev libseccomp-dev libfmt-dev libcli11-dev
+  doxygen
 )
 [ $# -eq 0 ] || packages=("$@")
 

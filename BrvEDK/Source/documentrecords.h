@@ -52,7 +52,7 @@ static_assert(offsetof(EDTMeasureSpec2014, beatUnit) == 10);
 // A staff.
 struct EDTStaffSpec2014 {
   std::uint8_t hostHead[20];
-  std::int16_t transposition;  // a code, as above
+  std::int16_t transposition;  // a code, diatonic or chromatic (kDiatonicTransposition)
   std::uint8_t hostMiddle[8];
   std::int16_t nameTextBlock;        // of the staff's name; 0: none
   std::int16_t secondNameTextBlock;  // of the name used if there is no first; 0: none

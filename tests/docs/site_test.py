@@ -1,0 +1,218 @@
+"""The reference, as its readers get it: made without a warning, whole, and with no link that leads nowhere."""
+
+import json
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import tempfile
+import unittest
+from html.parser import HTMLParser
+from urllib.parse import unquote, urldefrag, urlsplit
+
+SOURCE, BUILD = pathlib.Path(os.environ["BRV_SOURCE"]), pathlib.Path(os.environ["BRV_BUILD"])
+KIT = [path.resolve() for path in sorted((BUILD / "include/BrvEDK").iterdir())] + [SOURCE / "platform/include/brvplatform.h"]
+
+
+def code_of(path):
+    return re.sub(r"//[^\n]*", "", path.read_text(encoding="utf-8"))
+
+
+def page_of(header):
+    """The page that Doxygen gives a header."""
+    return f"{header.stem}_8{header.suffix[1:]}.html"
+
+
+def make(folder, source=SOURCE):
+    return subprocess.run([source / "scripts/docs.sh", folder], capture_output=True, text=True)
+
+
+class Page(HTMLParser):
+    """A page: its links, its anchors, its headings of symbols, and its tables as rows of texts below their headings."""
+
+    def __init__(self, path):
+        super().__init__()
+        self.links, self.anchors, self.symbols, self.rows = [], set(), [], {}
+        self._in, self._heading, self._text = None, "", []
+        self.feed(path.read_text(encoding="utf-8"))
+
+    def handle_starttag(self, tag, attributes):
+        attributes = dict(attributes)
+        self.links += [attributes[name] for name in ("href", "src", "data") if name in attributes]
+        self.anchors.update(attributes[name] for name in ("id", "name") if name in attributes)
+        if tag in ("h1", "h2", "td") and self._in is None:
+            self._in, self._text = attributes.get("class") or tag, []
+        elif tag == "tr":
+            self.rows.setdefault(self._heading, []).append([])
+        elif tag == "br":
+            self._text.append("\n")
+
+    def handle_endtag(self, tag):
+        if tag not in ("h1", "h2", "td") or self._in is None:
+            return
+        text = "".join(self._text).strip()
+        if self._in == "memtitle":
+            self.symbols.append(re.fullmatch(r"(?:◆\s*)?(.*?)(?:\(\))?(?:\s*\[\d+/\d+\])?", text)[1])
+        elif tag == "td":
+            self.rows[self._heading][-1].append(text)
+        else:
+            self._heading = text
+        self._in = None
+
+    def handle_data(self, data):
+        self._text.append(data)
+
+    def table(self, heading):
+        return [row for row in self.rows.get(heading, []) if row]
+
+
+@unittest.skipUnless(shutil.which("doxygen"), "no Doxygen")
+class Site(unittest.TestCase):
+    maxDiff = None
+
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()), "site")
+        cls.made = make(cls.folder)
+        cls.pages = {path.name: Page(path) for path in sorted(cls.folder.glob("*.html"))}
+        cls.symbols = {symbol for page in cls.pages.values() for symbol in page.symbols}
+
+    def test_is_made_without_a_warning(self):
+        self.assertEqual((self.made.returncode, self.made.stderr, self.made.stdout), (0, "", f"{self.folder}/index.html\n"))
+
+    def test_has_a_page_for_each_installed_header_and_document(self):
+        wanted = [page_of(header) for header in KIT] + [f"docs-{path.stem}.html" for path in (SOURCE / "docs").glob("*.md")]
+        self.assertGreater(len(wanted), 30)
+        self.assertEqual([name for name in wanted if name not in self.pages], [])
+        self.assertEqual([name for name in wanted if name not in self.pages["index.html"].links], [])
+
+    def test_has_every_exported_function_that_a_header_declares(self):
+        lines = (SOURCE / "cmake/kitexports.txt").read_text(encoding="utf-8").splitlines()
+        exported = {line for line in lines if not line.startswith("#")}
+        mangled = "\n".join(sorted(name for name in exported if name.startswith("_Z")))
+        plain = subprocess.run(["c++filt", "--no-params"], input=mangled, capture_output=True, text=True, check=True).stdout
+        names = {name.split("::")[-1] for name in {*exported, *plain.split("\n")}}
+        declared = {name for header in KIT for name in re.findall(r"(~?\w+)\(", code_of(header))}
+        wanted = names & declared
+        # The host calls, the entry points under both names, and the functions of the kit.
+        self.assertGreater(len(wanted), 164 + 12 + 50)
+        self.assertEqual(sorted(wanted - self.symbols), [])
+
+    def test_has_every_constant_and_record(self):
+        code = "".join(map(code_of, KIT))
+        wanted = {*re.findall(r"^inline constexpr .*?(\w+) =", code, re.M), *re.findall(r"^#define (\w+)", code, re.M)}
+        self.assertGreater(len(wanted), 30)
+        self.assertEqual(sorted(wanted - self.symbols), [])
+        records = re.findall(r"^(struct|class) (?:BRV_EXPORT )?(\w+) \{", code, re.M)
+        self.assertGreater(len(records), 20)
+        self.assertEqual([name for kind, name in records if f"{kind}{name.replace('_', '__')}.html" not in self.pages], [])
+
+    def test_has_no_link_that_leads_nowhere(self):
+        lost, local = [], 0
+        for name, page in self.pages.items():
+            for link in page.links:
+                if urlsplit(link).scheme:
+                    if urlsplit(link).scheme != "https" or "." not in urlsplit(link).netloc:
+                        lost.append((name, link))
+                    continue
+                target, anchor = urldefrag(link)
+                target, local = unquote(target) or name, local + 1
+                if not (self.folder / target).is_file() or (anchor and anchor not in self.pages[target].anchors):
+                    lost.append((name, link))
+        self.assertGreater(local, 1000)
+        self.assertEqual(lost, [])
+
+    def test_takes_the_links_of_documents_to_their_pages(self):
+        lost, count = [], 0
+        headers = {header: page_of(header) for header in KIT}
+        for document in sorted((SOURCE / "docs").glob("*.md")):
+            prose = re.sub(r"^```.*?^```|^    .*?$", "", document.read_text(encoding="utf-8"), flags=re.M | re.S)
+            for target, anchor in re.findall(r"\]\(([\w./-]+)#?([\w-]*)\)", prose):
+                path = (document.parent / target).resolve()
+                page = f"docs-{path.stem}.html" if path.suffix == ".md" else headers.get(path)
+                if page:
+                    count += 1
+                    page += f"#docs-{path.stem}-{anchor}" if anchor else ""
+                    if page not in self.pages[f"docs-{document.stem}.html"].links:
+                        lost.append((document.name, target, anchor))
+        self.assertGreater(count, 15)
+        self.assertEqual(lost, [])
+
+    def test_has_the_offsets_that_the_headers_assert(self):
+        page = self.pages["records.html"]
+        code = "".join(map(code_of, KIT))
+        sizes = re.findall(r"static_assert\(sizeof\((\w+)\) == (\d+)\)", code)
+        offsets = re.findall(r"static_assert\(offsetof\((\w+), (\w+)\) == (\d+)\)", code)
+        self.assertGreater(len(sizes), 15)
+        self.assertGreater(len(offsets), 25)
+        for record, member, offset in offsets:
+            self.assertIn((offset, member), [(row[0], row[2]) for row in page.table(record)], record)
+        for record, size in sizes:
+            last = page.table(record)[-1]
+            # Records are packed: each ends with its last member.
+            self.assertEqual(int(last[0]) + int(last[1]), int(size), record)
+
+    def test_has_the_calls_by_family_with_their_classes_and_defaults(self):
+        table = re.sub(r"//[^\n]*", "", (SOURCE / "BrvEDK/Source/hostcalltable.inc").read_text(encoding="utf-8"))
+        prototypes = code_of(SOURCE / "BrvEDK/Source/hostprototypes.inc")
+        wanted, family = {}, None
+        for title, kind, name, default in re.findall(
+                r'^HOST_GROUP\("(.*?)"\)|^HOST_CALL(\w*)\(.*?(BX_\w+)(?:, (-?\d+))?', table, re.M):
+            if title:
+                family = wanted.setdefault(title, [])
+                continue
+            result, arguments = re.search(rf"BRV_EXPORT ([\w*]+) {name}\(([^)]*)\)", prototypes).groups()
+            arguments = [" ".join(text.split()) for text in arguments.split(",")][:-1]
+            family.append([name, "\n".join(arguments), *(["", ""] if result == "void" else [result, default or "0"])])
+        self.assertEqual(sum(map(len, wanted.values())), 164)
+        page = self.pages["calls.html"]
+        shown = {title: [[cell.replace(" *", "*").replace("\n\n", "\n") for cell in row] for row in page.table(title)] for title in wanted}
+        self.assertEqual(shown, wanted)
+
+    def test_finds_every_symbol_and_heading_by_its_index(self):
+        text = (self.folder / "searchindex.js").read_text(encoding="utf-8")
+        places = json.loads(text.removeprefix("const searchIndex = ").removesuffix(";\n"))
+        titles = {re.sub(r"(\(\))?( \[\d+/\d+\])?$", "", title) for title, _, _, _ in places}
+        self.assertGreater(len(self.symbols), 300)
+        self.assertEqual(sorted(symbol for symbol in self.symbols if symbol not in titles), [])
+        for _, _, link, _ in places:
+            target, anchor = urldefrag(link)
+            self.assertTrue(not anchor or anchor in self.pages[target].anchors, link)
+
+
+@unittest.skipUnless(shutil.which("doxygen"), "no Doxygen")
+class Making(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+
+    def test_reports_a_symbol_without_a_comment_and_a_name_that_leads_nowhere(self):
+        tree = self.folder / "tree"
+        shutil.copytree(SOURCE, tree, ignore=shutil.ignore_patterns("build", "dist", ".git", "corpus"))
+        header = tree / "util/moddiv.h"
+        text = header.read_text(encoding="utf-8")
+        declaration = "BRV_EXPORT void UtilModDiv("
+        changed = text.replace(declaration, f"BRV_EXPORT void Bare();\n\n// As kNowhere.\nBRV_EXPORT void Other();\n\n{declaration}")
+        header.write_text(re.sub(r"// Divides(?:.*\n)*?(?=BRV_EXPORT)", "", changed), encoding="utf-8")
+        made = make(self.folder / "site", tree)
+        self.assertEqual(made.returncode, 1)
+        self.assertRegex(made.stderr, r"(?m)^BrvEDK/moddiv\.h:\d+: warning: Member Bare\(\) .*is not documented")
+        self.assertRegex(made.stderr, r"(?m)^BrvEDK/moddiv\.h:\d+: warning: .*kNowhere.* could not be resolved")
+
+    def test_replaces_a_site_and_nothing_else(self):
+        (self.folder / "score.musicxml").write_text("")
+        made = make(self.folder)
+        self.assertEqual((made.returncode, made.stderr),
+                         (2, f"docs: {self.folder} holds something else than a site, and stays as it is\n"))
+        self.assertEqual([path.name for path in self.folder.iterdir()], ["score.musicxml"])
+        (self.folder / "score.musicxml").rename(self.folder / "searchindex.js")
+        self.assertEqual(make(self.folder).returncode, 0)
+        self.assertTrue((self.folder / "index.html").exists())
+
+    def test_needs_one_folder_at_most(self):
+        made = subprocess.run([SOURCE / "scripts/docs.sh", self.folder / "a", "b"], capture_output=True, text=True)
+        self.assertEqual((made.returncode, made.stderr), (2, "usage: scripts/docs.sh [FOLDER]\n"))
+
+
+if __name__ == "__main__":
+    unittest.main()
