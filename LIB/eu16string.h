@@ -1,9 +1,4 @@
-// The class eu16string, and its numbers.
-//
-// Positions count from 1, in 16-bit units; a surrogate pair is two of them. Bounds are forgiving: an argument outside
-// of the text is clipped or ignored, and is never an error. 8-bit text is in the application's encoding
-// (GetApplicationTextEncoding, called at each conversion) unless a comment says UTF-8. If memory runs out,
-// std::bad_alloc is thrown. [any-thread, one at a time for an object]
+// UTF-16 text that owns its units, and the numbers in it.
 #pragma once
 
 #include <cstdint>
@@ -23,6 +18,11 @@ BRV_EXPORT int32 StrToIntDef(eu16string text, int32 defaultValue);
 BRV_EXPORT eu16string IntToEu16Str(long value);
 
 // A UTF-16 text that owns its units.
+//
+// Positions count from 1, in 16-bit units; a surrogate pair is two of them. Bounds are forgiving: an argument outside
+// of the text is clipped or ignored, and is never an error. 8-bit text is in the application's encoding
+// (GetApplicationTextEncoding, called at each conversion) unless a comment says UTF-8. If memory runs out,
+// std::bad_alloc is thrown. [any-thread, one at a time for an object]
 class BRV_EXPORT eu16string {
  public:
   // The text in the application's encoding, ended by a zero. Empty if the bytes are not text in it.

@@ -5,7 +5,7 @@
 #   scripts/docs.sh [FOLDER]   puts the site there instead of in build/docs/
 #
 # Exit status 1: Doxygen warns of something, as of a symbol without a comment; the site is there, and the warnings are printed.
-# 2: the folder holds something else than a site.
+# Or a link of a document leads to no file; there is no new site then. 2: the folder holds something else than a site.
 set -euo pipefail
 [ $# -le 1 ] || { echo "usage: scripts/docs.sh [FOLDER]" >&2; exit 2; }
 folder=$(realpath -m "${1:-$(dirname "$0")/../build/docs}")

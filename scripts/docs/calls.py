@@ -7,7 +7,6 @@ from comments import family_id
 from markup import code, page, reference, table
 
 INTRODUCTION = """
-@anchor call_classes
 All {count} calls that an extension can make, in their families. The class of an argument or a result says which of its bits
 count: @ref short16 "short16" and @ref ushort16 "ushort16" are 16 bits with and without a sign, @ref flag8 "flag8" is 8 bits,
 @ref int32 "int32" and @ref uint32 "uint32" are 32, and @ref HostResult "HostResult" is all 64. The last argument of every

@@ -23,7 +23,8 @@ HOST_DEFAULT = re.compile(r"\[default (-?\d+)\]$")
 # What Doxygen would take for a command, a tag, emphasis, a link or an entity.
 SPECIAL = re.compile(r"[\\@<>#*$&]|%(?=\w)")
 # Names of functions and constants, each of which becomes a link.
-NAME = re.compile(r"\b(?:BX_|BXUtil|bx_|BrevixExtension|k[A-Z])\w+\b(?!\.\.\.|\()|\b(?:LoadedTGFCounter|\w+EditDepth|CanAddNoteRecordToRests)\b")
+NAME = re.compile(r"\b(?:BX_|BXUtil|bx_|BrevixExtension|k[A-Z])\w+\b(?!\.\.\.|\()|"
+                  r"\b(?:LoadedTGFCounter|\w+EditDepth|CanAddNoteRecordToRests)\b")
 
 
 def escaped(text):
@@ -42,11 +43,6 @@ def linked(text):
 def family_id(title):
     """The name of the group of the host calls under a heading."""
     return "calls_" + re.sub(r"\W+", "_", title.lower())
-
-
-def families(text):
-    """The headings of the host calls, in their order."""
-    return [heading[1] for _, _, lines in blocks(text.splitlines()) if (heading := HEADING.match(lines[0]))]
 
 
 def blocks(lines):

@@ -1,7 +1,7 @@
 """Makes the reference of the kit as a site.
 
-    makesite.py FOLDER    a site that is there is replaced; exit status 1: Doxygen warns of something; 2: the folder holds
-                          something else
+    makesite.py FOLDER    a site that is there is replaced; exit status 1: Doxygen warns of something, or a link of a
+                          document leads to no file; 2: the folder holds something else
 """
 
 import os
@@ -13,10 +13,11 @@ import sys
 import tempfile
 from pathlib import Path
 
-import search
 from calls import calls_pages
-from pages import Pages
+from finish import finish
+from pages import BadDocument, Pages
 from records import records_page
+from search import INDEX
 from symbols import Symbols
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -46,11 +47,17 @@ def installed(headers, folder):
     return sorted(folder.rglob("*.*"))
 
 
-def doxygen(work, log, **settings):
-    text = f"@INCLUDE = {THEME}/Doxyfile\n" + "".join(f"{name} = {value}\n" for name, value in settings.items())
+def doxygen(work, **settings):
+    """Runs it with the settings, each a word, a path or a list of paths, and returns its warnings."""
+    text = (THEME / "Doxyfile").read_text(encoding="utf-8")
+    for name, value in settings.items():
+        text += f"{name} = " + " ".join(f'"{word}"' for word in (value if isinstance(value, list) else [value])) + "\n"
     (work / "Doxyfile").write_text(text, encoding="utf-8")
-    with open(log, "w", encoding="utf-8") as out:
-        subprocess.run(["doxygen", work / "Doxyfile"], check=True, stdout=out, stderr=out, cwd=ROOT)
+    result = subprocess.run(["doxygen", work / "Doxyfile"], cwd=ROOT, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    if result.returncode != 0:
+        sys.stderr.write(result.stdout)
+        result.check_returncode()
+    return result.stdout
 
 
 def start_page(pages, symbols):
@@ -64,13 +71,13 @@ def start_page(pages, symbols):
 def make(site, work):
     headers = kit_headers()
     include = installed(headers, work / "include")
-    common = {"INPUT": f"{work}/include {work}/pages", "STRIP_FROM_PATH": f"{work}/include {work}/pages",
-              "STRIP_FROM_INC_PATH": f"{work}/include", "PROJECT_NUMBER": version()}
-    doxygen(work, work / "first.log", **common, GENERATE_XML="YES", XML_OUTPUT=work / "xml", WARNINGS="NO")
-    symbols = Symbols(work / "xml")
-
     written = work / "pages"
     written.mkdir()
+    inputs = [work / "include", written]
+    common = {"INPUT": inputs, "STRIP_FROM_PATH": inputs, "STRIP_FROM_INC_PATH": work / "include", "PROJECT_NUMBER": version()}
+    doxygen(work, **common, GENERATE_XML="YES", XML_OUTPUT=work / "xml", WARNINGS="NO")
+    symbols = Symbols(work / "xml")
+
     compiler = [*shlex.split(os.environ.get("CXX", "c++")), "-std=c++20", f"-I{work}/include", f"-I{ROOT}/platform/include"]
     pages = Pages(ROOT, {header: symbols.headers[header.name].page for header in headers}, symbols.names)
     pages.write(written)
@@ -78,19 +85,19 @@ def make(site, work):
     (written / "calls.dox").write_text(calls_pages(symbols, ROOT / "BrvEDK/Source/hostcalltable.inc", compiler), encoding="utf-8")
     (written / "records.dox").write_text(records_page(symbols, include, compiler), encoding="utf-8")
 
-    images = " ".join(str(ROOT / path) for path in sorted(pages.images))
-    doxygen(work, work / "log", **common, GENERATE_HTML="YES", HTML_OUTPUT=work / "html", IMAGE_PATH=images,
-            HTML_HEADER=THEME / "header.html", HTML_FOOTER=THEME / "footer.html", LAYOUT_FILE=THEME / "layout.xml",
-            USE_MDFILE_AS_MAINPAGE=written / "start.md")
-    search.finish(work / "html", THEME)
+    warnings = doxygen(work, **common, GENERATE_HTML="YES", HTML_OUTPUT=work / "html",
+                       IMAGE_PATH=[ROOT / path for path in sorted(pages.images)], HTML_HEADER=THEME / "header.html",
+                       HTML_FOOTER=THEME / "footer.html", LAYOUT_FILE=THEME / "layout.xml",
+                       USE_MDFILE_AS_MAINPAGE=written / "start.md")
+    finish(work / "html", THEME)
     shutil.rmtree(site, ignore_errors=True)
     site.parent.mkdir(parents=True, exist_ok=True)
     shutil.move(work / "html", site)
-    return (work / "log").read_text(encoding="utf-8").replace(f"{work}/include/", "").replace(f"{work}/pages/", "")
+    return warnings.replace(f"{work}/include/", "").replace(f"{written}/", "")
 
 
 def may_be_replaced(folder):
-    return not folder.exists() or not any(folder.iterdir()) or (folder / search.INDEX).exists()
+    return not folder.exists() or not any(folder.iterdir()) or (folder / INDEX).exists()
 
 
 def main(site):
@@ -98,7 +105,12 @@ def main(site):
         print(f"docs: {site} holds something else than a site, and stays as it is", file=sys.stderr)
         return 2
     with tempfile.TemporaryDirectory() as work:
-        warnings = make(site.resolve(), Path(work))
+        try:
+            warnings = make(site.resolve(), Path(work))
+        except BadDocument as error:
+            sys.exit(f"docs: {error}")
+        except subprocess.CalledProcessError as error:
+            sys.exit(f"docs: {error.cmd[0]} failed")
     sys.stderr.write(warnings)
     return 1 if warnings else 0
 

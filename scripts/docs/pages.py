@@ -16,6 +16,10 @@ BOLD = re.compile(r"\*\*(?=\S)((?:`[^`]*`|[^`*])+)\*\*")
 SPECIAL = re.compile(r"[@$\\]|%(?=\w)")
 
 
+class BadDocument(Exception):
+    """What is wrong with a document, in a sentence."""
+
+
 def anchor_of(heading):
     """The anchor that a forge gives a heading."""
     return re.sub(r"[^\w\- ]", "", heading.replace("`", "").lower()).replace(" ", "-")
@@ -36,6 +40,8 @@ class Document:
         self.path = path
         self.name = re.sub(r"\W", "-", str(path.with_suffix("")).lower())
         self._lines = (root / path).read_text(encoding="utf-8").splitlines()
+        if not self._lines or not self._lines[0].startswith("# "):
+            raise BadDocument(f"{path} does not begin with its title")
 
     @property
     def title(self):
@@ -94,7 +100,10 @@ class Document:
             return link[0]
         path, _, anchor = target.partition("#")
         path = Path(os.path.normpath(self.path.parent / path)) if path else self.path
-        found = target_of(path, anchor)
+        try:
+            found = target_of(path, anchor)
+        except FileNotFoundError:
+            raise BadDocument(f"{self.path} has a link to {target}, which is not there") from None
         return f"{mark}[{text}]({found})" if found else text
 
 
@@ -124,7 +133,7 @@ class Pages:
 
     def _target(self, path, anchor):
         if not (self._root / path).exists():
-            raise ValueError(f"there is no {path}")
+            raise FileNotFoundError(path)
         if path in self._headers:
             return self._headers[path]
         if path.suffix == ".md":
@@ -133,7 +142,7 @@ class Pages:
                 self._waiting.append(path)
             name = Document(self._root, path).name
             return f"{name}.html#{name}-{anchor}" if anchor else f"{name}.html"
-        if path.suffix == ".svg":
+        if path.suffix in (".svg", ".png"):
             self.images.add(path)
             return path.name
         if (self._root / path).is_dir():

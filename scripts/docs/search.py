@@ -1,13 +1,9 @@
-"""The last step: the index of the search, and what the site has besides Doxygen's pages."""
+"""The index of the search."""
 
 import json
-import re
-import shutil
 from html.parser import HTMLParser
-from urllib.parse import unquote, urldefrag
 
 INDEX = "searchindex.js"
-THEME_FILES = ["site.css", "search.js"]
 PAGE_TITLES, HEADINGS = {"title"}, {"h1", "h2", "h3", "h4"}
 # What only leads to the rest of a page, or repeats it.
 LEFT_OUT = {"top", "header", "groupheader", "memberdecls", "permalink"}
@@ -72,35 +68,8 @@ def read(path):
     return page
 
 
-def reached(folder):
-    """The pages that the start leads to, by their names, and all files that these name."""
-    pages, files, waiting = {}, set(), ["index.html"]
-    while waiting:
-        name = waiting.pop()
-        if name in files or not (folder / name).is_file():
-            continue
-        files.add(name)
-        if name.endswith(".html"):
-            pages[name] = read(folder / name)
-            waiting += [unquote(urldefrag(link).url) for link in pages[name].links]
-    return pages, files
-
-
-def without_summary(path):
-    """Takes the links at the top of a page away, some of which lead nowhere: to lists of private types."""
-    text = path.read_text(encoding="utf-8")
-    path.write_text(re.sub(r'<div class="summary">.*?</div>', "", text, flags=re.S), encoding="utf-8")
-
-
-def finish(folder, theme):
-    for name in THEME_FILES:
-        shutil.copy(theme / name, folder)
-    pages, files = reached(folder)
-    for path in folder.iterdir():
-        if path.name not in files:
-            path.unlink()
-    for name in pages:
-        without_summary(folder / name)
+def write_index(folder, pages):
+    """pages: what was read, by the names of their files. What only lists a header is left out."""
     places = [place for name, page in sorted(pages.items()) if not name.endswith("_source.html") for place in page.places]
     text = json.dumps(places, ensure_ascii=False, separators=(",", ":"))
     (folder / INDEX).write_text(f"const searchIndex = {text};\n", encoding="utf-8")

@@ -30,7 +30,8 @@ class Comments(unittest.TestCase):
         self.become("struct A {\n  int a;  // its *first*\n};  // A\n", "struct A {\n  int a;  ///< its \\*first\\*\n};  // A\n")
 
     def test_are_shared_by_the_declarations_of_a_run_but_for_examples(self):
-        self.become("\n// Reads\n// one.\n//\n// Example:\n//   A(1);\nint A(\n    int);\nint B(int);  // another\nint C(int);\n\nint D();\n",
+        self.become("\n// Reads\n// one.\n//\n// Example:\n//   A(1);\nint A(\n    int);\n"
+                    "int B(int);  // another\nint C(int);\n\nint D();\n",
                     "\n/// Reads\n/// one.\n///\n/// Example: @code{.cpp}\n///   A(1); @endcode\nint A(\n    int);\n"
                     "int B(int);  ///< another\n/** Reads one. */ int C(int);\n\nint D();\n")
 
@@ -40,7 +41,8 @@ class Comments(unittest.TestCase):
                     "///   x < y; @endcode\nint A();\n")
 
     def test_keep_the_lines_of_list_items(self):
-        self.become("\n// - One\n//   of them\n//   all.\n// - Two.\nint A();\n", "\n/// - One\n///   of them\n///   all.\n/// - Two.\nint A();\n")
+        self.become("\n// - One\n//   of them\n//   all.\n// - Two.\nint A();\n",
+                    "\n/// - One\n///   of them\n///   all.\n/// - Two.\nint A();\n")
 
     def test_keep_their_signs_and_code(self):
         self.become("\n// At \\x1 <b> #1 5 %d, in `<%@>` too.\nint A();\n",

@@ -24,8 +24,8 @@ def page_of(header):
     return f"{header.stem}_8{header.suffix[1:]}.html"
 
 
-def make(folder, source=SOURCE):
-    return subprocess.run([source / "scripts/docs.sh", folder], capture_output=True, text=True)
+def make(folder, source=SOURCE, **variables):
+    return subprocess.run([source / "scripts/docs.sh", folder], capture_output=True, text=True, env={**os.environ, **variables})
 
 
 class Page(HTMLParser):
@@ -186,9 +186,26 @@ class Making(unittest.TestCase):
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
 
-    def test_reports_a_symbol_without_a_comment_and_a_name_that_leads_nowhere(self):
-        tree = self.folder / "tree"
+    def tree(self):
+        """A copy of the sources, to be changed."""
+        tree = self.folder / "the tree"
         shutil.copytree(SOURCE, tree, ignore=shutil.ignore_patterns("build", "dist", ".git", "corpus"))
+        return tree
+
+    def test_stops_at_a_document_whose_link_leads_to_no_file(self):
+        tree = self.tree()
+        document = tree / "docs/glossary.md"
+        text = document.read_text(encoding="utf-8")
+        document.write_text(f"{text}\n[Nowhere](nowhere.md#at-all).\n", encoding="utf-8")
+        made = make(self.folder / "site", tree)
+        self.assertEqual((made.returncode, made.stderr),
+                         (1, "docs: docs/glossary.md has a link to nowhere.md#at-all, which is not there\n"))
+        document.write_text(text.removeprefix("# "), encoding="utf-8")
+        self.assertEqual(make(self.folder / "site", tree).stderr, "docs: docs/glossary.md does not begin with its title\n")
+        self.assertFalse((self.folder / "site").exists())
+
+    def test_reports_a_symbol_without_a_comment_and_a_name_that_leads_nowhere(self):
+        tree = self.tree()
         header = tree / "util/moddiv.h"
         text = header.read_text(encoding="utf-8")
         declaration = "BRV_EXPORT void UtilModDiv("
@@ -208,6 +225,10 @@ class Making(unittest.TestCase):
         (self.folder / "score.musicxml").rename(self.folder / "searchindex.js")
         self.assertEqual(make(self.folder).returncode, 0)
         self.assertTrue((self.folder / "index.html").exists())
+
+    def test_names_the_program_that_fails(self):
+        made = make(self.folder / "site", CXX="false")
+        self.assertEqual((made.returncode, made.stderr), (1, "docs: false failed\n"))
 
     def test_needs_one_folder_at_most(self):
         made = subprocess.run([SOURCE / "scripts/docs.sh", self.folder / "a", "b"], capture_output=True, text=True)
