@@ -22,6 +22,7 @@
 #include "host/process/streams.h"
 #include "host/text/printable.h"
 #include "host/text/reason.h"
+#include "host/version/version.h"
 
 namespace {
 
@@ -68,7 +69,7 @@ std::terminate_handler usualHandler = nullptr;
 
 int PerformOrExplain(int argc, char** argv) {
   Options options;
-  const auto app = DescribeCommandLine(options);
+  const auto app = DescribeCommandLine(options, kVersion);
   try {
     ParseCommandLine(*app, argc, argv);
     std::set_terminate(usualHandler);

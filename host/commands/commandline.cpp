@@ -11,7 +11,6 @@
 #include "host/commands/helptexts.h"
 #include "host/commands/itemoption.h"
 #include "host/commands/optionvalues.h"
-#include "host/version.h"
 
 namespace brvhost {
 namespace {
@@ -181,12 +180,12 @@ void AddCheckReports(CLI::App& check, Options& options) {
 
 }  // namespace
 
-std::unique_ptr<CLI::App> DescribeCommandLine(Options& options) {
+std::unique_ptr<CLI::App> DescribeCommandLine(Options& options, const std::string& version) {
   auto app = std::make_unique<CLI::App>(kAbout, "brvhost");
   app->formatter(std::make_shared<HelpFormatter>());  // and of the commands, which are added later
   app->require_subcommand(1);
   app->footer(kCommonFooter);
-  app->set_version_flag("--version", std::string("brvhost ") + kVersion, "Print the version and exit");
+  app->set_version_flag("--version", "brvhost " + version, "Print the version and exit");
   app->set_help_flag("-h,--help", "Print this help and exit");
 
   CLI::App& list = *app->add_subcommand("list", kListAbout);

@@ -10,10 +10,11 @@
 #include "host/documentation/manualpage.h"
 #include "host/process/exitstatus.h"
 #include "host/process/streams.h"
+#include "host/version/version.h"
 
 int main(int argc, char** argv) {
   brvhost::Options options;
-  const auto app = brvhost::DescribeCommandLine(options);
+  const auto app = brvhost::DescribeCommandLine(options, brvhost::kVersion);
   const std::string_view wanted = argc == 2 ? argv[1] : "";
   if (wanted == "man") {
     brvhost::Print(stdout, "{}", brvhost::ManualPage(*app));

@@ -5,7 +5,6 @@
 #include "host/bundle/installedpaths.h"
 #include "host/commands/prose.h"
 #include "host/documentation/optionlist.h"
-#include "host/version.h"
 
 namespace brvhost {
 namespace {
@@ -78,7 +77,7 @@ std::string BundleEntry() {
 }  // namespace
 
 std::string ManualPage(const CLI::App& app) {
-  std::string text = fmt::format(".TH BRVHOST 1 \"\" \"brvhost {}\" \"User commands\"\n", kVersion);
+  std::string text = fmt::format(".TH BRVHOST 1 \"\" \"{}\" \"User commands\"\n", app.version());
   text += ".SH NAME\nbrvhost \\- run notation extensions on MusicXML scores\n";
   text += ".SH SYNOPSIS\n";
   for (const CommandText& command : DescribeCommands(app)) {

@@ -9,7 +9,7 @@ namespace {
 
 TEST(WrongUsage, NamesTheArgumentWhereItKnowsNoMore) {
   Options options;
-  const auto app = DescribeCommandLine(options);
+  const auto app = DescribeCommandLine(options, "1.0.0");
   EXPECT_EQ(WrongUsage(CLI::HorribleError("of a kind that is not known"), *app, "--fly"),
             "--fly: cannot be understood here; --help lists what there is");
 }

@@ -46,7 +46,8 @@ class Help(Case):
             self.assertEqual(" ".join(re.findall(r"^  (\d+)  ", section, re.MULTILINE)), listed)
 
     def test_names_the_version(self):
-        self.assertRegex(self.succeeds(brvhost("--version")).stdout, r"^brvhost \d+\.\d+\.\d+\n$")
+        build = r"\d+\.g[0-9a-f]{7,}(\.dirty)?|unknown"
+        self.assertRegex(self.succeeds(brvhost("--version")).stdout, rf"^brvhost \d+\.\d+\.\d+(\+({build}))?\n$")
 
 
 class Documents(Case):

@@ -125,7 +125,7 @@ class List(Installed):
         (crashing / "Contents/Info.plist").write_bytes(plistlib.dumps({"CFBundleExecutable": image.stem}))
         (self.first / "notes.txt").touch()
         (self.first / "Folder").mkdir()
-        version = brvhost("--version").stdout.split()[1]
+        version = brvhost("--version").stdout.split()[1].partition("+")[0]
         languages = sorted(path.stem for path in RESOURCES.glob("*.lproj"))
         self.assertIn("en", languages)
         self.assertEqual(self.lines(),

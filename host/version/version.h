@@ -1,0 +1,9 @@
+// Which build of the program this is.
+#pragma once
+
+namespace brvhost {
+
+// "1.0.0" of a release; "1.0.0+20.g50600e1" of another commit, with ".dirty" where files differ from it.
+extern const char* const kVersion;
+
+}  // namespace brvhost
