@@ -36,6 +36,7 @@ int Perform(const CLI::App& app, const Options& options) {
   if (app.got_subcommand("calls")) return ListCalls(options);
   if (app.got_subcommand("fuzz")) return Fuzz(options);
   if (app.got_subcommand("new")) return MakeExtension(options);
+  if (app.got_subcommand("help")) return ShowHelp(app, options);
   return Check(options);
 }
 

@@ -10,5 +10,7 @@ inline constexpr const char* kFactList = "--list";
 inline constexpr const char* kScoreArgument = "SCORE";
 inline constexpr const char* kScoreList = "--files-from";
 inline constexpr const char* kReproduce = "--reproduce";
+// The command that `help` explains.
+inline constexpr const char* kCommandArgument = "COMMAND";
 
 }  // namespace brvhost

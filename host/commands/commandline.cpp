@@ -265,6 +265,10 @@ std::unique_ptr<CLI::App> DescribeCommandLine(Options& options, const std::strin
   AddText(make, "--languages", "LIST", options.languages,
           "The languages that it has texts in: en,de,pt-BR; English is always among them (en)");
   make.footer(kNewFooter);
+
+  CLI::App& help = *app->add_subcommand("help", kHelpAbout);
+  help.add_option(kCommandArgument, options.explained, "The command; without one, brvhost as a whole")->type_name("");
+  help.footer(kHelpFooter);
   return app;
 }
 

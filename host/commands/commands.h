@@ -1,6 +1,8 @@
 // The commands. Each returns the exit status, and throws what main explains to the user.
 #pragma once
 
+#include <CLI/CLI.hpp>
+
 #include "host/commands/options.h"
 
 namespace brvhost {
@@ -13,5 +15,6 @@ namespace brvhost {
 [[nodiscard]] int Check(const Options& options);
 [[nodiscard]] int Fuzz(const Options& options);
 [[nodiscard]] int MakeExtension(const Options& options);
+[[nodiscard]] int ShowHelp(const CLI::App& app, const Options& options);
 
 }  // namespace brvhost

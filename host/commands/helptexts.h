@@ -6,7 +6,10 @@ namespace brvhost {
 inline constexpr const char* kAbout =
     "Runs extensions of the Brevix music-notation application on MusicXML scores, without the application.";
 
-inline constexpr const char* kCommonFooter = R"(EXIT STATUS
+inline constexpr const char* kCommonFooter = R"(MORE HELP
+  On a command, such as run: `brvhost help run`, `brvhost run --help`, or its manual page, `man brvhost-run`.
+
+EXIT STATUS
   0    done
   1    a result or what is printed could not be written, an extension failed, or a check failed
   2    bad usage, or a score that cannot be used
@@ -295,5 +298,16 @@ EXIT STATUS
 
 EXAMPLES
     brvhost new WideLeaps --identifier com.example.wideleaps --languages en,de)";
+
+inline constexpr const char* kHelpAbout = "Explains a command, or brvhost as a whole, with the same text as --help.";
+
+inline constexpr const char* kHelpFooter = R"(EXIT STATUS
+  0    done
+  1    the text could not be written
+  2    bad usage, such as a command that there is not
+  130  interrupted
+
+EXAMPLES
+    brvhost help run)";
 
 }  // namespace brvhost

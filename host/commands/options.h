@@ -46,6 +46,8 @@ struct Options {
   std::string identifier;
   std::string languages = "en";
 
+  std::string explained;  // the command that `help` is about; empty: brvhost as a whole
+
   bool list = false;
   bool json = false;
   bool quiet = false;

@@ -15,10 +15,8 @@ namespace {
 const CLI::App* CommandOf(const CLI::App& app, const std::vector<std::string>& arguments) {
   if (arguments.empty()) throw UsageError(NoCommand(app));
   const std::string& first = arguments[0];
-  const auto commands = app.get_subcommands([&](const CLI::App* command) { return command->check_name(first); });
-  if (!commands.empty()) return commands[0];
-  if (app.get_option_no_throw(first) == nullptr) throw UsageError(UnknownCommand(app, first));
-  return nullptr;
+  if (app.get_option_no_throw(first) != nullptr) return nullptr;
+  return &CommandNamed(app, first);
 }
 
 // The parser would take the argument that follows for the value that is missing.
@@ -32,6 +30,12 @@ void RefuseEmptyValues(const CLI::App& command, const std::vector<std::string>& 
 }
 
 }  // namespace
+
+const CLI::App& CommandNamed(const CLI::App& app, const std::string& name) {
+  const auto commands = app.get_subcommands([&](const CLI::App* command) { return command->check_name(name); });
+  if (commands.empty()) throw UsageError(UnknownCommand(app, name));
+  return *commands[0];
+}
 
 void ParseCommandLine(CLI::App& app, int argc, const char* const* argv) {
   const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);

@@ -2,8 +2,12 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <string>
 
 namespace brvhost {
+
+// Throws UsageError where there is no such command.
+const CLI::App& CommandNamed(const CLI::App& app, const std::string& name);
 
 // Throws CLI::Success where only the help or the version is asked for, and UsageError where the command line cannot be
 // taken as it is.

@@ -2,6 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
 #include <vector>
 
 #include "host/commands/argumentnames.h"
@@ -10,7 +13,6 @@
 namespace brvhost {
 namespace {
 
-bool IsBundle(const std::string& argument) { return argument.starts_with(kBundleArgument); }
 bool IsFolder(const std::string& value) { return value == "DIR"; }
 bool IsFile(const std::string& value) { return value == "FILE"; }
 
@@ -56,9 +58,11 @@ std::string Escaped(const std::string& text) {
   return escaped;
 }
 
-const char* ZshArgument(const std::string& argument) {
-  if (!IsBundle(argument)) return "'*:score:_files -g \"*.(musicxml|xml|mxl)(-.)\"'";
-  return argument == kBundleArgument ? "'1:bundle:_brvhost_bundles'" : "'*:bundle:_brvhost_bundles'";
+// What an argument is completed with, as zsh names it; nothing where only the user knows.
+std::string ZshAction(const CLI::App& app, const ArgumentText& argument) {
+  if (argument.name == kBundleArgument) return "_brvhost_bundles";
+  if (argument.name == kScoreArgument) return "_files -g \"*.(musicxml|xml|mxl)(-.)\"";
+  return argument.name == kCommandArgument ? fmt::format("({})", CommandNames(app)) : "";
 }
 
 std::string ZshOption(const OptionText& option) {
@@ -71,14 +75,16 @@ std::string ZshOption(const OptionText& option) {
   return lines;
 }
 
-// Where a bundle is asked for, as alternatives of a shell pattern over the command and the number of the word: second
-// in a command that takes scores, too, and anywhere in others.
-std::string BundlePlaces(const CLI::App& app) {
+// Where an argument is asked for, as alternatives of a shell pattern over the command and the number of the word: in
+// its place, or anywhere where no other argument comes after it.
+std::string Places(const CLI::App& app, std::string_view argument) {
   std::string pattern;
   for (const CommandText& command : DescribeCommands(app)) {
-    if (command.arguments.empty() || !IsBundle(command.arguments[0])) continue;
-    pattern +=
-        fmt::format("{}{}:{}", pattern.empty() ? "" : "|", command.name, command.arguments.size() > 1 ? "2" : "*");
+    const auto found = std::ranges::find(command.arguments, argument, &ArgumentText::name);
+    if (found == command.arguments.end()) continue;
+    const std::ptrdiff_t word = found - command.arguments.begin() + 2;
+    const std::string place = found + 1 == command.arguments.end() ? "*" : std::to_string(word);
+    pattern += fmt::format("{}{}:{}", pattern.empty() ? "" : "|", command.name, place);
   }
   return pattern;
 }
@@ -104,10 +110,10 @@ _brvhost_bundles() {{
   compgen -d -- "$1"
 }}
 _brvhost() {{
-  local word=${{COMP_WORDS[COMP_CWORD]}} previous=${{COMP_WORDS[COMP_CWORD-1]}} options
+  local word=${{COMP_WORDS[COMP_CWORD]}} previous=${{COMP_WORDS[COMP_CWORD-1]}} commands="{}" options
   COMPREPLY=()
   if [ "$COMP_CWORD" -eq 1 ]; then
-    COMPREPLY=($(compgen -W "{} {}" -- "$word"))
+    COMPREPLY=($(compgen -W "$commands {}" -- "$word"))
     return
   fi
   # As it was typed, a name has the shell's quotes around it, or backslashes in it.
@@ -126,15 +132,17 @@ _brvhost() {{
     return
   fi
   case ${{COMP_WORDS[1]}}:$COMP_CWORD in
-    {}) _brvhost_offer < <(_brvhost_bundles "$word"); return ;;
+    {}) _brvhost_offer < <(_brvhost_bundles "$word") ;;
+    {}) COMPREPLY=($(compgen -W "$commands" -- "$word")) ;;
+    {}) _brvhost_offer < <(compgen -d -- "$word"; compgen -f -X '!*.@(musicxml|xml|mxl)' -- "$word") ;;
   esac
-  _brvhost_offer < <(compgen -d -- "$word"; compgen -f -X '!*.@(musicxml|xml|mxl)' -- "$word")
 }}
 shopt -s extglob
 complete -F _brvhost brvhost
 )",
                      CommandNames(app), OptionNames(DescribeOptions(app)), Pattern(app, IsFolder), Pattern(app, IsFile),
-                     Pattern(app, IsPlain), cases, BundlePlaces(app));
+                     Pattern(app, IsPlain), cases, Places(app, kBundleArgument), Places(app, kCommandArgument),
+                     Places(app, kScoreArgument));
 }
 
 std::string ZshCompletion(const CLI::App& app) {
@@ -157,9 +165,9 @@ _brvhost() {
   for (const CommandText& command : DescribeCommands(app)) {
     text += fmt::format("    {})\n      shift words; (( CURRENT-- ))\n      _arguments", command.name);
     for (const OptionText& option : command.options) text += ZshOption(option);
-    for (const std::string& argument : command.arguments) {
-      text += " \\\n        ";
-      text += ZshArgument(argument);
+    for (const ArgumentText& argument : command.arguments) {
+      text += fmt::format(" \\\n        '{}:{}:{}'", argument.isRepeated ? "*" : "1", argument.name,
+                          ZshAction(app, argument));
     }
     text += "\n      ;;\n";
   }

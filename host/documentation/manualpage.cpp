@@ -56,9 +56,15 @@ std::string FooterText(const std::string& footer) {
   return text;
 }
 
+std::string Arguments(const CommandText& command) {
+  std::string text;
+  for (const ArgumentText& argument : command.arguments)
+    text += fmt::format(" \\fI{}{}\\fR", Escaped(argument.name), argument.isRepeated ? "..." : "");
+  return text;
+}
+
 std::string CommandSection(const CommandText& command) {
-  std::string arguments;
-  for (const std::string& argument : command.arguments) arguments += fmt::format(" \\fI{}\\fR", Escaped(argument));
+  const std::string arguments = Arguments(command);
   std::string text =
       fmt::format(".SS brvhost {}{} [\\fIOPTIONS\\fR]\n{}\n", command.name, arguments, Escaped(command.about));
   for (const OptionText& option : command.options) text += OptionEntry(option);
@@ -82,7 +88,7 @@ std::string ManualPage(const CLI::App& app) {
   text += ".SH SYNOPSIS\n";
   for (const CommandText& command : DescribeCommands(app)) {
     text += fmt::format("\\fBbrvhost {}\\fR", command.name);
-    for (const std::string& argument : command.arguments) text += fmt::format(" \\fI{}\\fR", Escaped(argument));
+    text += Arguments(command);
     text += " [\\fIOPTIONS\\fR]\n.br\n";
   }
   text += fmt::format(".SH DESCRIPTION\n{}\n", Escaped(app.get_description()));

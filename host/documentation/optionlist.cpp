@@ -8,7 +8,7 @@ namespace {
 void Collect(const CLI::App& app, CommandText& command) {
   for (const CLI::Option* option : app.get_options()) {
     if (option->get_positional()) {
-      command.arguments.push_back(option->get_name() + (option->get_expected_max() > 1 ? "..." : ""));
+      command.arguments.push_back({option->get_name(), option->get_expected_max() > 1});
       continue;
     }
     OptionText text;

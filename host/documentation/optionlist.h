@@ -7,6 +7,11 @@
 
 namespace brvhost {
 
+struct ArgumentText {
+  std::string name;  // BUNDLE
+  bool isRepeated;
+};
+
 struct OptionText {
   std::vector<std::string> names;  // with their dashes
   std::string optionalValue;       // "[=FILE]": what may follow the name of a flag
@@ -18,7 +23,7 @@ struct CommandText {
   std::string name;
   std::string about;
   std::string footer;
-  std::vector<std::string> arguments;  // BUNDLE, SCORE...
+  std::vector<ArgumentText> arguments;
   std::vector<OptionText> options;
 };
 

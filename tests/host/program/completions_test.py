@@ -10,12 +10,11 @@ import subprocess
 import time
 import unittest
 
-from brvhost import Case, LEGER_LINES, PROGRAM, brvhost
+from brvhost import COMMANDS, Case, LEGER_LINES, PROGRAM, options_in_help
 
 SHARE = pathlib.Path(os.environ["BRV_SHARE"])
 BASH = SHARE / "bash-completion/completions/brvhost"
 ZSH = SHARE / "zsh/site-functions/_brvhost"
-COMMANDS = ["list", "items", "info", "run", "check", "fuzz", "calls", "new"]
 
 # What is completed is printed; the completions themselves get an answer.
 SHOW = 'brvhost() { if [ "$1" = list ]; then command brvhost list; else printf "<%s>" "$@"; echo "|end"; fi; }'
@@ -23,11 +22,6 @@ START = {
     "bash": (["bash", "--norc", "--noprofile", "-i"], f"source {BASH}"),
     "zsh": (["zsh", "-f", "-i"], f"fpath=({ZSH.parent} $fpath); autoload -Uz compinit; compinit -u -D"),
 }
-
-
-def options_in_help(command):
-    """All long options that the help of a command mentions at the start of a line."""
-    return set(re.findall(r"^ +(?:-\w, )?(--[\w-]+)", brvhost(command, "--help").stdout, re.MULTILINE))
 
 
 class Shell:
@@ -92,8 +86,13 @@ class Completion:
 
     def test_has_commands_and_options(self):
         self.completes("chec", "check")
+        self.completes("help chec", "help", "check")
         self.completes("run --recu", "run", "--recursive")
         self.completes("info --files", "info", "--files-from")
+
+    def test_has_scores_only_where_they_are_taken(self):
+        for line in ("calls tw", "new tw", "help tw", "items tw"):
+            self.completes(line, *line.split())
 
     def test_has_names_with_blanks(self):
         self.completes("info one", "info", "one score.musicxml")
@@ -137,6 +136,9 @@ class BashFunction(Case):
         self.assertEqual(self.complete("brvhost", "run", "--st"), {"--staves", "--start-at"})
         for command in COMMANDS:
             self.assertLessEqual(options_in_help(command), self.complete("brvhost", command, "--"))
+
+    def test_completes_what_is_explained(self):
+        self.assertEqual(self.complete("brvhost", "help", '""'), set(COMMANDS))
 
     def test_completes_scores_and_folders(self):
         for name in ("a.mxl", "b.musicxml", "c.txt"):

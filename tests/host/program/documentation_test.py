@@ -7,20 +7,13 @@ import shutil
 import subprocess
 import unittest
 
-from brvhost import Case, brvhost
+from brvhost import COMMANDS, Case, brvhost, options_in_help
 
 SHARE = pathlib.Path(os.environ["BRV_SHARE"])
 MANUAL = SHARE / "man/man1/brvhost.1"
 BASH = SHARE / "bash-completion/completions/brvhost"
 ZSH = SHARE / "zsh/site-functions/_brvhost"
 DOCUMENTS = os.environ["BRVHOST_DOCS"]
-COMMANDS = ["list", "items", "info", "run", "check", "fuzz", "calls", "new"]
-
-
-def options_in_help(command):
-    """All long options that the help of a command mentions at the start of a line."""
-    text = brvhost(command, "--help").stdout
-    return set(re.findall(r"^ +(?:-\w, ?)?(--[\w-]+)", text, re.MULTILINE))
 
 
 class Help(Case):
@@ -31,6 +24,25 @@ class Help(Case):
             self.assertIn("EXIT STATUS", text)
         self.assertEqual(len(options_in_help("run")), 29)
 
+    def test_is_shown_by_the_command_help_too(self):
+        for command in ([], *([command] for command in COMMANDS)):
+            with self.subTest(command):
+                process = self.succeeds(brvhost("help", *command))
+                self.assertEqual((process.stdout, process.stderr), (brvhost(*command, "--help").stdout, ""))
+
+    def test_on_a_command_that_there_is_not_is_refused_as_that_command_is(self):
+        for name in ("rnu", "fly", "Info"):
+            refused = self.fails(brvhost("help", name), 2)
+            self.assertEqual((refused.stdout, refused.stderr), ("", brvhost(name).stderr))
+
+    def test_on_several_commands_is_refused(self):
+        refused = self.fails(brvhost("help", "run", "check"), 2)
+        self.assertEqual(refused.stderr, "brvhost: check: is one argument too many; `brvhost help --help` explains what it takes\n")
+
+    def test_names_the_other_ways_to_it(self):
+        for way in ("`brvhost help run`", "`brvhost run --help`", "`man brvhost-run`"):
+            self.assertIn(way, brvhost("--help").stdout)
+
     def test_fits_into_80_columns(self):
         for command in ([], *([command] for command in COMMANDS)):
             text = self.succeeds(brvhost(*command, "--help")).stdout
@@ -39,7 +51,8 @@ class Help(Case):
 
     def test_lists_the_statuses_of_each_command(self):
         statuses = {"list": "0 1 2 3 130", "items": "0 1 2 3 130", "info": "0 1 2 130", "run": "0 1 2 3 130", "check": "0 1 2 3 130",
-                    "fuzz": "0 1 2 3 130", "calls": "0 1 2 130", "new": "0 1 2 130"}
+                    "fuzz": "0 1 2 3 130", "calls": "0 1 2 130", "new": "0 1 2 130", "help": "0 1 2 130"}
+        self.assertEqual(list(statuses), COMMANDS)
         for command, listed in statuses.items():
             text = brvhost(command, "--help").stdout
             section = re.search(r"^EXIT STATUS\n((?: .*\n)+)", text, re.MULTILINE)[1]

@@ -112,7 +112,7 @@ class Outputs(Messages):
         path = self.write("a.musicxml", score())
         yield from ([PROGRAM, *map(str, command)] for command in (
             ["info", path], ["items", LEGER_LINES], ["check", LEGER_LINES, "--no-confine"], hiding(path, "--dry-run"),
-            hiding(path, SAMPLES / "winds.musicxml", "--dry-run"), ["--help"], ["--version"], ["run", "--help"]))
+            hiding(path, SAMPLES / "winds.musicxml", "--dry-run"), ["--help"], ["--version"], ["run", "--help"], ["help", "run"]))
         yield from ([DOCUMENTS, kind] for kind in ("man", "bash", "zsh"))
 
     def test_that_lose_something_give_the_same_status(self):

@@ -40,6 +40,15 @@ def brvhost(*arguments, environment=None, **options):
     return process
 
 
+COMMANDS = ["list", "items", "info", "run", "check", "fuzz", "calls", "new", "help"]
+
+
+def options_in_help(command):
+    """All long options that the help of a command mentions at the start of a line."""
+    text = brvhost(command, "--help").stdout
+    return set(re.findall(r"^ +(?:-\w, ?)?(--[\w-]+)", text, re.MULTILINE))
+
+
 def run(item, *arguments, bundle=LEGER_LINES, environment=None):
     return brvhost("run", bundle, "--item", item, *arguments, environment=environment)
 
