@@ -1,4 +1,4 @@
-# Writes the version of a build into a source file: cmake -DVERSION=1.0.0 -DSOURCE=<folder> -DTEMPLATE=... -DOUTPUT=... -P ...
+# Writes the version of a build, and the day of its release, into a source file: cmake -DVERSION=1.0.0 -DSOURCE=<folder> -DTEMPLATE=... -DOUTPUT=... -P ...
 #
 # A release has the version alone: sources without a repository, or the commit with the tag v1.0.0 or 1.0.0. Others have the number of
 # commits since that tag, or in all while there is none, and the commit: 1.0.0+20.g50600e1, with .dirty where files differ from it.
@@ -41,6 +41,26 @@ function(describe_build variable)
   set(${variable} "${build}" PARENT_SCOPE)
 endfunction()
 
+# The day of the first entry of the changelog, whose end is as in " -- Name <address>  Sun, 22 Nov 2026 03:00:00 +0000".
+function(find_date variable)
+  set(changelog ${SOURCE}/debian/changelog)
+  file(STRINGS ${changelog} entry REGEX "^ -- .*>  " LIMIT_COUNT 1)
+  set(months Jan Feb Mar Apr May Jun Jul Aug Sep Oct Nov Dec)
+  if(entry MATCHES ">  [A-Z][a-z]+, +([0-9]+) ([A-Z][a-z]+) ([0-9]+) ")
+    set(day ${CMAKE_MATCH_1})
+    set(year ${CMAKE_MATCH_3})
+    list(FIND months ${CMAKE_MATCH_2} month)
+  endif()
+  if(NOT DEFINED month OR month EQUAL -1)
+    message(FATAL_ERROR "${changelog}: the first entry has no date")
+  endif()
+  math(EXPR month "${month} + 1")
+  string(REGEX REPLACE "^.$" "0\\0" month ${month})
+  string(REGEX REPLACE "^.$" "0\\0" day ${day})
+  set(${variable} ${year}-${month}-${day} PARENT_SCOPE)
+endfunction()
+
+find_date(date)
 describe_build(build)
 set(version ${VERSION})
 if(NOT build STREQUAL "")

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <vector>
 
+#include "host/commands/optiongroups.h"
 #include "host/commands/prose.h"
 
 namespace brvhost {
@@ -56,19 +56,11 @@ std::string Arguments(const CLI::App& app) {
   return entries.empty() ? "" : "\nArguments:\n" + entries;
 }
 
-// The groups in the order of their first options; the one that options are in by themselves is first.
 std::string Options(const CLI::App& app) {
-  std::vector<std::string> groups;
-  for (const CLI::Option* const option : app.get_options()) {
-    if (std::ranges::find(groups, option->get_group()) == groups.end()) groups.push_back(option->get_group());
-  }
   std::string text;
-  for (const std::string& group : groups) {
-    text += fmt::format("\n{}:\n", group == groups.front() ? "Options" : group);
-    for (const CLI::Option* const option : app.get_options()) {
-      if (option->get_positional() || option->get_group() != group) continue;
-      text += Entry(Names(*option), option->get_description());
-    }
+  for (const OptionGroup& group : OptionGroupsOf(app)) {
+    text += fmt::format("\n{}:\n", group.heading);
+    for (const CLI::Option* const option : group.options) text += Entry(Names(*option), option->get_description());
   }
   return text;
 }

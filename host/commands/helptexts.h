@@ -1,4 +1,4 @@
-// What the help, the manual page and the completions explain at length.
+// What the help, the manual pages and the completions explain at length.
 #pragma once
 
 namespace brvhost {

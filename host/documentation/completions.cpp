@@ -34,7 +34,7 @@ std::string OptionNames(const std::vector<OptionText>& options) {
 std::string Pattern(const CLI::App& app, bool (*isOfTheKind)(const std::string&)) {
   std::string pattern;
   for (const CommandText& command : DescribeCommands(app)) {
-    for (const OptionText& option : command.options) {
+    for (const OptionText& option : OptionsOf(command)) {
       if (!isOfTheKind(option.value)) continue;
       for (const std::string& name : option.names) pattern += (pattern.empty() ? "" : "|") + name;
     }
@@ -94,7 +94,7 @@ std::string Places(const CLI::App& app, std::string_view argument) {
 std::string BashCompletion(const CLI::App& app) {
   std::string cases;
   for (const CommandText& command : DescribeCommands(app)) {
-    cases += fmt::format("    {}) options=\"{}\" ;;\n", command.name, OptionNames(command.options));
+    cases += fmt::format("    {}) options=\"{}\" ;;\n", command.name, OptionNames(OptionsOf(command)));
   }
   return fmt::format(R"(# bash completion for brvhost
 # The lines of the standard input, which may have blanks in them, become what is offered.
@@ -140,9 +140,9 @@ _brvhost() {{
 shopt -s extglob
 complete -F _brvhost brvhost
 )",
-                     CommandNames(app), OptionNames(DescribeOptions(app)), Pattern(app, IsFolder), Pattern(app, IsFile),
-                     Pattern(app, IsPlain), cases, Places(app, kBundleArgument), Places(app, kCommandArgument),
-                     Places(app, kScoreArgument));
+                     CommandNames(app), OptionNames(OptionsOf(DescribeProgram(app))), Pattern(app, IsFolder),
+                     Pattern(app, IsFile), Pattern(app, IsPlain), cases, Places(app, kBundleArgument),
+                     Places(app, kCommandArgument), Places(app, kScoreArgument));
 }
 
 std::string ZshCompletion(const CLI::App& app) {
@@ -164,7 +164,7 @@ _brvhost() {
   text += "  )\n  if (( CURRENT == 2 )); then\n    _describe command commands\n    return\n  fi\n  case $words[2] in\n";
   for (const CommandText& command : DescribeCommands(app)) {
     text += fmt::format("    {})\n      shift words; (( CURRENT-- ))\n      _arguments", command.name);
-    for (const OptionText& option : command.options) text += ZshOption(option);
+    for (const OptionText& option : OptionsOf(command)) text += ZshOption(option);
     for (const ArgumentText& argument : command.arguments) {
       text += fmt::format(" \\\n        '{}:{}:{}'", argument.isRepeated ? "*" : "1", argument.name,
                           ZshAction(app, argument));

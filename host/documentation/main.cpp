@@ -1,32 +1,41 @@
-// Prints the program's documentation, which follows from its command line: brvhost-docs man, bash or zsh.
+// Writes the program's documents, which follow from its command line, into a new folder: brvhost-docs FOLDER.
 #include <fmt/format.h>
 
 #include <cstdio>
-#include <string_view>
+#include <exception>
 
 #include "host/commands/commandline.h"
 #include "host/commands/options.h"
-#include "host/documentation/completions.h"
-#include "host/documentation/manualpage.h"
+#include "host/documentation/documents.h"
 #include "host/process/exitstatus.h"
-#include "host/process/streams.h"
+#include "host/project/newfolder.h"
+#include "host/text/reason.h"
 #include "host/version/version.h"
 
+namespace {
+
+using namespace brvhost;
+
+void WriteDocuments(const char* name) {
+  Options options;
+  const auto app = DescribeCommandLine(options, kVersion);
+  NewFolder folder(name);
+  for (const Document& document : DocumentsOf(*app, kReleaseDate)) folder.Add(document.path, document.content);
+  folder.Keep();
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
-  brvhost::Options options;
-  const auto app = brvhost::DescribeCommandLine(options, brvhost::kVersion);
-  const std::string_view wanted = argc == 2 ? argv[1] : "";
-  if (wanted == "man") {
-    brvhost::Print(stdout, "{}", brvhost::ManualPage(*app));
-  } else if (wanted == "bash") {
-    brvhost::Print(stdout, "{}", brvhost::BashCompletion(*app));
-  } else if (wanted == "zsh") {
-    brvhost::Print(stdout, "{}", brvhost::ZshCompletion(*app));
-  } else {
-    fmt::print(stderr, "usage: brvhost-docs man|bash|zsh\n");
-    return brvhost::kBadInput;
+  if (argc != 2) {
+    fmt::print(stderr, "usage: brvhost-docs FOLDER\n");
+    return kBadInput;
   }
-  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return brvhost::kDone;
-  fmt::print(stderr, "brvhost-docs: the standard output cannot be written\n");
-  return brvhost::kFailed;
+  try {
+    WriteDocuments(argv[1]);
+  } catch (const std::exception& error) {
+    fmt::print(stderr, "brvhost-docs: {}\n", ReasonOf(error));
+    return kFailed;
+  }
+  return kDone;
 }

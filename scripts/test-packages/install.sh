@@ -67,6 +67,8 @@ fi
 run_sample "$work" brvhost
 
 man brvhost | grep -F "$bundle"
+man brvhost-run | grep -F "brvhost run --item"
+[ "$(man -w brvhost run)" = "$(man -w brvhost-run)" ]
 [ "$(brvhost --version)" = "brvhost $version" ]
 show_sample "$work"
 man brvhost-preview | grep -F -- --before

@@ -1,5 +1,7 @@
 """The version of a build, in a repository of its own: with the commit between releases, and found again at each build."""
 
+import datetime
+import email.utils
 import os
 import pathlib
 import re
@@ -38,19 +40,27 @@ class Sources(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
         self.tree = self.folder / "tree"
-        self.tree.mkdir()
+        (self.tree / "debian").mkdir(parents=True)
+        self.write_changelog("Sun, 22 Nov 2026 03:00:00 +0000", "Tue, 01 Sep 2026 03:00:00 +0000")
 
     def run_here(self, *command, **variables):
         process = subprocess.run([*map(str, command)], cwd=self.tree, env={**ENVIRONMENT, **variables}, capture_output=True, text=True)
         self.assertEqual(process.returncode, 0, process.stdout + process.stderr)
         return process.stdout
 
-    def version(self, **variables):
-        """What is written for these sources."""
+    def write_changelog(self, *times):
+        entries = (f"small (1.0.0) unstable; urgency=medium\n\n  * Changes.\n\n -- Somebody <s@example.org>  {time}\n" for time in times)
+        (self.tree / "debian/changelog").write_text("\n".join(entries))
+
+    def written(self, **variables):
+        """The source file of these sources."""
         output = self.folder / "version.cpp"
         self.run_here(CMAKE, "-DVERSION=1.0.0", f"-DSOURCE={self.tree}", f"-DTEMPLATE={TEMPLATE}", f"-DOUTPUT={output}", "-P",
                       SOURCE / "cmake/BrvWriteVersion.cmake", **variables)
-        return re.search(r'kVersion = "(.*)";', output.read_text())[1]
+        return output.read_text()
+
+    def version(self, **variables):
+        return re.search(r'kVersion = "(.*)";', self.written(**variables))[1]
 
 
 @unittest.skipUnless(shutil.which("git"), "no git")
@@ -134,6 +144,21 @@ class SourcesWithoutARepository(Sources):
     def test_have_the_version_alone_also_in_the_repository_of_others(self):
         subprocess.run(["git", "init", "--quiet", self.folder], env=ENVIRONMENT, check=True)
         self.assertEqual(self.version(), "1.0.0")
+
+
+class Releases(Sources):
+    def test_have_the_day_of_the_first_entry_of_the_changelog(self):
+        self.assertIn('kReleaseDate = "2026-11-22";', self.written())
+        for month in range(1, 13):
+            time = datetime.datetime(2027, month, 3, tzinfo=datetime.timezone.utc)
+            self.write_changelog(email.utils.format_datetime(time))
+            self.assertIn(f'kReleaseDate = "{time:%Y-%m-%d}";', self.written())
+
+    def test_need_a_date(self):
+        for time in ("", "yesterday", "Sun, 22 Now 2026 03:00:00 +0000"):
+            self.write_changelog(time)
+            with self.assertRaisesRegex(AssertionError, "debian/changelog: the\\s+first\\s+entry\\s+has\\s+no\\s+date"):
+                self.written()
 
 
 @unittest.skipUnless(shutil.which("ninja"), "no ninja")

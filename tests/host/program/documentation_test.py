@@ -1,4 +1,4 @@
-"""The manual page and the completions: they hold every option, and the shells take them."""
+"""The help and the manual pages: both explain the same in the same words, and programs that show manual pages take them."""
 
 import os
 import pathlib
@@ -6,14 +6,30 @@ import re
 import shutil
 import subprocess
 import unittest
+from email.utils import parsedate_to_datetime
 
 from brvhost import COMMANDS, Case, brvhost, options_in_help
 
 SHARE = pathlib.Path(os.environ["BRV_SHARE"])
-MANUAL = SHARE / "man/man1/brvhost.1"
-BASH = SHARE / "bash-completion/completions/brvhost"
-ZSH = SHARE / "zsh/site-functions/_brvhost"
+MANUAL = SHARE / "man/man1"
 DOCUMENTS = os.environ["BRVHOST_DOCS"]
+PAGES = ["brvhost", *(f"brvhost-{command}" for command in COMMANDS)]
+
+# The line that `apropos` shows of each page, and the pages that it refers to.
+LINES = {
+    "brvhost": "runs extensions of the Brevix music-notation application on MusicXML scores",
+    "brvhost-list": "lists the extensions that are installed",
+    "brvhost-items": "lists the menu items of an extension",
+    "brvhost-info": "reports what each score holds",
+    "brvhost-run": "runs one menu item of an extension on each score",
+    "brvhost-check": "checks extensions against the calling convention",
+    "brvhost-fuzz": "plays random rounds with an extension",
+    "brvhost-calls": "lists the functions that an extension can ask its host for",
+    "brvhost-new": "makes the folder of a new extension in the working folder",
+    "brvhost-help": "explains a command",
+}
+REFERENCES = {"items": ["list"], "run": ["list", "items", "info", "calls"], "check": ["list", "run"], "fuzz": ["list", "run"],
+              "new": ["check"]}
 
 
 class Help(Case):
@@ -64,40 +80,129 @@ class Help(Case):
 
 
 class Documents(Case):
-    def print(self, *names):
-        process = subprocess.run([DOCUMENTS, *names], capture_output=True, text=True)
+    def write_documents(self, *arguments):
+        process = subprocess.run([DOCUMENTS, *arguments], capture_output=True, text=True)
         return process.returncode, process.stdout, process.stderr
 
-    def test_are_printed_each_by_its_name(self):
-        for name, file in (("man", MANUAL), ("bash", BASH), ("zsh", ZSH)):
-            self.assertEqual(self.print(name), (0, file.read_text(), ""))
+    def test_are_those_of_the_build(self):
+        share = self.folder / "share"
+        self.assertEqual(self.write_documents(share), (0, "", ""))
+        documents, built = ({path.relative_to(folder).as_posix(): path.read_text() for path in folder.rglob("*") if path.is_file()}
+                            for folder in (share, SHARE))
+        self.assertEqual(documents, built)
+        self.assertEqual(sorted(documents), sorted(["bash-completion/completions/brvhost", "zsh/site-functions/_brvhost",
+                                                    *(f"man/man1/{page}.1" for page in PAGES)]))
 
-    def test_need_one_name_that_is_known(self):
-        for names in ((), ("fish",), ("man", "bash")):
-            self.assertEqual(self.print(*names), (2, "", "usage: brvhost-docs man|bash|zsh\n"))
+    def test_go_only_into_a_new_folder(self):
+        kept = self.write("kept", "")
+        self.assertEqual(self.write_documents(self.folder), (1, "", f"brvhost-docs: {self.folder}: is there already, and stays as it is\n"))
+        self.assertEqual(list(self.folder.iterdir()), [kept])
+        self.assertEqual(self.write_documents(kept / "share"),
+                         (1, "", f"brvhost-docs: {kept}/share: cannot make the folder: Not a directory\n"))
+
+    def test_need_one_folder(self):
+        for names in ((), ("a", "b")):
+            self.assertEqual(self.write_documents(*names), (2, "", "usage: brvhost-docs FOLDER\n"))
+
+
+def formatted(page, width):
+    """The lines of a page as a terminal of that many columns shows it, without the first and the last, which name the page."""
+    process = subprocess.run(["groff", "-man", "-Tascii", "-P-cbou", f"-rLL={width}n", MANUAL / f"{page}.1"], capture_output=True, text=True,
+                             check=True)
+    return [line for line in process.stdout.splitlines() if line][1:-1]
+
+
+def words_of(lines):
+    return " ".join(lines).replace("`", "").split()
+
+
+def explained_in_help(*command):
+    """The words of a manual page, as far as the help has them: all from its SYNOPSIS on, but for SEE ALSO."""
+    lines = brvhost(*command, "--help").stdout.splitlines()
+    usage = next(i for i, line in enumerate(lines) if line.startswith("Usage: "))
+    rest = [line.removesuffix(":").replace("Arguments", "ARGUMENTS").replace("Options", "OPTIONS") if line[-1:] == ":" and line[0] != " "
+            else line for line in lines[usage + 1:]]
+    return words_of(["SYNOPSIS", lines[usage].removeprefix("Usage: "), "DESCRIPTION", *lines[:usage], *rest])
+
+
+@unittest.skipUnless(shutil.which("groff"), "no groff")
+class FormattedManual(Case):
+    # No line of a page is that long, so that no word is broken.
+    WIDTH = 5000
+
+    def test_of_a_command_has_the_words_of_its_help(self):
+        for command in COMMANDS:
+            with self.subTest(command):
+                page = f"brvhost-{command}"
+                references = ["brvhost", *(f"brvhost-{other}" for other in REFERENCES.get(command, []))]
+                expected = ["NAME", page, "-", *LINES[page].split(), *explained_in_help(command), "SEE", "ALSO",
+                            *", ".join(f"{reference}(1)" for reference in references).split()]
+                self.assertEqual(words_of(formatted(page, self.WIDTH)), expected)
+
+    def test_of_the_program_names_those_of_the_commands(self):
+        lines = formatted("brvhost", self.WIDTH)
+        commands = lines[lines.index("COMMANDS") + 1:lines.index("MORE HELP")]
+        expected = []
+        for page in PAGES[1:]:
+            expected += [f"{page}(1)", LINES[page].capitalize() + "."]
+        self.assertEqual([line.strip() for line in commands], expected)
+        self.assertEqual(words_of(lines[lines.index("SEE ALSO") + 1:]), ", ".join(f"{page}(1)" for page in PAGES[1:]).split())
+
+    def test_of_the_program_has_the_words_of_the_help(self):
+        """But for what it says of the commands, and where the bundle is."""
+        lines = formatted("brvhost", self.WIDTH)
+        words = words_of([*lines[:lines.index("COMMANDS")], *lines[lines.index("MORE HELP"):lines.index("FILES")]])
+        help_words = explained_in_help()
+        commands, more = help_words.index("Commands"), help_words.index("MORE")
+        self.assertEqual(words, ["NAME", "brvhost", "-", *LINES["brvhost"].split(), *help_words[:commands], *help_words[more:]])
+
+    def test_fills_its_paragraphs(self):
+        for width in (60, 100):
+            lines = formatted("brvhost-run", width)
+            longest = max(len(line) for line in lines if "brvhost" not in line)
+            self.assertIn(longest, range(width - 8, width + 1))
 
 
 class Manual(Case):
-    def test_holds_every_option(self):
-        text = MANUAL.read_text().replace("\\-", "-")
+    def accepts(self, *command):
+        """A program that shows manual pages has nothing to report on any."""
+        if not shutil.which(command[0]):
+            self.skipTest(f"no {command[0]}")
+        for page in PAGES:
+            process = subprocess.run([*command, MANUAL / f"{page}.1"], capture_output=True, text=True, env={**os.environ, "MANWIDTH": "80"})
+            self.assertEqual((process.returncode, process.stderr), (0, ""), page)
+            yield process.stdout
+
+    def test_has_no_warning_from_groff(self):
+        self.assertEqual(len(list(self.accepts("groff", "-man", "-Tutf8", "-ww"))), len(PAGES))
+
+    def test_has_no_warning_from_man(self):
+        self.assertEqual(len(list(self.accepts("man", "--warnings", "-E", "UTF-8", "-Tutf8", "-Z", "-l"))), len(PAGES))
+
+    def test_has_no_warning_from_mandoc(self):
+        self.assertEqual(list(self.accepts("mandoc", "-T", "lint")), [""] * len(PAGES))
+
+    @unittest.skipUnless(shutil.which("man"), "no man")
+    def test_is_found_by_the_words_of_a_command_line(self):
         for command in COMMANDS:
-            for option in options_in_help(command):
-                self.assertIn(f"\\fB{option}\\fR", text)
+            found = subprocess.run(["man", "-M", SHARE / "man", "-w", "brvhost", command], capture_output=True, text=True)
+            self.assertEqual(found.stdout, f"{MANUAL}/brvhost-{command}.1\n")
 
-    @unittest.skipUnless(shutil.which("groff"), "no groff")
-    def test_is_good_roff(self):
-        process = subprocess.run(["groff", "-man", "-Tascii", "-ww", MANUAL], capture_output=True, text=True)
-        self.assertEqual((process.returncode, process.stderr), (0, ""))
+    def test_keeps_what_a_shell_is_given(self):
+        """Neither quotation marks nor dashes are those of typographers, which a shell would not understand."""
+        text = (MANUAL / "brvhost-run.1").read_text()
+        self.assertIn(r"find scores \-name \(aq*.mxl\(aq \-mtime \-1 \-print0 |", text)
+        for page in PAGES:
+            _, after_title = (MANUAL / f"{page}.1").read_text().split("\n", 1)
+            self.assertNotRegex(after_title, r"(?<!\\)-|['`^~]")
 
-    @unittest.skipUnless(shutil.which("groff"), "no groff")
-    def test_fills_its_paragraphs(self):
-        for width in (60, 100):
-            process = subprocess.run(["groff", "-man", "-Tascii", "-P-cbou", f"-rLL={width}n", MANUAL], capture_output=True, text=True)
-            words = [line.split() for line in process.stdout.splitlines()]
-            longest = max(len(line) for line in process.stdout.splitlines() if "brvhost" not in line)
-            self.assertIn(longest, range(width - 8, width + 1))
-            self.assertIn(["THE", "REGION"], words)
-            self.assertNotIn("EXIT STATUS 0", process.stdout)
+    def test_names_the_day_of_the_release_and_the_version(self):
+        changelog = (pathlib.Path(os.environ["BRV_SOURCE"]) / "debian/changelog").read_text()
+        day = parsedate_to_datetime(re.search(r"^ -- .*>  (.*)$", changelog, re.MULTILINE)[1]).date()
+        version = brvhost("--version").stdout.strip()
+        for page in PAGES:
+            title, *_ = (MANUAL / f"{page}.1").read_text().splitlines()
+            self.assertEqual(title, f'.TH {page.upper()} 1 {day} "{version}" "User commands"')
 
 
 if __name__ == "__main__":

@@ -8,8 +8,6 @@ import zipfile
 
 from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, brvhost, hiding, run, score)
 
-DOCUMENTS = os.environ["BRVHOST_DOCS"]
-
 
 class Messages(Case):
     def ends(self, process, status, errors, out=""):
@@ -113,7 +111,6 @@ class Outputs(Messages):
         yield from ([PROGRAM, *map(str, command)] for command in (
             ["info", path], ["items", LEGER_LINES], ["check", LEGER_LINES, "--no-confine"], hiding(path, "--dry-run"),
             hiding(path, SAMPLES / "winds.musicxml", "--dry-run"), ["--help"], ["--version"], ["run", "--help"], ["help", "run"]))
-        yield from ([DOCUMENTS, kind] for kind in ("man", "bash", "zsh"))
 
     def test_that_lose_something_give_the_same_status(self):
         for command in self.commands():

@@ -80,10 +80,7 @@ class Version(unittest.TestCase):
         changelog, *_ = lines(DEBIAN / "changelog")
         self.assertRegex(changelog, rf"^legerlines \({re.escape(version)}\) ")
         self.assertEqual(re.search(r"^## (\S+)", (SOURCE / "CHANGELOG.md").read_text(), re.MULTILINE)[1], version)
-        printed = brvhost("--version").stdout.strip()
-        self.assertEqual(printed.partition("+")[0], f"brvhost {version}")
-        title, *_ = (BUILD / "share/man/man1/brvhost.1").read_text().splitlines()
-        self.assertEqual(title, f'.TH BRVHOST 1 "" "{printed}" "User commands"')
+        self.assertEqual(brvhost("--version").stdout.strip().partition("+")[0], f"brvhost {version}")
         for name in ("package.json", "package-lock.json"):
             self.assertEqual(json.loads((SOURCE / "preview" / name).read_text())["version"], version)
 
