@@ -146,7 +146,8 @@ class BashFunction(Case):
         (self.folder / "d").mkdir()
         self.assertEqual(self.complete("brvhost", "info", '""'), {"a.mxl", "b.musicxml", "d"})
         self.assertEqual(self.complete("brvhost", "run", "--out-dir", '""'), {"d"})
-        self.assertEqual(self.complete("brvhost", "check", "--no-confine", '""'), {"d"})
+        for flag in ("--no-confine", "--trace"):
+            self.assertEqual(self.complete("brvhost", "check", flag, '""'), {"d"})
         self.assertEqual(self.complete("brvhost", "run", "--item", '""'), {""})
 
 
