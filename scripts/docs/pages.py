@@ -25,8 +25,15 @@ def anchor_of(heading):
     return re.sub(r"[^\w\- ]", "", heading.replace("`", "").lower()).replace(" ", "-")
 
 
+def code_span(span, symbols):
+    if span[1] in symbols:
+        return f'@ref {span[1]} "{span[1]}"'
+    # Doxygen takes tags for its own in the code of a table.
+    return "<code>" + re.sub(r'[<>&"#]', r"\\\g<0>", span[1]) + "</code>" if "<" in span[1] else span[0]
+
+
 def linked_names(text, symbols):
-    return CODE_SPAN.sub(lambda span: f'@ref {span[1]} "{span[1]}"' if span[1] in symbols else span[0], text)
+    return CODE_SPAN.sub(lambda span: code_span(span, symbols), text)
 
 
 def is_code(line):

@@ -24,6 +24,11 @@ def page_of(header):
     return f"{header.stem}_8{header.suffix[1:]}.html"
 
 
+def document_page(document):
+    """The page of a document."""
+    return re.sub(r"\W", "-", str(document.relative_to(SOURCE).with_suffix(""))).lower() + ".html"
+
+
 def make(folder, source=SOURCE, **variables):
     return subprocess.run([source / "scripts/docs.sh", folder], capture_output=True, text=True, env={**os.environ, **variables})
 
@@ -82,7 +87,7 @@ class Site(unittest.TestCase):
         self.assertEqual((self.made.returncode, self.made.stderr, self.made.stdout), (0, "", f"{self.folder}/index.html\n"))
 
     def test_has_a_page_for_each_installed_header_and_document(self):
-        wanted = [page_of(header) for header in KIT] + [f"docs-{path.stem}.html" for path in (SOURCE / "docs").glob("*.md")]
+        wanted = [*map(page_of, KIT), *map(document_page, (SOURCE / "docs").glob("*.md"))]
         self.assertGreater(len(wanted), 30)
         self.assertEqual([name for name in wanted if name not in self.pages], [])
         self.assertEqual([name for name in wanted if name not in self.pages["index.html"].links], [])
@@ -130,14 +135,22 @@ class Site(unittest.TestCase):
             prose = re.sub(r"^```.*?^```|^    .*?$", "", document.read_text(encoding="utf-8"), flags=re.M | re.S)
             for target, anchor in re.findall(r"\]\(([\w./-]+)#?([\w-]*)\)", prose):
                 path = (document.parent / target).resolve()
-                page = f"docs-{path.stem}.html" if path.suffix == ".md" else headers.get(path)
+                page = document_page(path) if path.suffix == ".md" else headers.get(path)
                 if page:
                     count += 1
-                    page += f"#docs-{path.stem}-{anchor}" if anchor else ""
-                    if page not in self.pages[f"docs-{document.stem}.html"].links:
+                    page += f"#{page.removesuffix('.html')}-{anchor}" if anchor else ""
+                    if page not in self.pages[document_page(document)].links:
                         lost.append((document.name, target, anchor))
         self.assertGreater(count, 15)
         self.assertEqual(lost, [])
+
+    def test_shows_tags_in_tables_as_they_are_written(self):
+        document = SOURCE / "docs/hidden-ledger-lines.md"
+        rows = re.findall(r"^\| (.*) \|$", document.read_text(encoding="utf-8"), re.M)
+        cells = [row.replace("`", "").split(" | ") for row in rows if "`<" in row]
+        self.assertGreater(len(cells), 20)
+        shown = [row for table in self.pages[document_page(document)].rows.values() for row in table]
+        self.assertEqual([row for row in cells if row not in shown], [])
 
     def test_has_the_offsets_that_the_headers_assert(self):
         page = self.pages["records.html"]
