@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/score/musicxml.h"
@@ -25,6 +26,16 @@ inline std::string Partwise(const std::string& measures) {
 
 // The score of one measure.
 inline Score ScoreOf(const std::string& measureContent) { return ReadMusicXml(Partwise(Measure(measureContent))); }
+
+// A score of one part without music, with the voices of each staff.
+inline Score WithVoicesOnStaves(std::vector<std::vector<std::string>> voices) {
+  Score score;
+  score.staves = static_cast<int>(voices.size());
+  score.parts.emplace_back();
+  score.parts[0].staves = score.staves;
+  score.parts[0].voices = std::move(voices);
+  return score;
+}
 
 struct EntryFacts {
   int staff;

@@ -6,33 +6,26 @@
 #include <utility>
 #include <vector>
 
+#include "tests/host/scores.h"
+
 namespace brvhost {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-Score WithVoices(std::vector<std::vector<std::string>> voices) {
-  Score score;
-  score.staves = static_cast<int>(voices.size());
-  score.parts.emplace_back();
-  score.parts[0].staves = score.staves;
-  score.parts[0].voices = std::move(voices);
-  return score;
-}
-
 TEST(LayerLines, AreOneForAQuartetOfOneVoiceOnEachStaff) {
-  EXPECT_EQ(LayerLines(WithVoices({{"1"}, {"1"}, {"1"}, {"1"}})), Lines{"staves 1-4: 1"});
+  EXPECT_EQ(LayerLines(WithVoicesOnStaves({{"1"}, {"1"}, {"1"}, {"1"}})), Lines{"staves 1-4: 1"});
 }
 
 TEST(LayerLines, NameOnlyVoicesThatAreNoLayersOfTheSameNumber) {
-  EXPECT_EQ(
-      LayerLines(WithVoices({{"1", "2", "3"}, {"1", "3", "2"}, {"5", "6"}, {"1", "2", "9", "4"}, {}, {"1", "", "3"}})),
-      (Lines{"staff 1: 1-3", "staff 2: 1, 2 (voice 3), 3 (voice 2)", "staff 3: 1 (voice 5), 2 (voice 6)",
-             "staff 4: 1-2, 3 (voice 9), 4", "staff 5: none", "staff 6: 1, 2 (a voice without a name), 3"}));
+  EXPECT_EQ(LayerLines(WithVoicesOnStaves(
+                {{"1", "2", "3"}, {"1", "3", "2"}, {"5", "6"}, {"1", "2", "9", "4"}, {}, {"1", "", "3"}})),
+            (Lines{"staff 1: 1-3", "staff 2: 1, 2 (voice 3), 3 (voice 2)", "staff 3: 1 (voice 5), 2 (voice 6)",
+                   "staff 4: 1-2, 3 (voice 9), 4", "staff 5: none", "staff 6: 1, 2 (a voice without a name), 3"}));
 }
 
 TEST(LayerLines, AreSharedByStavesThatAreAlike) {
-  EXPECT_EQ(LayerLines(WithVoices({{"1"}, {"5"}, {"1"}, {"1"}, {"5"}})),
+  EXPECT_EQ(LayerLines(WithVoicesOnStaves({{"1"}, {"5"}, {"1"}, {"1"}, {"5"}})),
             (Lines{"staves 1, 3-4: 1", "staves 2, 5: 1 (voice 5)"}));
 }
 

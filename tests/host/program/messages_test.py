@@ -4,7 +4,6 @@ import os
 import shutil
 import subprocess
 import unittest
-import zipfile
 
 from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, brvhost, hiding, run, score)
 
@@ -12,13 +11,6 @@ from brvhost import (Case, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLE
 class Messages(Case):
     def ends(self, process, status, errors, out=""):
         self.assertEqual((process.returncode, process.stdout, process.stderr), (status, out, errors))
-
-    def archive(self, name, content, root="x.xml", member="x.xml"):
-        path = self.folder / name
-        with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
-            archive.writestr("META-INF/container.xml", f'<container><rootfile full-path="{root}"/></container>')
-            archive.writestr(member, content)
-        return path
 
 
 class Kinds(Messages):
@@ -48,12 +40,12 @@ class Kinds(Messages):
 
 class Members(Messages):
     def test_are_named_with_what_is_wrong_in_them(self):
-        path = self.archive("a.mxl", "<score-partwise>\n <part><measure><note><duration>x</duration>")
+        path = self.compressed("a.mxl", "<score-partwise>\n <part><measure><note><duration>x</duration>")
         for process in (brvhost("info", path), run(HIDE, "--all", "--in-place", path)):
             self.ends(process, 2, f'brvhost: {path}: x.xml:2:34: a duration is "x"\n')
 
     def test_are_named_in_warnings(self):
-        path = self.archive("a.mxl", score("\n<backup><duration>1</duration></backup>" + NOTE))
+        path = self.compressed("a.mxl", score("\n<backup><duration>1</duration></backup>" + NOTE))
         for process in (brvhost("info", path), run(HIDE, "--all", "--in-place", path)):
             self.assertEqual((process.returncode, process.stderr),
                              (0, f"brvhost: {path}: x.xml:2:31: warning: a backup goes back before the barline; "
@@ -61,7 +53,7 @@ class Members(Messages):
 
     def test_are_named_where_a_note_cannot_be_changed(self):
         text = f'<!DOCTYPE s [<!ENTITY n "{NOTE}">]>\n' + score("&n;")
-        path = self.archive("a.mxl", text)
+        path = self.compressed("a.mxl", text)
         process = self.fails(run(HIDE, "--all", "--in-place", path), 2)
         self.assertRegex(process.stderr, rf"^brvhost: {path}: x\.xml:\d+:\d+: a note that comes from an entity cannot be changed\n$")
 
@@ -73,9 +65,9 @@ class Texts(Messages):
         self.ends(brvhost("info", name), 2, f"brvhost: {name}:1:1: not MusicXML: the root element is <{shown}>\n")
         number = self.write("b.xml", score(f"<note><duration>{long}</duration></note>"))
         self.assertRegex(brvhost("info", number).stderr, rf'^brvhost: {number}:1:\d+: a duration is "{shown}"\n$')
-        member = self.archive("c.mxl", score(), root=long)
+        member = self.compressed("c.mxl", score(), root=long)
         self.ends(brvhost("info", member), 2, f"brvhost: {member}: the archive has no member {shown}\n")
-        bad = self.archive("d.mxl", "<html/>", root="y" * 200, member="y" * 200)
+        bad = self.compressed("d.mxl", "<html/>", root="y" * 200, member="y" * 200)
         self.ends(brvhost("info", bad), 2, f"brvhost: {bad}: {'y' * 60}...:1:1: not MusicXML: the root element is <html>\n")
 
     def test_from_a_score_stay_on_the_line(self):

@@ -7,31 +7,24 @@ from brvhost import Case, HIDDEN_NOTE, HIDE, brvhost, run, score
 
 
 class OddArchives(Case):
-    def archive(self, name, content, root="x.xml", member="x.xml"):
-        path = self.folder / name
-        with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
-            archive.writestr("META-INF/container.xml", f'<container><rootfile full-path="{root}"/></container>')
-            archive.writestr(member, content)
-        return path
-
     def test_have_paths_that_start_at_the_top(self):
         names = ("x.xml", "./x.xml", "/x.xml", "././x.xml")
         for number, (root, member) in enumerate((root, member) for root in names for member in names):
-            path = self.archive(f"{number}.mxl", score(), root, member)
+            path = self.compressed(f"{number}.mxl", score(), root, member)
             self.succeeds(run(HIDE, "--all", "--in-place", path))
             with zipfile.ZipFile(path) as archive:
                 self.assertEqual(archive.namelist(), ["META-INF/container.xml", member])
                 self.assertEqual(archive.read(member).decode(), score(HIDDEN_NOTE))
 
     def test_have_the_member_of_the_very_name_first(self):
-        path = self.archive("a.mxl", score(), root="x.xml", member="./x.xml")
+        path = self.compressed("a.mxl", score(), root="x.xml", member="./x.xml")
         with zipfile.ZipFile(path, "a") as archive:
             archive.writestr("x.xml", score(HIDDEN_NOTE))
         self.assertRegex(brvhost("info", path).stdout, r"hidden +1 ")
 
     def test_keep_the_bytes_after_their_end(self):
         for rest in (b"\n", bytes(1000), b"PK\5\6", b"signed by nobody " * 1000):
-            path = self.archive("a.mxl", score())
+            path = self.compressed("a.mxl", score())
             before = path.read_bytes()
             path.write_bytes(before + rest)
             self.succeeds(brvhost("info", path))

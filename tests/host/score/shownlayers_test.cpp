@@ -3,25 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "host/text/inputerror.h"
+#include "tests/host/scores.h"
 
 namespace brvhost {
 namespace {
 
 using Voices = std::vector<std::string>;
 using Texts = std::vector<std::string>;
-
-Score WithVoicesOnStaves(std::vector<Voices> voices) {
-  Score score;
-  score.staves = static_cast<int>(voices.size());
-  score.parts.emplace_back();
-  score.parts[0].staves = score.staves;
-  score.parts[0].voices = std::move(voices);
-  return score;
-}
 
 // "staves: layers" for each.
 Texts TextsOf(const std::vector<ShownStaves>& shown) {

@@ -111,13 +111,17 @@ class Case(unittest.TestCase):
         path.write_bytes(content if isinstance(content, bytes) else content.encode())
         return path
 
-    def compressed_score(self):
-        path = self.folder / "score.mxl"
+    def compressed(self, name, content, root="x.xml", member="x.xml"):
+        """A compressed score: its container names the member `root`, and `member` is the one that it has."""
+        path = self.folder / name
         with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
             archive.writestr("META-INF/container.xml",
-                             '<container><rootfiles><rootfile full-path="x.xml"/></rootfiles></container>')
-            archive.writestr("x.xml", score())
+                             f'<container><rootfiles><rootfile full-path="{root}"/></rootfiles></container>')
+            archive.writestr(member, content)
         return path
+
+    def compressed_score(self):
+        return self.compressed("score.mxl", score())
 
     def succeeds(self, process):
         self.assertEqual(process.returncode, 0, process.stdout + process.stderr)
