@@ -1,5 +1,6 @@
 // Document records, and the newer preference records on hosts that keep them as legacy records.
 #include <algorithm>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -156,16 +157,15 @@ bool SaveRow(const LegacyRow& row, const void* data, std::uint32_t size) {
 template <class ForField, class AfterRecord>
 void ForEachLegacyRecord(std::span<const PrefFieldMap> map, BrvVersion version, ForField forField,
                          AfterRecord afterRecord) {
-  std::uint64_t done = 0;  // one bit for each field
-  static_assert(std::size(EDTMiscDocPrefs_MAP_ARRAY) <= 64, "the longest table");
+  std::bitset<kMostPrefFields> done;
   for (std::size_t i = 0; i < map.size(); ++i) {
-    if ((done >> i & 1) != 0) continue;
+    if (done[i]) continue;
     const LegacyAddress& address = map[i].legacy;
     LegacyRecord record = LoadLegacy(address, version);
     for (std::size_t j = i; j < map.size(); ++j) {
       if (map[j].legacy != address) continue;
       forField(map[j], record);
-      done |= std::uint64_t{1} << j;
+      done[j] = true;
     }
     afterRecord(address, record);
   }

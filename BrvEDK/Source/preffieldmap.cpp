@@ -2,6 +2,7 @@
 // word there.
 #include "preffieldmap.h"
 
+#include <cstddef>
 #include <span>
 
 #include "recordtag.h"
@@ -42,7 +43,7 @@ constexpr PrefFieldMap Byte(int offset, const Legacy& record, int word) {
 // and written in it.
 // clang-format off
 
-const PrefFieldMap EDTDistancePrefs_MAP_ARRAY[36] = {
+const PrefFieldMap EDTDistancePrefs_MAP_ARRAY[] = {
     Word(0, {"21"}, 3),
     Word(2, {"21"}, 5),
     Word(4, {"59"}, 3),
@@ -81,7 +82,7 @@ const PrefFieldMap EDTDistancePrefs_MAP_ARRAY[36] = {
     Word(72, {"77", 4}, 0),
 };
 
-const PrefFieldMap EDTSizePrefs_MAP_ARRAY[23] = {
+const PrefFieldMap EDTSizePrefs_MAP_ARRAY[] = {
     Word(0, {"67"}, 2),
     Word(2, {"58"}, 4),
     Long(4, {"68"}, 2),
@@ -107,7 +108,7 @@ const PrefFieldMap EDTSizePrefs_MAP_ARRAY[23] = {
     Word(52, {"69"}, 0),
 };
 
-const PrefFieldMap EDTMiscDocPrefs_MAP_ARRAY[49] = {
+const PrefFieldMap EDTMiscDocPrefs_MAP_ARRAY[] = {
     Word(0, {"36"}, 4),
     Word(2, {"03"}, 4),
     Word(4, {"03"}, 5),
@@ -159,7 +160,7 @@ const PrefFieldMap EDTMiscDocPrefs_MAP_ARRAY[49] = {
     Word(102, {"FI", 0, 10}, 2),
 };
 
-const PrefFieldMap EDTRepeatPrefs_MAP_ARRAY[20] = {
+const PrefFieldMap EDTRepeatPrefs_MAP_ARRAY[] = {
     Word(0, {"70"}, 0),
     Word(2, {"70"}, 1),
     Word(4, {"70"}, 2),
@@ -182,7 +183,7 @@ const PrefFieldMap EDTRepeatPrefs_MAP_ARRAY[20] = {
     Word(38, {"72"}, 5),
 };
 
-const PrefFieldMap EDTPianoBracePrefs_MAP_ARRAY[11] = {
+const PrefFieldMap EDTPianoBracePrefs_MAP_ARRAY[] = {
     Long(0, {"65"}, 2),
     Long(4, {"60"}, 2),
     Long(8, {"65"}, 4),
@@ -196,7 +197,7 @@ const PrefFieldMap EDTPianoBracePrefs_MAP_ARRAY[11] = {
     Long(40, {"45"}, 4),
 };
 
-const PrefFieldMap EDTSmartShapePrefs_MAP_ARRAY[43] = {
+const PrefFieldMap EDTSmartShapePrefs_MAP_ARRAY[] = {
     Word(0, {"92"}, 0),
     Word(2, {"92"}, 1),
     Word(4, {"92"}, 2),
@@ -242,7 +243,7 @@ const PrefFieldMap EDTSmartShapePrefs_MAP_ARRAY[43] = {
     Word(106, {"97", 1}, 3),
 };
 
-const PrefFieldMap EDTPlaybackPrefs_MAP_ARRAY[7] = {
+const PrefFieldMap EDTPlaybackPrefs_MAP_ARRAY[] = {
     Word(0, {"13"}, 1),
     Word(2, {"39"}, 3),
     Word(4, {"36"}, 0),
@@ -252,7 +253,7 @@ const PrefFieldMap EDTPlaybackPrefs_MAP_ARRAY[7] = {
     Word(12, {"37"}, 2),
 };
 
-const PrefFieldMap EDTExtractPrefs_MAP_ARRAY[25] = {
+const PrefFieldMap EDTExtractPrefs_MAP_ARRAY[] = {
     Word(0, {"77", 4}, 1),
     Word(2, {"77", 4}, 2),
     Word(4, {"77", 4}, 3),
@@ -280,7 +281,7 @@ const PrefFieldMap EDTExtractPrefs_MAP_ARRAY[25] = {
     Word(44, {"77", 8}, 1),
 };
 
-const PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[22] = {
+const PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[] = {
     Long(0, {"14"}, 0),
     Long(4, {"15"}, 2),
     Word(8, {"39"}, 2),
@@ -305,7 +306,7 @@ const PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[22] = {
     Word(46, {"03"}, 1),
 };
 
-const PrefFieldMap EDT2005Prefs_MAP_ARRAY[11] = {
+const PrefFieldMap EDT2005Prefs_MAP_ARRAY[] = {
     Word(0, {"69"}, 1),
     Word(2, {"20"}, 3),
     Word(4, {"39"}, 5),
@@ -320,29 +321,38 @@ const PrefFieldMap EDT2005Prefs_MAP_ARRAY[11] = {
 };
 // clang-format on
 
+namespace {
+
+template <std::size_t fields>
+std::span<const PrefFieldMap> TableOf(const PrefFieldMap (&table)[fields]) {
+  static_assert(fields <= kMostPrefFields);
+  return table;
+}
+
+}  // namespace
+
 std::span<const PrefFieldMap> FindPrefFieldMap(std::uint32_t tag, int recordNumber) {
   switch (tag) {
     case RecordTag("pf05"):
-      return EDT2005Prefs_MAP_ARRAY;
+      return TableOf(EDT2005Prefs_MAP_ARRAY);
     case RecordTag("pfDP"):
-      return EDTDistancePrefs_MAP_ARRAY;
+      return TableOf(EDTDistancePrefs_MAP_ARRAY);
     case RecordTag("pfEX"):
-      return EDTExtractPrefs_MAP_ARRAY;
+      return TableOf(EDTExtractPrefs_MAP_ARRAY);
     case RecordTag("pfMS"):
-      return EDTMiscDocPrefs_MAP_ARRAY;
+      return TableOf(EDTMiscDocPrefs_MAP_ARRAY);
     case RecordTag("pfPB"):
-      return EDTPianoBracePrefs_MAP_ARRAY;
+      return TableOf(EDTPianoBracePrefs_MAP_ARRAY);
     case RecordTag("pfPF"):
-      return recordNumber == 0 ? std::span<const PrefFieldMap>(EDTPageFormatPrefsScore_MAP_ARRAY)
-                               : std::span<const PrefFieldMap>();
+      return recordNumber == 0 ? TableOf(EDTPageFormatPrefsScore_MAP_ARRAY) : std::span<const PrefFieldMap>();
     case RecordTag("pfPL"):
-      return EDTPlaybackPrefs_MAP_ARRAY;
+      return TableOf(EDTPlaybackPrefs_MAP_ARRAY);
     case RecordTag("pfRP"):
-      return EDTRepeatPrefs_MAP_ARRAY;
+      return TableOf(EDTRepeatPrefs_MAP_ARRAY);
     case RecordTag("pfSI"):
-      return EDTSizePrefs_MAP_ARRAY;
+      return TableOf(EDTSizePrefs_MAP_ARRAY);
     case RecordTag("pfSS"):
-      return EDTSmartShapePrefs_MAP_ARRAY;
+      return TableOf(EDTSmartShapePrefs_MAP_ARRAY);
     default:
       return {};
   }

@@ -5,6 +5,7 @@
 // fields come from.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -45,16 +46,19 @@ struct LegacyRecord {
 };
 static_assert(sizeof(LegacyRecord) == 12);
 
-extern const PrefFieldMap EDTDistancePrefs_MAP_ARRAY[36];
-extern const PrefFieldMap EDTSizePrefs_MAP_ARRAY[23];
-extern const PrefFieldMap EDTMiscDocPrefs_MAP_ARRAY[49];
-extern const PrefFieldMap EDTRepeatPrefs_MAP_ARRAY[20];
-extern const PrefFieldMap EDTPianoBracePrefs_MAP_ARRAY[11];
-extern const PrefFieldMap EDTSmartShapePrefs_MAP_ARRAY[43];
-extern const PrefFieldMap EDTPlaybackPrefs_MAP_ARRAY[7];
-extern const PrefFieldMap EDTExtractPrefs_MAP_ARRAY[25];
-extern const PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[22];
-extern const PrefFieldMap EDT2005Prefs_MAP_ARRAY[11];
+// What a table may have: BX_LoadEData and BX_SaveEData keep one bit for each field.
+inline constexpr std::size_t kMostPrefFields = 64;
+
+extern const PrefFieldMap EDTDistancePrefs_MAP_ARRAY[];
+extern const PrefFieldMap EDTSizePrefs_MAP_ARRAY[];
+extern const PrefFieldMap EDTMiscDocPrefs_MAP_ARRAY[];
+extern const PrefFieldMap EDTRepeatPrefs_MAP_ARRAY[];
+extern const PrefFieldMap EDTPianoBracePrefs_MAP_ARRAY[];
+extern const PrefFieldMap EDTSmartShapePrefs_MAP_ARRAY[];
+extern const PrefFieldMap EDTPlaybackPrefs_MAP_ARRAY[];
+extern const PrefFieldMap EDTExtractPrefs_MAP_ARRAY[];
+extern const PrefFieldMap EDTPageFormatPrefsScore_MAP_ARRAY[];
+extern const PrefFieldMap EDT2005Prefs_MAP_ARRAY[];
 
 // Returns the table of a preference record, or an empty one. Of the page-format records ("pfPF") only number 0 has one.
 std::span<const PrefFieldMap> FindPrefFieldMap(std::uint32_t tag, int recordNumber);
