@@ -15,21 +15,24 @@ MANUAL = SHARE / "man/man1"
 DOCUMENTS = os.environ["BRVHOST_DOCS"]
 PAGES = ["brvhost", *(f"brvhost-{command}" for command in COMMANDS)]
 
-# The line that `apropos` shows of each page, and the pages that it refers to.
-LINES = {
-    "brvhost": "runs extensions of the Brevix music-notation application on MusicXML scores",
-    "brvhost-list": "lists the extensions that are installed",
-    "brvhost-items": "lists the menu items of an extension",
-    "brvhost-info": "reports what each score holds",
-    "brvhost-run": "runs one menu item of an extension on each score",
-    "brvhost-check": "checks extensions against the calling convention",
-    "brvhost-fuzz": "plays random rounds with an extension",
-    "brvhost-calls": "lists the functions that an extension can ask its host for",
-    "brvhost-new": "makes the folder of a new extension in the working folder",
-    "brvhost-help": "explains a command",
+# The line that `apropos` shows of the program, and of each command; its exit statuses, and the commands that its page refers to.
+LINE = "runs extensions of the Brevix music-notation application on MusicXML scores"
+DOCUMENTED = {
+    "list": ("lists the extensions that are installed", "0 1 2 3 130", []),
+    "items": ("lists the menu items of an extension", "0 1 2 3 130", ["list"]),
+    "info": ("reports what each score holds", "0 1 2 130", []),
+    "run": ("runs one menu item of an extension on each score", "0 1 2 3 130", ["list", "items", "info", "calls"]),
+    "check": ("checks extensions against the calling convention", "0 1 2 3 130", ["list", "run"]),
+    "fuzz": ("plays random rounds with an extension", "0 1 2 3 130", ["list", "run"]),
+    "calls": ("lists the functions that an extension can ask its host for", "0 1 2 130", []),
+    "new": ("makes the folder of a new extension in the working folder", "0 1 2 130", ["check"]),
+    "help": ("explains a command", "0 1 2 130", []),
 }
-REFERENCES = {"items": ["list"], "run": ["list", "items", "info", "calls"], "check": ["list", "run"], "fuzz": ["list", "run"],
-              "new": ["check"]}
+
+
+class Table(Case):
+    def test_has_each_command(self):
+        self.assertEqual(list(DOCUMENTED), COMMANDS, "DOCUMENTED has a line for each command of brvhost.py's COMMANDS")
 
 
 class Help(Case):
@@ -66,10 +69,7 @@ class Help(Case):
             self.assertNotRegex(text, r" \n|\n\n\n|^\n|\n\n$")
 
     def test_lists_the_statuses_of_each_command(self):
-        statuses = {"list": "0 1 2 3 130", "items": "0 1 2 3 130", "info": "0 1 2 130", "run": "0 1 2 3 130", "check": "0 1 2 3 130",
-                    "fuzz": "0 1 2 3 130", "calls": "0 1 2 130", "new": "0 1 2 130", "help": "0 1 2 130"}
-        self.assertEqual(list(statuses), COMMANDS)
-        for command, listed in statuses.items():
+        for command, (_, listed, _) in DOCUMENTED.items():
             text = brvhost(command, "--help").stdout
             section = re.search(r"^EXIT STATUS\n((?: .*\n)+)", text, re.MULTILINE)[1]
             self.assertEqual(" ".join(re.findall(r"^  (\d+)  ", section, re.MULTILINE)), listed)
@@ -131,11 +131,11 @@ class FormattedManual(Case):
     WIDTH = 5000
 
     def test_of_a_command_has_the_words_of_its_help(self):
-        for command in COMMANDS:
+        for command, (line, _, others) in DOCUMENTED.items():
             with self.subTest(command):
                 page = f"brvhost-{command}"
-                references = ["brvhost", *(f"brvhost-{other}" for other in REFERENCES.get(command, []))]
-                expected = ["NAME", page, "-", *LINES[page].split(), *explained_in_help(command), "SEE", "ALSO",
+                references = ["brvhost", *(f"brvhost-{other}" for other in others)]
+                expected = ["NAME", page, "-", *line.split(), *explained_in_help(command), "SEE", "ALSO",
                             *", ".join(f"{reference}(1)" for reference in references).split()]
                 self.assertEqual(words_of(formatted(page, self.WIDTH)), expected)
 
@@ -143,8 +143,8 @@ class FormattedManual(Case):
         lines = formatted("brvhost", self.WIDTH)
         commands = lines[lines.index("COMMANDS") + 1:lines.index("MORE HELP")]
         expected = []
-        for page in PAGES[1:]:
-            expected += [f"{page}(1)", LINES[page].capitalize() + "."]
+        for command, (line, _, _) in DOCUMENTED.items():
+            expected += [f"brvhost-{command}(1)", line.capitalize() + "."]
         self.assertEqual([line.strip() for line in commands], expected)
         self.assertEqual(words_of(lines[lines.index("SEE ALSO") + 1:]), ", ".join(f"{page}(1)" for page in PAGES[1:]).split())
 
@@ -154,7 +154,7 @@ class FormattedManual(Case):
         words = words_of([*lines[:lines.index("COMMANDS")], *lines[lines.index("MORE HELP"):lines.index("FILES")]])
         help_words = explained_in_help()
         commands, more = help_words.index("Commands"), help_words.index("MORE")
-        self.assertEqual(words, ["NAME", "brvhost", "-", *LINES["brvhost"].split(), *help_words[:commands], *help_words[more:]])
+        self.assertEqual(words, ["NAME", "brvhost", "-", *LINE.split(), *help_words[:commands], *help_words[more:]])
 
     def test_fills_its_paragraphs(self):
         for width in (60, 100):
