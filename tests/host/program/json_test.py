@@ -12,8 +12,8 @@ import signal
 import subprocess
 import unittest
 
-from brvhost import (EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SANITIZED, SHOW, brvhost,
-                     faulty, hiding, run, score)
+from brvhost import (COMMANDS, EXECUTABLE_FOLDER, HIDDEN_NOTE, HIDE, LEGER_LINES, NOTE, PROGRAM, SAMPLES, SANITIZED, SHOW,
+                     brvhost, faulty, hiding, options_in_help, run, score)
 from jsoncase import DOCUMENTS, JsonCase
 from misbehaviour import MISBEHAVES, misbehaviour
 
@@ -230,14 +230,31 @@ class List(JsonCase):
         self.assertEqual(process.returncode, 3)
 
 
+TEXT = (DOCUMENTS / "json.md").read_text()
+# What the page has of each command.
+SECTIONS = dict(re.findall(r"^## (\w+)\n(.*?)(?=^## |\Z)", TEXT, re.MULTILINE | re.DOTALL))
+
+
+def example(command):
+    """The first lines that the page shows of a command."""
+    shown = re.search(r"(?:^    .*\n)+", SECTIONS[command], re.MULTILINE)[0]
+    return re.sub(r"^    ", "", shown.replace("\n     ", ""), flags=re.MULTILINE)
+
+
 class Document(JsonCase):
+    def test_has_a_section_and_a_schema_for_each_command_that_prints_json(self):
+        commands = {command for command in COMMANDS if "--json" in options_in_help(command)}
+        self.assertEqual(set(SECTIONS), commands)
+        self.assertEqual({path.name for path in (DOCUMENTS / "json").iterdir()}, {f"{command}.schema.json" for command in commands})
+        first = TEXT.partition("## ")[0].partition(" print lines")[0]
+        self.assertEqual(set(re.findall(r"`(?:brvhost )?(\w+)`", first)), commands)
+
     def test_shows_what_the_commands_print(self):
         for sample in SAMPLES.glob("*.musicxml"):
             shutil.copy(sample, self.folder)
         (self.folder / "LegerLines.bundle").symlink_to(LEGER_LINES)
-        text = (DOCUMENTS / "json.md").read_text()
-        examples = re.findall(r"^    \$ brvhost (.*)\n((?:    .*\n)+)", text, re.MULTILINE)
-        self.assertEqual(sorted({command.split()[0] for command, _ in examples}), ["info", "items", "run"])
+        examples = re.findall(r"^    \$ brvhost (.*)\n((?:    .*\n)+)", TEXT, re.MULTILINE)
+        self.assertLessEqual({"info", "items", "run"}, {command.split()[0] for command, _ in examples})
         for command, shown in examples:
             with self.subTest(command):
                 process = brvhost(*shlex.split(command), cwd=self.folder)
@@ -246,23 +263,17 @@ class Document(JsonCase):
                 self.lines(command.split()[0], process.stdout)
 
     def test_shows_lines_of_a_check(self):
-        shown = (DOCUMENTS / "json.md").read_text().partition("## check")[2].partition("## calls")[0]
-        lines = "".join(line[4:] + "\n" for line in shown.replace("\n     ", "").splitlines() if line.startswith("    "))
+        lines = "".join(line[4:] + "\n" for line in SECTIONS["check"].replace("\n     ", "").splitlines() if line.startswith("    "))
         self.assertEqual([len(line) for line in self.lines("check", lines)], [7, 8, 3])
 
     def test_shows_lines_of_random_rounds(self):
-        shown = (DOCUMENTS / "json.md").read_text().partition("## fuzz")[2].partition("\n    ")[2].partition("\n\n")[0]
-        lines = self.lines("fuzz", shown.replace("\n     ", "").replace("\n    ", "\n") + "\n")
-        self.assertEqual([len(line) for line in lines], [5, 5])
+        self.assertEqual([len(line) for line in self.lines("fuzz", example("fuzz"))], [5, 5])
 
     def test_shows_lines_of_the_calls(self):
-        shown = (DOCUMENTS / "json.md").read_text().partition("## calls")[2].partition("\n    ")[2].partition("\n\n")[0]
-        lines = self.lines("calls", shown.replace("\n     ", "").replace("\n    ", "\n") + "\n")
-        self.assertEqual(lines, self.lines("calls", brvhost("calls", "--json").stdout)[:2])
+        self.assertEqual(self.lines("calls", example("calls")), self.lines("calls", brvhost("calls", "--json").stdout)[:2])
 
     def test_shows_a_line_of_the_list(self):
-        shown = (DOCUMENTS / "json.md").read_text().partition("## list")[2].partition("\n    ")[2]
-        self.assertEqual(self.lines("list", shown.replace("\n     ", ""))[0]["name"], "LegerLines")
+        self.assertEqual([line["name"] for line in self.lines("list", example("list"))], ["LegerLines"])
 
 
 if __name__ == "__main__":
