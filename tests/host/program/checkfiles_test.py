@@ -18,8 +18,8 @@ class InfoPlist(Files):
         self.finds("has-info-keys", "it lacks CFBundlePackageType")
 
     def test_names_a_region_without_texts(self):
-        self.edit(self.info(), r"<string>en</string>", "<string>nl</string>")
-        self.finds("has-development-region", "CFBundleDevelopmentRegion is nl, and there is no nl.lproj")
+        self.edit(self.info(), r"<string>en</string>", "<string>xx</string>")
+        self.finds("has-development-region", "CFBundleDevelopmentRegion is xx, and there is no xx.lproj")
 
 
 class Texts(Files):
@@ -65,7 +65,7 @@ class Texts(Files):
 class Code(Files):
     def test_that_does_not_load_keeps_no_file_from_being_checked(self):
         shutil.rmtree(next(self.bundle.glob("Contents/*-*")))
-        self.edit(self.info(), r"<string>en</string>", "<string>nl</string>")
+        self.edit(self.info(), r"<string>en</string>", "<string>xx</string>")
         process = brvhost("check", "--only-failed", self.bundle)
         failed = [line.rpartition(" ")[2] for line in process.stdout.splitlines() if line.startswith(("FAILED", "warning"))]
         self.assertEqual(failed, ["[exports-entry-points]", "[has-development-region]"])
