@@ -19,7 +19,8 @@ DocumentedCall ParseCall(const std::string& line) {
   std::getline(columns, call.name, '\t');
   std::getline(columns, arguments, '\t');
   std::getline(columns, call.result, '\t');
-  std::getline(columns, defaultResult, '\t');
+  if (!std::getline(columns, defaultResult, '\t'))
+    throw std::runtime_error("calls.txt: a line needs four columns with tabs between them: " + line);
   std::istringstream words(arguments);
   for (std::string word; words >> word;) call.arguments.push_back(word);
   call.defaultResult = std::stol(defaultResult);

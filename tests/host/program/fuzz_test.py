@@ -105,7 +105,8 @@ def flat(table):
 class FaultyBundles(JsonCase):
     def test_are_all_in_one_of_the_tables(self):
         listed = [row[0] for row in FOUND] + flat(NOT_FOUND) + list(UNUSABLE) + flat(NOT_PLAYED)
-        self.assertEqual(sorted(listed), sorted(path.stem for path in BUNDLES.glob("*.bundle")))
+        self.assertEqual(sorted(listed), sorted(path.stem for path in BUNDLES.glob("*.bundle")),
+                         "each bundle of tests/host/bundles is in FOUND, NOT_FOUND, UNUSABLE or NOT_PLAYED, once")
 
     @unittest.skipIf(EMULATED, "the emulator names signals otherwise")
     def test_are_found(self):
