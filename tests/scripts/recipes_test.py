@@ -43,9 +43,11 @@ class Recipes(unittest.TestCase):
         cls.touched = {}
         cls.add_language()
         cls.add_host_function()
+        cls.add_field()
         cls.run_in_tree("cmake", "-S", ".", "-B", "build", "-G", "Ninja", "-DCMAKE_BUILD_TYPE=Debug", "-DBRV_BUILD_HOST=OFF",
                         "-DBRV_BUILD_TESTS=ON", "-DBRV_MACOS_TESTS=OFF", f"-DCMAKE_CXX_COMPILER={os.environ['BRV_COMPILER']}")
-        cls.run_in_tree("cmake", "--build", "build", "--target", "LegerLines", "extension-tests", "bridge-calls", "bridge-nohost")
+        cls.run_in_tree("cmake", "--build", "build", "--target", "LegerLines", "extension-tests", "bridge-calls", "bridge-nohost",
+                        "records-tests")
 
     @classmethod
     def run_in_tree(cls, *command):
@@ -61,7 +63,8 @@ class Recipes(unittest.TestCase):
         if text.count(old) != 1:
             raise AssertionError(f"{path} has not one {old!r}")
         (cls.tree / path).write_text(text.replace(old, new))
-        cls.touched.setdefault(name, []).append(path)
+        if path not in cls.touched.setdefault(name, []):
+            cls.touched[name].append(path)
 
     @classmethod
     def add_language(cls):
@@ -69,7 +72,9 @@ class Recipes(unittest.TestCase):
         (cls.tree / path).parent.mkdir()
         (cls.tree / path).write_text("".join(f'"{key}" = "{text}";\n' for key, text in TEXTS.items()))
         cls.touched["A language"] = [path]
-        cls.edit("A language", "README.md", "Spanish and Japanese", "Spanish, Japanese and Dutch")
+        # The list may go over the end of a line.
+        [listed] = re.findall(r"Spanish\s+and\s+Japanese", (cls.tree / "README.md").read_text())
+        cls.edit("A language", "README.md", listed, "Spanish, Japanese and Dutch")
 
     @classmethod
     def add_host_function(cls):
@@ -84,6 +89,14 @@ class Recipes(unittest.TestCase):
         cls.edit(name, "cmake/kitexports.txt", f"\n{before}\n", f"\nBX_CountSystems\n{before}\n")
         line = f"\n{before}\t"
         cls.edit(name, "tests/BrvEDK/bridge/calls.txt", line, "\nBX_CountSystems\tshort16\tshort16\t-1" + line)
+
+    @classmethod
+    def add_field(cls):
+        name, path = "A field of a preference record", "tests/BrvEDK/records/fields.txt"
+        cls.edit(name, "BrvEDK/Source/preffieldmap.cpp", '    Word(12, {"37"}, 2),\n', '    Word(12, {"37"}, 2),\n    Word(14, {"37"}, 3),\n')
+        last = "12 ot37 65534 0 2 word\n"
+        cls.edit(name, path, last, last + "14 ot37 65534 0 3 word\n")
+        cls.edit(name, path, "record EDTPlaybackPrefs pfPL 14\n", "record EDTPlaybackPrefs pfPL 16\n")
 
     def passing(self, name):
         """The tests that the recipe runs, in the copy."""
@@ -109,6 +122,14 @@ class Recipes(unittest.TestCase):
         tests = self.passing("A host function")
         self.assertEqual(len([name for name in tests if "BX_CountSystems" in name]), 4)
         self.assertIn("Bundle.ExportsWhatItsHeadersDeclareAndNothingElse", tests)
+
+    def test_for_a_field_names_what_has_to_be_touched(self):
+        self.assertEqual(recipe("A field of a preference record")[1], self.touched["A field of a preference record"])
+
+    def test_for_a_field_names_tests_that_take_it(self):
+        tests = self.passing("A field of a preference record")
+        for fact in ("HasAsManyFieldsAsAreListed", "LoadsEveryFieldFromItsWord"):
+            self.assertIn(f"All/PrefRecord.{fact}/EDTPlaybackPrefs", [name.partition(" ")[0] for name in tests])
 
 
 if __name__ == "__main__":
