@@ -2,12 +2,13 @@
 # Makes the reference for authors of extensions: a site of the kit's headers and of docs/, which needs no server. Installs Doxygen
 # where it is missing.
 #
-#   scripts/docs.sh [FOLDER]   puts the site there instead of in build/docs/
+#   scripts/docs.sh [FOLDER]   puts the site there instead of in build/docs/; of a site that is there, only what begins with a
+#                              dot stays, such as .git
 #
 # Exit status 1: Doxygen warns of something, as of a symbol without a comment; the site is there, and the warnings are printed.
-# Or a link of a document leads to no file; there is no new site then. 2: the folder holds something else than a site.
+# Or it cannot be made, as where a link of a document leads to no file. 2: the folder holds something else than a site.
 set -euo pipefail
-[ $# -le 1 ] || { echo "usage: scripts/docs.sh [FOLDER]" >&2; exit 2; }
+[[ $# -le 1 && "${1:-}" != -* ]] || { echo "usage: scripts/docs.sh [FOLDER]" >&2; exit 2; }
 folder=$(realpath -m "${1:-$(dirname "$0")/../build/docs}")
 cd "$(dirname "$0")/.."
 

@@ -1,7 +1,7 @@
 """Makes the reference of the kit as a site.
 
-    makesite.py FOLDER    a site that is there is replaced; exit status 1: Doxygen warns of something, or a link of a
-                          document leads to no file; 2: the folder holds something else
+    makesite.py FOLDER    a site that is there is replaced; exit status 1: Doxygen warns of something, or there is no new
+                          site, as where a link of a document leads to no file; 2: the folder holds something else
 """
 
 import os
@@ -68,6 +68,18 @@ def start_page(pages, symbols):
     return start.replace("%HEADERS%", headers).replace("%DOCUMENTS%", documents)
 
 
+def replace(site, made):
+    """Moves the pages into the folder of the site, which itself stays: it may be where nothing can be removed."""
+    site.mkdir(parents=True, exist_ok=True)
+    for old in contents(site):
+        if old.is_dir() and not old.is_symlink():
+            shutil.rmtree(old)
+        else:
+            old.unlink()
+    for page in contents(made):
+        shutil.move(page, site / page.name)
+
+
 def make(site, work):
     headers = kit_headers()
     include = installed(headers, work / "include")
@@ -90,19 +102,25 @@ def make(site, work):
                        HTML_FOOTER=THEME / "footer.html", LAYOUT_FILE=THEME / "layout.xml",
                        USE_MDFILE_AS_MAINPAGE=written / "start.md")
     finish(work / "html", THEME)
-    shutil.rmtree(site, ignore_errors=True)
-    site.parent.mkdir(parents=True, exist_ok=True)
-    shutil.move(work / "html", site)
+    replace(site, work / "html")
     return warnings.replace(f"{work}/include/", "").replace(f"{written}/", "")
 
 
+def contents(folder):
+    """What is in it, but for names with a dot at the front: .git and the like belong to those who publish the site."""
+    return [path for path in folder.iterdir() if not path.name.startswith(".")]
+
+
 def may_be_replaced(folder):
-    return not folder.exists() or not any(folder.iterdir()) or (folder / INDEX).exists()
+    if not folder.exists():
+        return True
+    return folder.is_dir() and (not contents(folder) or (folder / INDEX).exists())
 
 
 def main(site):
     if not may_be_replaced(site):
-        print(f"docs: {site} holds something else than a site, and stays as it is", file=sys.stderr)
+        what = "holds something else than a site" if site.is_dir() else "is no folder"
+        print(f"docs: {site} {what}, and stays as it is", file=sys.stderr)
         return 2
     with tempfile.TemporaryDirectory() as work:
         try:
@@ -111,6 +129,8 @@ def main(site):
             sys.exit(f"docs: {error}")
         except subprocess.CalledProcessError as error:
             sys.exit(f"docs: {error.cmd[0]} failed")
+        except OSError as error:
+            sys.exit(f"docs: {error.filename}: {error.strerror}")
     sys.stderr.write(warnings)
     return 1 if warnings else 0
 

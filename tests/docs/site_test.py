@@ -241,13 +241,49 @@ class Making(unittest.TestCase):
         self.assertEqual(make(self.folder).returncode, 0)
         self.assertTrue((self.folder / "index.html").exists())
 
+    def test_keeps_the_folder_of_a_site_and_what_begins_with_a_dot(self):
+        old = self.folder / "search"
+        old.mkdir()
+        for path in (old / "old.html", self.folder / "searchindex.js", self.folder / ".nojekyll"):
+            path.write_text("")
+        before = self.folder.stat().st_ino
+        self.assertEqual(make(self.folder).returncode, 0)
+        self.assertEqual(self.folder.stat().st_ino, before)
+        self.assertTrue((self.folder / "index.html").exists())
+        self.assertTrue((self.folder / ".nojekyll").exists())
+        self.assertFalse(old.exists())
+
+    def test_goes_into_a_folder_in_which_all_begins_with_a_dot(self):
+        (self.folder / ".git").write_text("")
+        self.assertEqual(make(self.folder).returncode, 0)
+        self.assertTrue((self.folder / "index.html").exists())
+        self.assertTrue((self.folder / ".git").exists())
+
+    def test_leaves_a_file_alone(self):
+        score = self.folder / "score.musicxml"
+        score.write_text("<score-partwise/>")
+        made = make(score)
+        self.assertEqual((made.returncode, made.stderr), (2, f"docs: {score} is no folder, and stays as it is\n"))
+        self.assertEqual(score.read_text(), "<score-partwise/>")
+
     def test_names_the_program_that_fails(self):
         made = make(self.folder / "site", CXX="false")
         self.assertEqual((made.returncode, made.stderr), (1, "docs: false failed\n"))
 
+    def test_names_the_program_that_is_not_there(self):
+        made = make(self.folder / "site", CXX="no-such-compiler")
+        self.assertEqual((made.returncode, made.stderr), (1, "docs: no-such-compiler: No such file or directory\n"))
+
+    def test_names_the_path_that_it_cannot_make(self):
+        file = self.folder / "file"
+        file.write_text("")
+        made = make(file / "site")
+        self.assertEqual((made.returncode, made.stderr), (1, f"docs: {file}/site: Not a directory\n"))
+
     def test_needs_one_folder_at_most(self):
-        made = subprocess.run([SOURCE / "scripts/docs.sh", self.folder / "a", "b"], capture_output=True, text=True)
-        self.assertEqual((made.returncode, made.stderr), (2, "usage: scripts/docs.sh [FOLDER]\n"))
+        for arguments in ((self.folder / "a", "b"), ("--help",)):
+            made = subprocess.run([SOURCE / "scripts/docs.sh", *arguments], capture_output=True, text=True)
+            self.assertEqual((made.returncode, made.stderr), (2, "usage: scripts/docs.sh [FOLDER]\n"))
 
 
 if __name__ == "__main__":
