@@ -68,7 +68,7 @@ std::string Options(const CLI::App& app) {
 std::string Commands(const CLI::App& app) {
   std::string entries;
   for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; })) {
-    entries += Entry(command->get_name(), command->get_description());
+    entries += Entry(command->get_name(), FirstClause(command->get_description()));
   }
   return entries.empty() ? "" : "\nCommands:\n" + entries;
 }

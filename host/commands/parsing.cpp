@@ -13,7 +13,7 @@ namespace {
 
 // The command that the first argument names. Null where that asks for the help or the version.
 const CLI::App* CommandOf(const CLI::App& app, const std::vector<std::string>& arguments) {
-  if (arguments.empty()) throw UsageError(NoCommand(app));
+  if (arguments.empty() || arguments[0].empty()) throw UsageError(NoCommand(app));
   const std::string& first = arguments[0];
   if (app.get_option_no_throw(first) != nullptr) return nullptr;
   return &CommandNamed(app, first);

@@ -41,6 +41,8 @@ Prose PieceOf(std::string_view line, std::size_t indent) {
 
 }  // namespace
 
+std::string FirstClause(const std::string& text) { return text.substr(0, text.find_first_of(",:.")); }
+
 std::vector<Prose> PiecesOf(std::string_view text) {
   std::vector<Prose> pieces;
   bool isAfterGap = true;

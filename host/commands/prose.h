@@ -22,6 +22,9 @@ struct Prose {
   std::size_t indent = 0;  // of an item's text
 };
 
+// What an explanation says first, for a list of commands: up to its first comma, colon or full stop.
+std::string FirstClause(const std::string& text);
+
 std::vector<Prose> PiecesOf(std::string_view text);
 
 // The text in lines of at most 80 characters, each indented by so many, with a line break after each.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/commands/argumentnames.h"
+#include "host/commands/prose.h"
 #include "host/documentation/optionlist.h"
 
 namespace brvhost {
@@ -159,7 +160,7 @@ _brvhost() {
   commands=(
 )zsh";
   for (const CommandText& command : DescribeCommands(app)) {
-    text += fmt::format("    '{}:{}'\n", command.name, Escaped(command.about));
+    text += fmt::format("    '{}:{}'\n", command.name, Escaped(FirstClause(command.about)));
   }
   text += "  )\n  if (( CURRENT == 2 )); then\n    _describe command commands\n    return\n  fi\n  case $words[2] in\n";
   for (const CommandText& command : DescribeCommands(app)) {

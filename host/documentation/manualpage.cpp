@@ -7,12 +7,11 @@
 #include <vector>
 
 #include "host/bundle/installedpaths.h"
+#include "host/commands/prose.h"
 #include "host/documentation/roff.h"
 
 namespace brvhost {
 namespace {
-
-std::string FirstClause(const std::string& text) { return text.substr(0, text.find_first_of(",:.")); }
 
 std::string UpperCase(std::string text) {
   for (char& character : text) character = static_cast<char>(std::toupper(static_cast<unsigned char>(character)));

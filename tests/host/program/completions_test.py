@@ -10,7 +10,7 @@ import subprocess
 import time
 import unittest
 
-from brvhost import COMMANDS, Case, LEGER_LINES, PROGRAM, options_in_help
+from brvhost import COMMANDS, Case, LEGER_LINES, PROGRAM, brvhost, options_in_help
 
 SHARE = pathlib.Path(os.environ["BRV_SHARE"])
 BASH = SHARE / "bash-completion/completions/brvhost"
@@ -157,6 +157,13 @@ class ZshFunction(Case):
         for command in COMMANDS:
             for option in options_in_help(command):
                 self.assertIn(f"'{option}[", text)
+
+    def test_explains_each_command_as_the_help_does(self):
+        section = re.search(r"^Commands:\n((?: .*\n)+)", self.succeeds(brvhost("--help")).stdout, re.MULTILINE)[1]
+        explained = re.findall(r"^  (\w+) +(.*(?:\n {4}.*)*)", section, re.MULTILINE)
+        self.assertEqual([name for name, _ in explained], COMMANDS)
+        listed = re.search(r"commands=\(\n(.*?)\n  \)", ZSH.read_text(), re.DOTALL)[1]
+        self.assertEqual(listed.split("\n"), [f"    '{name}:{' '.join(text.split())}'" for name, text in explained])
 
     @unittest.skipUnless(shutil.which("zsh"), "no zsh")
     def test_is_good_zsh(self):

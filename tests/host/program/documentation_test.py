@@ -58,6 +58,11 @@ class Help(Case):
         refused = self.fails(brvhost("help", "run", "check"), 2)
         self.assertEqual(refused.stderr, "brvhost: check: is one argument too many; `brvhost help --help` explains what it takes\n")
 
+    def test_of_the_program_has_the_first_clause_about_each_command(self):
+        section = re.search(r"^Commands:\n((?: .*\n)+)", self.succeeds(brvhost("--help")).stdout, re.MULTILINE)[1]
+        self.assertEqual(section.split(), [word for command, (line, _, _) in DOCUMENTED.items()
+                                           for word in (command, *line.capitalize().split())])
+
     def test_names_the_other_ways_to_it(self):
         for way in ("`brvhost help run`", "`brvhost run --help`", "`man brvhost-run`"):
             self.assertIn(way, brvhost("--help").stdout)

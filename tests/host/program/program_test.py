@@ -381,7 +381,9 @@ class WrongCommandLines(Case):
         self.refuses(message, "run", LEGER_LINES, SAMPLES / "piano.musicxml", "--dry-run", *options)
 
     def test_lack_a_command(self):
-        self.refuses("a command is missing, one of list, items, info, run, check, fuzz, calls, new, help; --help explains them")
+        for arguments in ([], [""], ["", "run"]):
+            self.refuses("a command is missing, one of list, items, info, run, check, fuzz, calls, new, help; --help explains them",
+                         *arguments)
 
     def test_name_a_command_that_there_is_not(self):
         self.refuses("there is no command fly; --help lists them", "fly")
