@@ -18,8 +18,8 @@ EXIT STATUS
 
 EXAMPLES
     brvhost items LegerLines
-    brvhost run LegerLines --item 0 --all sonata.xml -o hidden.xml
-    brvhost run LegerLines --item 0 --all --in-place --jobs 4 scores/*.mxl)";
+    brvhost run LegerLines --item hide --all sonata.xml -o hidden.xml
+    brvhost run LegerLines --item hide --all --out-dir hidden --jobs 4 scores/*.mxl)";
 
 inline constexpr const char* kListAbout =
     "Lists the extensions that are installed, one to a line: its name, its version, its languages, the systems that it "
@@ -64,7 +64,7 @@ inline constexpr const char* kCallsFooter = R"(EXIT STATUS
 
 inline constexpr const char* kItemsAbout =
     "Lists the menu items of an extension, one to a line: its number, its name in the menu, its name in the Undo "
-    "command, and its explanation, with tabs between them. A file of its texts that is none is reported with the line.";
+    "command, and its explanation, with tabs between them. A mistake in a file of its texts is reported with the line.";
 
 inline constexpr const char* kInfoAbout =
     "Reports what each score holds: its parts with their staves, the number of measures, how their order goes with the "
@@ -149,9 +149,9 @@ WHAT IT REPORTS
   "counts", "region", "warnings", "missingFunctions", "error", and "changes" with --list.
 
 REPEATING A RUN
-  Exit status 1 where something was lacking or in the way (memory, space on the disk, another run, the time of --timeout)
-  and 130 may be 0 the next time; 2 and 3 will not, nor 1 where the extension is what failed. "retry" of --json answers
-  it for each score. A run can be repeated as it is: what is done already comes out the same.
+  The same command may succeed after exit status 130, and after 1 where something was lacking or in the way (memory,
+  space on the disk, another run, the time of --timeout). It will not after 2 and 3, nor after 1 where the extension is
+  what failed. "retry" of --json has the answer for each score. What is done already comes out the same.
 
 SCORES
   A score is compressed or not by its content, whatever its name; so is the one on the standard input (-). A file whose
@@ -171,7 +171,7 @@ FILES
   Any other result is written beside its target and takes the target's name when it is complete, so that a failure leaves the
   old file whole. What a run leaves that was killed (.brvhost-*) is removed by the next that writes to the folder.
   Compressed scores (.mxl) stay compressed; their other members, and what follows the end of an archive, stay as they
-  are. Where it is the folder of a result that refuses it, the message names the folder.
+  are. Where the folder of a result cannot be written to, the message names the folder.
 
   Only --in-place writes to a score. A file that another run is working on, or that somebody changes while brvhost works
   on it, stays as it is, and the exit status is 1.
@@ -304,7 +304,7 @@ inline constexpr const char* kHelpAbout = "Explains a command, or brvhost as a w
 inline constexpr const char* kHelpFooter = R"(EXIT STATUS
   0    done
   1    the text could not be written
-  2    bad usage, such as a command that there is not
+  2    bad usage, such as an unknown command
   130  interrupted
 
 EXAMPLES
