@@ -10,10 +10,12 @@ from pathlib import Path
 FENCE = re.compile(r"```")
 HEADING = re.compile(r"^(#+) +(.*?) *$")
 LINK = re.compile(r"(!?)\[((?:`[^`]*`|[^\]`])*)\]\(([^)\s]+)\)")
-CODE_SPAN = re.compile(r"`([^`\n]+)`")
+CODE_SPAN = re.compile(r"`((?:[^`\n]|\n(?!\n))+)`")
 BOLD = re.compile(r"\*\*(?=\S)((?:`[^`]*`|[^`*])+)\*\*")
-# What Doxygen would take for a command, or drop.
-SPECIAL = re.compile(r"[@$\\]|%(?=\w)")
+# What Doxygen would take for a command, or drop, outside of code.
+SPECIAL = re.compile(CODE_SPAN.pattern + r"|[@$\\]|%(?=\w)")
+# What it would in <code>.
+SPECIAL_IN_TAG = re.compile(r'--+|[@$\\%<>&"#*]')
 
 
 class BadDocument(Exception):
@@ -28,8 +30,10 @@ def anchor_of(heading):
 def code_span(span, symbols):
     if span[1] in symbols:
         return f'@ref {span[1]} "{span[1]}"'
-    # Doxygen takes tags for its own in the code of a table.
-    return "<code>" + re.sub(r'[<>&"#]', r"\\\g<0>", span[1]) + "</code>" if "<" in span[1] else span[0]
+    # Doxygen takes tags for its own in the code of a table, a single quote for the end of a quotation, and drops "%" before a name.
+    if not re.search(r"[<']|%(?=\w)", span[1]):
+        return span[0]
+    return "<code>" + SPECIAL_IN_TAG.sub(r"\\\g<0>", span[1]) + "</code>"
 
 
 def linked_names(text, symbols):
@@ -92,7 +96,7 @@ class Document:
                 f"{line} {{#{self.name}-{anchor_of(heading[2])}}}")
 
     def _linked(self, prose, target_of, symbols):
-        text = SPECIAL.sub(lambda found: "\\" + found[0], prose)
+        text = SPECIAL.sub(lambda found: found[0] if found[1] else "\\" + found[0], prose)
         # Doxygen knows no bold text that begins with code.
         text = BOLD.sub(r"<b>\1</b>", text)
         out, end = [], 0

@@ -1,5 +1,6 @@
 """The reference, as its readers get it: made without a warning, whole, and with no link that leads nowhere."""
 
+import html
 import json
 import os
 import pathlib
@@ -153,6 +154,20 @@ class Site(unittest.TestCase):
         self.assertGreater(len(cells), 20)
         shown = [row for table in self.pages[document_page(document)].rows.values() for row in table]
         self.assertEqual([row for row in cells if row not in shown], [])
+
+    def test_shows_code_in_prose_as_it_is_written(self):
+        records = set(re.findall(r"^(?:struct|class) (?:BRV_EXPORT )?(\w+) \{", "".join(map(code_of, KIT)), re.M))
+        lost, count = [], 0
+        for document in sorted([*SOURCE.glob("docs/*.md"), SOURCE / "CONTRIBUTING.md"]):
+            # In headings the marks of code are left out, and names of symbols and records are links.
+            prose = re.sub(r"^```.*?^```$|^    .*?$|^#.*?$", "", document.read_text(encoding="utf-8"), flags=re.M | re.S)
+            spans = {" ".join(span.split()) for span in re.findall(r"`([^`]+)`", prose)} - self.symbols - records
+            page = (self.folder / document_page(document)).read_text(encoding="utf-8")
+            shown = {" ".join(html.unescape(re.sub("<.*?>", "", code)).split()) for code in re.findall(r"<code>(.*?)</code>", page, re.S)}
+            count += len(spans)
+            lost += [(document.name, span) for span in sorted(spans - shown)]
+        self.assertGreater(count, 500)
+        self.assertEqual(lost, [])
 
     def test_has_the_offsets_that_the_headers_assert(self):
         page = self.pages["records.html"]
