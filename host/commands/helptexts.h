@@ -19,7 +19,7 @@ EXIT STATUS
 EXAMPLES
     brvhost items LegerLines
     brvhost run LegerLines --item hide --all sonata.xml -o hidden.xml
-    brvhost run LegerLines --item hide --all --out-dir hidden --jobs 4 scores/*.mxl)";
+    brvhost run LegerLines --item hide --all --out-dir hidden scores/*.mxl)";
 
 inline constexpr const char* kListAbout =
     "Lists the extensions that are installed, one to a line: its name, its version, its languages, the systems that it "
