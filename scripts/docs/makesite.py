@@ -4,6 +4,7 @@
                           site, as where a link of a document leads to no file; 2: the folder holds something else
 """
 
+import errno
 import os
 import re
 import shlex
@@ -12,6 +13,7 @@ import subprocess
 import sys
 import tempfile
 from pathlib import Path
+from xml.etree import ElementTree
 
 from calls import calls_pages
 from finish import finish
@@ -69,15 +71,24 @@ def start_page(pages, symbols):
 
 
 def replace(site, made):
-    """Moves the pages into the folder of the site, which itself stays: it may be where nothing can be removed."""
+    """Puts the pages into the folder of the site in place of those that are there, once there is a copy of all of them beside
+    these. The folder itself stays: it may be where nothing can be removed."""
+    new = site / ".docs-new"
     site.mkdir(parents=True, exist_ok=True)
-    for old in contents(site):
-        if old.is_dir() and not old.is_symlink():
-            shutil.rmtree(old)
-        else:
-            old.unlink()
-    for page in contents(made):
-        shutil.move(page, site / page.name)
+    shutil.rmtree(new, ignore_errors=True)
+    new.mkdir()
+    try:
+        for page in made.iterdir():
+            shutil.copy(page, new)
+        for old in contents(site):
+            if old.is_dir() and not old.is_symlink():
+                shutil.rmtree(old)
+            else:
+                old.unlink()
+        for page in new.iterdir():
+            page.rename(site / page.name)
+    finally:
+        shutil.rmtree(new)
 
 
 def make(site, work):
@@ -88,7 +99,11 @@ def make(site, work):
     inputs = [work / "include", written]
     common = {"INPUT": inputs, "STRIP_FROM_PATH": inputs, "STRIP_FROM_INC_PATH": work / "include", "PROJECT_NUMBER": version()}
     doxygen(work, **common, GENERATE_XML="YES", XML_OUTPUT=work / "xml", WARNINGS="NO")
-    symbols = Symbols(work / "xml")
+    try:
+        symbols = Symbols(work / "xml")
+    except ElementTree.ParseError:
+        # It does not notice that a disk is full.
+        raise OSError(errno.EIO, "doxygen left files that cannot be read; the disk may be full", str(work)) from None
 
     compiler = [*shlex.split(os.environ.get("CXX", "c++")), "-std=c++20", f"-I{work}/include", f"-I{ROOT}/platform/include"]
     pages = Pages(ROOT, {header: symbols.headers[header.name].page for header in headers}, symbols.names)
@@ -130,7 +145,9 @@ def main(site):
         except subprocess.CalledProcessError as error:
             sys.exit(f"docs: {error.cmd[0]} failed")
         except OSError as error:
-            sys.exit(f"docs: {error.filename}: {error.strerror}")
+            sys.exit(": ".join(filter(None, ["docs", error.filename2 or error.filename, error.strerror])))
+        except KeyboardInterrupt:
+            sys.exit(130)
     sys.stderr.write(warnings)
     return 1 if warnings else 0
 

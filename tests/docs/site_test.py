@@ -6,8 +6,10 @@ import os
 import pathlib
 import re
 import shutil
+import signal
 import subprocess
 import tempfile
+import time
 import unittest
 from html.parser import HTMLParser
 from urllib.parse import unquote, urldefrag, urlsplit
@@ -280,6 +282,40 @@ class Making(unittest.TestCase):
         made = make(score)
         self.assertEqual((made.returncode, made.stderr), (2, f"docs: {score} is no folder, and stays as it is\n"))
         self.assertEqual(score.read_text(), "<score-partwise/>")
+
+    def test_keeps_the_old_site_where_the_new_one_cannot_be_put(self):
+        for name in ("index.html", "searchindex.js", ".docs-new"):
+            (self.folder / name).write_text("old")
+        made = make(self.folder)
+        self.assertEqual((made.returncode, made.stderr), (1, f"docs: {self.folder}/.docs-new: File exists\n"))
+        self.assertEqual({path.name: path.read_text() for path in self.folder.iterdir()},
+                         {"index.html": "old", "searchindex.js": "old", ".docs-new": "old"})
+
+    def doxygen(self, commands):
+        """A PATH with these commands as Doxygen."""
+        program = self.folder / "bin/doxygen"
+        program.parent.mkdir()
+        program.write_text(f"#!/bin/sh\n{commands}\n")
+        program.chmod(0o755)
+        return f"{program.parent}:{os.environ['PATH']}"
+
+    def test_reports_files_of_doxygen_that_are_cut_short(self):
+        path = self.doxygen('xml=$(sed -n \'s/^XML_OUTPUT = "\\(.*\\)"/\\1/p\' "$1"); mkdir "$xml"; : > "$xml/index.xml"')
+        made = make(self.folder / "site", PATH=path)
+        self.assertEqual(made.returncode, 1)
+        self.assertRegex(made.stderr, r"^docs: \S+: doxygen left files that cannot be read; the disk may be full\n$")
+        self.assertFalse((self.folder / "site").exists())
+
+    def test_ends_quietly_when_it_is_interrupted(self):
+        started = self.folder / "started"
+        path = self.doxygen(f": > '{started}'; exec sleep 60")
+        process = subprocess.Popen([SOURCE / "scripts/docs.sh", self.folder / "site"], env={**os.environ, "PATH": path},
+                                   stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, start_new_session=True)
+        while not started.exists():
+            self.assertIsNone(process.poll())
+            time.sleep(0.01)
+        os.killpg(process.pid, signal.SIGINT)
+        self.assertEqual((*process.communicate(timeout=30), process.returncode), ("", "", 130))
 
     def test_names_the_program_that_fails(self):
         made = make(self.folder / "site", CXX="false")
