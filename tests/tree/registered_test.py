@@ -11,9 +11,10 @@ from sources import paths
 
 
 def names(root, file):
-    """Whether a list of the build says the file's name, or in a loop what comes before _test, in its folder or above."""
+    """Whether a CMakeLists.txt in its folder or above has the file's name. Loops over Python tests have what is before _test."""
     path = Path(file)
-    name = re.compile(rf"\b({re.escape(path.name)}|{re.escape(path.stem.removesuffix('_test'))})(?![\w.])")
+    stem = path.stem.removesuffix("_test") if path.suffix == ".py" else path.stem
+    name = re.compile(rf"\b({re.escape(path.name)}|{re.escape(stem)})(?![\w.])")
     lists = (root / folder / "CMakeLists.txt" for folder in path.parents if folder.name)
     return any(name.search(each.read_text()) for each in lists if each.exists())
 
